@@ -1,0 +1,11 @@
+// commands/items.h
+// What the edit commands share: running a numbered action, and small helpers on items. An item's end is always its
+// position plus its length, in seconds.
+#pragma once
+#include <vector>
+
+#include "host/api.h"
+
+// Sorts by D_POSITION, ascending. Each comparison asks the host, so nothing is held; items with the same position keep
+// no defined order.
+void OrdenarPorPosicao(std::vector<MediaItem*>& itens);

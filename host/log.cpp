@@ -1,0 +1,23 @@
+#include "host/log.h"
+
+#include <ctime>
+#include <cstdio>
+#include <string>
+
+#include "host/api.h"
+#include "platform/files.h"
+
+static std::string CaminhoDoLog() {
+    const char* pasta = host::GetResourcePath ? host::GetResourcePath() : nullptr;
+    return std::string(pasta ? pasta : ".") + PathSeparator + "quilmo_extension_log.txt";
+}
+
+void RegistrarLog(const char* mensagem) {
+    std::FILE* arquivo = OpenFile(CaminhoDoLog(), "a");
+    if (!arquivo) return;
+    const std::time_t agora = std::time(nullptr);
+    char carimbo[32] = "";
+    if (const std::tm* local = std::localtime(&agora)) std::strftime(carimbo, sizeof carimbo, "%Y-%m-%d %H:%M:%S", local);
+    std::fprintf(arquivo, "[%s] %s\n", carimbo, mensagem);
+    std::fclose(arquivo);
+}

@@ -1,0 +1,1 @@
+#include "lice/pixel.h"

@@ -1,0 +1,20 @@
+// platform/files.h
+// Files whose paths are UTF-8 on every system. On Windows the narrow C functions cannot open a path with accented
+// letters, so each path is converted to UTF-16 here and nowhere else.
+#pragma once
+#include <cstdio>
+#include <string>
+
+inline constexpr char PathSeparator =
+#ifdef _WIN32
+    '\\';
+#else
+    '/';
+#endif
+
+// As std::fopen; null when the file cannot be opened or the path is not UTF-8.
+std::FILE* OpenFile(const std::string& path, const char* mode);
+// True when the file was there and is gone now.
+bool RemoveFile(const std::string& path);
+// The value of an environment variable, as UTF-8; empty when it is not set.
+std::string EnvironmentVariable(const char* name);

@@ -1,0 +1,17 @@
+// platform/win32.h
+// The Win32 names that the module's code is written against: the system's own on Windows, and elsewhere the subset of
+// them that the module uses, with the same names, types, values and layouts, implemented by platform/headless.
+#pragma once
+
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+#undef DrawText  // also the name of a member function of the font classes
+#else
+#include "platform/headless/win32_types.h"
+#endif

@@ -1,0 +1,5 @@
+#include "host/entry.h"
+
+bool Quilmo_AutoSplit(bool, int, double) {
+    return false;
+}

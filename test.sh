@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Builds and runs every suite: native, under sanitizers, and the same suites on the Windows build under Wine.
+# Ends with one line "N passed, M failed".
+set -u
+cd "$(dirname "$0")" || exit 2
+scripts/setup.sh || exit 1
+
+passed=0
+failed=0
+for preset in native sanitize windows; do
+    echo "== $preset"
+    cmake --preset "$preset" >/dev/null && cmake --build --preset "$preset" -j2 || { failed=$((failed + 1)); continue; }
+    log=build/$preset/tests.log
+    ctest --preset "$preset" --verbose >"$log" 2>&1 || {
+        failed=$((failed + $(grep -c '^ *[0-9]* - .*(\(Failed\|Timeout\|Not Run\|.*Exception.*\))' "$log")))
+        grep -E '(\[  FAILED  \]|Failure$|\*\*\*|ERROR: |runtime error:)' "$log"
+        echo "The whole output is in $log."
+    }
+    here=$(sed -n 's/^.*\[  PASSED  \] \([0-9]*\) tests\?\..*$/\1/p' "$log" | awk '{n += $1} END {print n + 0}')
+    echo "$preset: $here tests passed"
+    passed=$((passed + here))
+done
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ]
