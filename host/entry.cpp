@@ -75,10 +75,11 @@ int ReaperPluginEntry(HINSTANCE, reaper_plugin_info_t* registro) {
     CaminhoRecursos = pasta ? pasta : "";
 
     char linha[500];
-    std::snprintf(linha, sizeof linha,
-                  "Extensao carregada. Teste(API=%d,def=%d) AutoSplit(API=%d,def=%d) AbrirPainel(API=%d,def=%d) Action=%d",
-                  resultados[0][0], resultados[0][1], resultados[1][0], resultados[1][1], resultados[2][0],
-                  resultados[2][1], AcaoPainelId);
+    std::snprintf(
+        linha, sizeof linha,
+        "Extensao carregada. Teste(API=%d,def=%d) AutoSplit(API=%d,def=%d) AbrirPainel(API=%d,def=%d) Action=%d",
+        resultados[0][0], resultados[0][1], resultados[1][0], resultados[1][1], resultados[2][0], resultados[2][1],
+        AcaoPainelId);
     RegistrarLog(linha);
     return 1;
 }

@@ -15,9 +15,9 @@ MODULE_EXPORT double Quilmo_Teste(double a, double b);
 MODULE_EXPORT bool Quilmo_AutoSplit(bool fecharLacunas, int blocoMs, double thresholdDb);  // slicer/autosplit.cpp
 MODULE_EXPORT void Quilmo_AbrirPainel();
 
-extern int AcaoPainelId;                    // the action's command number; 0 until load
-extern gaccel_register_t AcaoPainelAccel;   // key A; cmd is the low half of AcaoPainelId
-extern std::string CaminhoRecursos;         // the host's resource path as read at load
+extern int AcaoPainelId;                   // the action's command number; 0 until load
+extern gaccel_register_t AcaoPainelAccel;  // key A; cmd is the low half of AcaoPainelId
+extern std::string CaminhoRecursos;        // the host's resource path as read at load
 
 // Given to the host for its dispatch and its toggle marks.
 bool HookCommand2Proc(KbdSectionInfo* secao, int comando, int valor, int valorAlto, int modoRelativo, HWND janela);

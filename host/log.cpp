@@ -1,7 +1,7 @@
 #include "host/log.h"
 
-#include <ctime>
 #include <cstdio>
+#include <ctime>
 #include <string>
 
 #include "host/api.h"
@@ -17,7 +17,8 @@ void RegistrarLog(const char* mensagem) {
     if (!arquivo) return;
     const std::time_t agora = std::time(nullptr);
     char carimbo[32] = "";
-    if (const std::tm* local = std::localtime(&agora)) std::strftime(carimbo, sizeof carimbo, "%Y-%m-%d %H:%M:%S", local);
+    if (const std::tm* local = std::localtime(&agora))
+        std::strftime(carimbo, sizeof carimbo, "%Y-%m-%d %H:%M:%S", local);
     std::fprintf(arquivo, "[%s] %s\n", carimbo, mensagem);
     std::fclose(arquivo);
 }
