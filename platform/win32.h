@@ -13,5 +13,6 @@
 #include <windows.h>
 #undef DrawText  // also the name of a member function of the font classes
 #else
+#include "platform/headless/win32_gdi.h"
 #include "platform/headless/win32_types.h"
 #endif
