@@ -2,6 +2,13 @@
 
 #include <algorithm>
 
+std::vector<MediaItem*> CopiarSelecao(int quantos) {
+    std::vector<MediaItem*> itens;
+    for (int i = 0; i < quantos; ++i)
+        if (MediaItem* item = host::GetSelectedMediaItem(nullptr, i)) itens.push_back(item);
+    return itens;
+}
+
 void OrdenarPorPosicao(std::vector<MediaItem*>& itens) {
     const auto antes = [](MediaItem* a, MediaItem* b) {
         return host::GetMediaItemInfo_Value(a, "D_POSITION") < host::GetMediaItemInfo_Value(b, "D_POSITION");

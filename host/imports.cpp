@@ -20,3 +20,9 @@ int ImportarFuncoes(void* (*GetFunc)(const char* nome)) {
     }
     return faltam;
 }
+
+bool HostImportado() {
+    for (const LinhaImportacao* linha = TabelaImportacao; linha->slot; ++linha)
+        if (!*linha->slot) return false;
+    return true;
+}

@@ -12,3 +12,7 @@ extern const LinhaImportacao TabelaImportacao[];  // 76 rows and the closing row
 
 // Writes every slot, also after a look-up that failed. Returns how many look-ups gave null.
 int ImportarFuncoes(void* (*GetFunc)(const char* nome));
+
+// Whether every slot is filled. The exported functions ask, since anyone may call them before the entry has run or
+// after it has refused.
+bool HostImportado();

@@ -1,0 +1,189 @@
+#include "slicer/analysis.h"
+
+#include <emmintrin.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <new>
+#include <utility>
+
+namespace {
+
+constexpr double ComprimentoMinimo = 0.05;  // seconds; a shorter item is left alone
+constexpr double SilencioMinimo = 0.001;    // seconds; a span must be longer than this
+constexpr int QuadrosPorLeitura = 65536;
+constexpr int MaiorQuadro = std::numeric_limits<int>::max();
+
+// Frames of sound: the first, and the one behind the last.
+struct TrechoSom {
+    int inicio;
+    int fim;
+};
+
+// The window being filled. It keeps no peak, only whether the peak has reached the threshold: nothing else is asked of
+// it.
+struct JanelaPico {
+    int inicio = 0;
+    int quadros = 0;
+    bool soa;
+};
+
+// An open accessor, and how it is read: as the take's source is, so that the host neither resamples nor mixes down.
+struct Leitura {
+    AudioAccessor* leitor;
+    int taxa = 44100;  // for a take without a source, or one that does not tell
+    int canais = 2;
+    double inicio = 0.0;  // seconds
+};
+
+struct Varredura {
+    const double limiar;
+    const size_t canais;
+    const int tamanhoJanela;  // frames
+    const int blocoMinimo;    // frames of silence that end a run
+    JanelaPico janela;
+    TrechoSom aberto = {-1, -1};  // the open run; none while its start is negative
+    int quadrosMudos = 0;         // since the open run's last sounding window
+    std::vector<TrechoSom> trechos = {};
+};
+
+// The read buffer starts at a page: a host that reads a file straight into it is then several times as fast.
+constexpr std::align_val_t AlinhamentoBuffer{4096};
+struct LiberarBuffer {
+    void operator()(double* buffer) const { ::operator delete[](buffer, AlinhamentoBuffer); }
+};
+using BufferLeitura = std::unique_ptr<double[], LiberarBuffer>;
+
+// Null when there is no memory for that many channels.
+BufferLeitura CriarBuffer(int canais) {
+    const size_t amostras = static_cast<size_t>(canais) * QuadrosPorLeitura;
+    return BufferLeitura(new (AlinhamentoBuffer, std::nothrow) double[amostras]);
+}
+
+// The accessor is null when the take has none to give.
+Leitura AbrirLeitura(MediaItem_Take* take) {
+    Leitura leitura = {.leitor = host::CreateTakeAudioAccessor(take)};
+    if (!leitura.leitor) return leitura;
+    if (PCM_source* fonte = host::GetMediaItemTake_Source(take)) {
+        if (const int taxa = host::GetMediaSourceSampleRate(fonte); taxa > 0) leitura.taxa = taxa;
+        if (const int canais = host::GetMediaSourceNumChannels(fonte); canais > 0) leitura.canais = canais;
+    }
+    leitura.inicio = host::GetAudioAccessorStartTime(leitura.leitor);
+    return leitura;
+}
+
+// An empty window has the peak 0.0, which a threshold of 0.0 counts as sound.
+JanelaPico JanelaVazia(double limiar) {
+    return {.soa = 0.0 >= limiar};
+}
+
+// Whether any sample's absolute value is at or above the threshold, which is the same as asking it of the largest. The
+// comparison is false when either side is not a number, so such a sample never sounds, as it never raises a peak.
+bool AlgumaAlcanca(const double* amostras, size_t quantas, double limiar) {
+    const __m128d sinal = _mm_set1_pd(-0.0);
+    const __m128d alvo = _mm_set1_pd(limiar);
+    const auto alcanca = [&](const double* par) { return _mm_cmpge_pd(_mm_andnot_pd(sinal, _mm_loadu_pd(par)), alvo); };
+    size_t i = 0;
+    for (; i + 16 <= quantas; i += 16) {
+        const double* a = amostras + i;
+        const __m128d p0 = _mm_or_pd(alcanca(a), alcanca(a + 2));
+        const __m128d p1 = _mm_or_pd(alcanca(a + 4), alcanca(a + 6));
+        const __m128d p2 = _mm_or_pd(alcanca(a + 8), alcanca(a + 10));
+        const __m128d p3 = _mm_or_pd(alcanca(a + 12), alcanca(a + 14));
+        if (_mm_movemask_pd(_mm_or_pd(_mm_or_pd(p0, p1), _mm_or_pd(p2, p3)))) return true;
+    }
+    for (; i < quantas; ++i)
+        if (std::fabs(amostras[i]) >= limiar) return true;
+    return false;
+}
+
+void FecharTrechoSom(Varredura& v) {
+    v.trechos.push_back(v.aberto);
+    v.aberto.inicio = -1;
+    v.quadrosMudos = 0;
+}
+
+// fim is the frame behind the window's last. Silence outside a run is not counted.
+void FecharJanelaPico(Varredura& v, int fim) {
+    if (v.janela.soa) {
+        if (v.aberto.inicio < 0) v.aberto.inicio = v.janela.inicio;
+        v.aberto.fim = fim;
+        v.quadrosMudos = 0;
+    } else if (v.aberto.inicio >= 0) {
+        v.quadrosMudos += fim - v.janela.inicio;
+        if (v.quadrosMudos >= v.blocoMinimo) FecharTrechoSom(v);
+    }
+    v.janela = JanelaVazia(v.limiar);
+}
+
+// Scans n frames that begin at the item's frame p. A window may begin in one call and end in the next; once it sounds,
+// the rest of it need not be looked at.
+void VarrerLeitura(Varredura& v, const double* amostras, int p, int n) {
+    for (int i = 0; i < n;) {
+        JanelaPico& janela = v.janela;
+        if (janela.quadros == 0) janela.inicio = p + i;
+        const int quadros = std::min(v.tamanhoJanela - janela.quadros, n - i);
+        janela.soa = janela.soa || AlgumaAlcanca(amostras + i * v.canais, quadros * v.canais, v.limiar);
+        janela.quadros += quadros;
+        i += quadros;
+        if (janela.quadros == v.tamanhoJanela) FecharJanelaPico(v, p + i);
+    }
+}
+
+// What lies before, between and behind the runs.
+std::vector<TrechoSilencio> SilencioEntre(const std::vector<TrechoSom>& trechos, int totalQuadros, double taxa) {
+    std::vector<TrechoSilencio> silencio;
+    if (trechos.empty()) return silencio;
+    int anterior = 0;
+    const auto guardarAte = [&](int quadro) {
+        const TrechoSilencio trecho = {anterior / taxa, quadro / taxa};
+        if (quadro > anterior && trecho.fim - trecho.inicio > SilencioMinimo) silencio.push_back(trecho);
+    };
+    for (const TrechoSom& som : trechos) {
+        guardarAte(som.inicio);
+        anterior = som.fim;
+    }
+    guardarAte(totalQuadros);
+    return silencio;
+}
+
+// Reads the whole item, once. A read that fails counts as silence.
+std::vector<TrechoSom> TrechosDeSom(const Leitura& leitura, int totalQuadros, double limiar, double blocoSegundos) {
+    const BufferLeitura buffer = CriarBuffer(leitura.canais);
+    if (!buffer) return {};
+    const double bloco = std::min<double>(std::ceil(blocoSegundos * leitura.taxa), MaiorQuadro);
+    Varredura v = {.limiar = limiar,
+                   .canais = static_cast<size_t>(leitura.canais),
+                   .tamanhoJanela = std::max(1, static_cast<int>(leitura.taxa * 0.01)),
+                   .blocoMinimo = std::max(1, static_cast<int>(bloco)),
+                   .janela = JanelaVazia(limiar)};
+    for (int p = 0, n; p < totalQuadros; p += n) {
+        n = std::min(QuadrosPorLeitura, totalQuadros - p);
+        const double inicio = leitura.inicio + p / static_cast<double>(leitura.taxa);
+        if (host::GetAudioAccessorSamples(leitura.leitor, leitura.taxa, leitura.canais, inicio, n, buffer.get()) <= 0)
+            std::fill_n(buffer.get(), n * v.canais, 0.0);
+        VarrerLeitura(v, buffer.get(), p, n);
+    }
+    if (v.janela.quadros > 0) FecharJanelaPico(v, totalQuadros);
+    if (v.aberto.inicio >= 0) FecharTrechoSom(v);
+    return std::move(v.trechos);
+}
+
+}  // namespace
+
+std::vector<TrechoSilencio> AnalisarItem(const ItemLido& lido, double limiarLinear, double blocoSegundos) {
+    if (lido.comprimento < ComprimentoMinimo) return {};
+    const Leitura leitura = AbrirLeitura(lido.take);
+    if (!leitura.leitor) return {};
+    const double quadros = std::ceil(lido.comprimento * leitura.taxa);
+    std::vector<TrechoSilencio> silencio;
+    if (quadros <= MaiorQuadro) {  // false also for a length that is not a number
+        const int totalQuadros = static_cast<int>(quadros);
+        silencio =
+            SilencioEntre(TrechosDeSom(leitura, totalQuadros, limiarLinear, blocoSegundos), totalQuadros, leitura.taxa);
+    }
+    host::DestroyAudioAccessor(leitura.leitor);
+    return silencio;
+}
