@@ -1,6 +1,20 @@
 #include "commands/items.h"
 
-#include <algorithm>
+int IndiceDaFaixa(MediaTrack* faixa) {
+    const double numero = host::GetMediaTrackInfo_Value(faixa, "IP_TRACKNUMBER");  // from 1
+    return numero >= 1 && numero < 2147483647 ? static_cast<int>(numero) - 1 : -1;
+}
+
+bool FaixaSelecionada(MediaTrack* faixa) {
+    return faixa && host::GetMediaTrackInfo_Value(faixa, "I_SELECTED") > 0.5;
+}
+
+MediaTrack* FaixaDoEscopo() {
+    if (host::CountSelectedMediaItems(0) > 0)
+        if (MediaItem* item = host::GetSelectedMediaItem(0, 0)) return host::GetMediaItem_Track(item);
+    if (host::CountSelectedTracks(0) > 0) return host::GetSelectedTrack(0, 0);
+    return nullptr;
+}
 
 std::vector<MediaItem*> CopiarSelecao(int quantos) {
     std::vector<MediaItem*> itens;
@@ -10,11 +24,23 @@ std::vector<MediaItem*> CopiarSelecao(int quantos) {
 }
 
 void OrdenarPorPosicao(std::vector<MediaItem*>& itens) {
-    const auto antes = [](MediaItem* a, MediaItem* b) {
-        return host::GetMediaItemInfo_Value(a, "D_POSITION") < host::GetMediaItemInfo_Value(b, "D_POSITION");
-    };
-    // A heap sort, because its steps stay inside the list whatever the comparison says: positions that are not numbers,
-    // or a host that answers differently the second time, give a bad order here and out-of-bounds walks elsewhere.
-    std::make_heap(itens.begin(), itens.end(), antes);
-    std::sort_heap(itens.begin(), itens.end(), antes);
+    OrdenarComCautela(itens, [](MediaItem* a, MediaItem* b) { return InicioDoItem(a) < InicioDoItem(b); });
+}
+
+void ExtensaoDeItens::Incluir(MediaItem* item) {
+    const double comeco = InicioDoItem(item);
+    inicio = std::min(inicio, comeco);
+    fim = std::max(fim, comeco + ComprimentoDoItem(item));
+}
+
+ExtensaoDeItens ExtensaoDaSelecao(int quantos) {
+    ExtensaoDeItens extensao;
+    ParaCadaSelecionado(quantos, [&extensao](MediaItem* item) { extensao.Incluir(item); });
+    return extensao;
+}
+
+SelecaoDeTempo LerSelecaoDeTempo() {
+    SelecaoDeTempo selecao;
+    host::GetSet_LoopTimeRange(false, false, &selecao.inicio, &selecao.fim, false);
+    return selecao;
 }

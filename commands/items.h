@@ -1,15 +1,111 @@
 // commands/items.h
-// What the edit commands share: running a numbered action, and small helpers on items. An item's end is always its
-// position plus its length, in seconds.
+// What the edit commands share: host actions, messages, and small readings of items, tracks and the time selection.
+// Times are seconds. An item's end is always its position plus its length.
 #pragma once
+#include <algorithm>
 #include <vector>
 
 #include "host/api.h"
 
-// The first so many selected items, in the host's order, so that the selection can change under the caller; quantos is
-// what CountSelectedMediaItems gave. What the host does not give is left out, so the list never holds null.
+inline void ExecutarAcao(int id) {
+    host::Main_OnCommand(id, 0);
+}
+
+// A host action as a command without arguments.
+template <int id>
+void Acao() {
+    ExecutarAcao(id);
+}
+
+inline void Mensagem(const char* texto, const char* titulo) {
+    host::ShowMessageBox(texto, titulo, 0);
+}
+
+// An undo point of that title is left behind, whatever happened in the block.
+inline void AbrirBloco() {
+    host::Undo_BeginBlock2(0);
+}
+inline void FecharBloco(const char* titulo) {
+    host::Undo_EndBlock2(0, titulo, -1);
+}
+
+inline double InicioDoItem(MediaItem* item) {
+    return host::GetMediaItemInfo_Value(item, "D_POSITION");
+}
+inline double ComprimentoDoItem(MediaItem* item) {
+    return host::GetMediaItemInfo_Value(item, "D_LENGTH");
+}
+inline double FimDoItem(MediaItem* item) {
+    const double inicio = InicioDoItem(item);
+    return inicio + ComprimentoDoItem(item);
+}
+inline void MoverItem(MediaItem* item, double inicio) {
+    host::SetMediaItemInfo_Value(item, "D_POSITION", inicio);
+}
+
+int IndiceDaFaixa(MediaTrack* faixa);      // from 0; negative when the host does not know the track
+bool FaixaSelecionada(MediaTrack* faixa);  // false for null
+// The track of the first selected item, else the first selected track, else null: the whole project.
+MediaTrack* FaixaDoEscopo();
+
+// Calls f with each handle of a walk by index, whose count is asked once, at the start. Null handles are passed over,
+// so that a list that shrinks on the way does no harm; a null track has no items.
+template <class Handle, class F>
+void Percorrer(int quantos, Handle daPosicao, F f) {
+    for (int i = 0; i < quantos; ++i)
+        if (auto* achado = daPosicao(i)) f(achado);
+}
+// quantos is what CountSelectedMediaItems gave.
+template <class F>
+void ParaCadaSelecionado(int quantos, F f) {
+    Percorrer(
+        quantos, [](int i) { return host::GetSelectedMediaItem(0, i); }, f);
+}
+template <class F>
+void ParaCadaItem(F f) {
+    Percorrer(
+        host::CountMediaItems(0), [](int i) { return host::GetMediaItem(0, i); }, f);
+}
+template <class F>
+void ParaCadaItemDaFaixa(MediaTrack* faixa, F f) {
+    if (faixa)
+        Percorrer(
+            host::CountTrackMediaItems(faixa), [faixa](int i) { return host::GetTrackMediaItem(faixa, i); }, f);
+}
+template <class F>
+void ParaCadaFaixa(F f) {
+    Percorrer(
+        host::CountTracks(0), [](int i) { return host::GetTrack(0, i); }, f);
+}
+template <class F>
+void ParaCadaFaixaSelecionada(int quantas, F f) {
+    Percorrer(
+        quantas, [](int i) { return host::GetSelectedTrack(0, i); }, f);
+}
+
+// The first so many selected items, in the host's order, so that the selection can change under the caller.
 std::vector<MediaItem*> CopiarSelecao(int quantos);
 
-// Sorts by D_POSITION, ascending. Each comparison asks the host, so nothing is held; items with the same position keep
-// no defined order.
+// Sorts by a comparison that may ask the host. A heap sort, because its steps stay inside the list whatever the
+// comparison says: positions that are not numbers, or a host that answers differently the second time, give a bad
+// order here and walks out of bounds with the faster sorts. Equal ones keep no defined order.
+template <class T, class Antes>
+void OrdenarComCautela(std::vector<T>& lista, Antes antes) {
+    std::make_heap(lista.begin(), lista.end(), antes);
+    std::sort_heap(lista.begin(), lista.end(), antes);
+}
+// By D_POSITION, ascending; each comparison asks the host for both positions.
 void OrdenarPorPosicao(std::vector<MediaItem*>& itens);
+
+// The stretch from the earliest start to the latest end; ends at or before 0 leave `fim` at 0.
+struct ExtensaoDeItens {
+    double inicio = 1e18, fim = 0.0;
+    void Incluir(MediaItem* item);
+};
+ExtensaoDeItens ExtensaoDaSelecao(int quantos);
+
+struct SelecaoDeTempo {
+    double inicio = 0.0, fim = 0.0;
+    bool Ativa() const { return fim > inicio; }
+};
+SelecaoDeTempo LerSelecaoDeTempo();

@@ -3,10 +3,9 @@
 #include <cmath>
 #include <map>
 
-#include "commands/items.h"
+#include "commands/crossfade.h"
 
-static constexpr double MargemBorda = 0.001;   // seconds; a cut this near an edge would leave a sliver, so it takes all
-static constexpr double Sobreposicao = 0.005;  // seconds; also the length of the fades
+static constexpr double MargemBorda = 0.001;  // seconds; a cut this near an edge would leave a sliver, so it takes all
 
 // From the last span to the first, so that the item keeps being the left part and its start and end stay valid.
 void FatiarItem(const ItemLido& lido, const std::vector<TrechoSilencio>& silencio) {
@@ -30,27 +29,11 @@ void FatiarItem(const ItemLido& lido, const std::vector<TrechoSilencio>& silenci
     }
 }
 
-static void DefinirFade(MediaItem* item, const char* chaveDuracao, const char* chaveCurva) {
-    host::SetMediaItemInfo_Value(item, chaveDuracao, Sobreposicao);
-    host::SetMediaItemInfo_Value(item, chaveCurva, 0.0);
-}
-
-// One track's items, sorted by start; the first never moves.
+// One track's items, sorted by start; the first never moves. The moves add up: an end is read after the item moved.
 static void EncostarFatias(const std::vector<MediaItem*>& itens) {
-    DefinirFade(itens.front(), "D_FADEINLEN_AUTO", "D_FADEINDIR");
-    for (size_t i = 1; i < itens.size(); ++i) {
-        MediaItem* a = itens[i - 1];
-        MediaItem* b = itens[i];
-        const double posicaoA = host::GetMediaItemInfo_Value(a, "D_POSITION");  // asked again: it may just have moved
-        const double fimA = posicaoA + host::GetMediaItemInfo_Value(a, "D_LENGTH");
-        const double alvo = fimA - Sobreposicao;
-        if (host::GetMediaItemInfo_Value(b, "D_POSITION") > alvo) host::SetMediaItemPosition(b, alvo, false);
-        host::SetMediaItemInfo_Value(a, "D_FADEOUTLEN_AUTO", Sobreposicao);
-        host::SetMediaItemInfo_Value(b, "D_FADEINLEN_AUTO", Sobreposicao);
-        host::SetMediaItemInfo_Value(a, "D_FADEOUTDIR", 0.0);
-        host::SetMediaItemInfo_Value(b, "D_FADEINDIR", 0.0);
-    }
-    DefinirFade(itens.back(), "D_FADEOUTLEN_AUTO", "D_FADEOUTDIR");
+    FadeDeEntrada(itens.front());
+    for (size_t i = 1; i < itens.size(); ++i) UnirComCrossfade(itens[i - 1], itens[i]);
+    FadeDeSaida(itens.back());
 }
 
 void FecharLacunasFatias() {

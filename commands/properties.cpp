@@ -1,0 +1,100 @@
+// commands/properties.cpp: one property on the selected items or tracks, the take envelope, and the height of all
+// tracks.
+#include "commands/commands.h"
+#include "commands/items.h"
+
+static bool TodosMudos(int quantos) {
+    for (int i = 0; i < quantos; ++i) {
+        MediaItem* item = host::GetSelectedMediaItem(0, i);
+        if (item && host::GetMediaItemInfo_Value(item, "B_MUTE") == 0.0) return false;
+    }
+    return quantos > 0;
+}
+
+bool TodosItensMudos() {
+    return TodosMudos(host::CountSelectedMediaItems(0));
+}
+
+// A mixed selection is muted as a whole; only one that is muted throughout is unmuted.
+void MuteClip() {
+    const int selecionados = host::CountSelectedMediaItems(0);
+    if (selecionados == 0) return Mensagem("Nenhum item selecionado.", "Aviso");
+    AbrirBloco();
+    const double novo = TodosMudos(selecionados) ? 0.0 : 1.0;
+    ParaCadaSelecionado(selecionados, [novo](MediaItem* item) { host::SetMediaItemInfo_Value(item, "B_MUTE", novo); });
+    host::UpdateArrange();
+    FecharBloco("Mute/Unmute Clips");
+}
+
+// Bit 24 tells the host that the colour counts: black is a colour, 0 is none.
+static double CorDoHost(int r, int g, int b) {
+    return host::ColorToNative(r, g, b) | 0x1000000;
+}
+
+// `cor` is asked for the value only when there is something to paint.
+template <class Cor>
+static void PintarItens(Cor cor) {
+    const int selecionados = host::CountSelectedMediaItems(0);
+    if (selecionados == 0) return;
+    const double valor = cor();
+    ParaCadaSelecionado(selecionados,
+                        [valor](MediaItem* item) { host::SetMediaItemInfo_Value(item, "I_CUSTOMCOLOR", valor); });
+    host::UpdateArrange();
+}
+
+template <class Cor>
+static void PintarFaixas(Cor cor) {
+    const int selecionadas = host::CountSelectedTracks(0);
+    if (selecionadas == 0) return;
+    const double valor = cor();
+    ParaCadaFaixaSelecionada(
+        selecionadas, [valor](MediaTrack* faixa) { host::SetMediaTrackInfo_Value(faixa, "I_CUSTOMCOLOR", valor); });
+    host::UpdateArrange();
+}
+
+static double SemCor() {
+    return 0.0;
+}
+
+void AplicarCorItens(int r, int g, int b) {
+    PintarItens([=] { return CorDoHost(r, g, b); });
+}
+
+void AplicarCorFaixas(int r, int g, int b) {
+    PintarFaixas([=] { return CorDoHost(r, g, b); });
+}
+
+void LimparCorItens() {
+    PintarItens(SemCor);
+}
+
+void LimparCorFaixas() {
+    PintarFaixas(SemCor);
+}
+
+void VolEnvelope() {
+    MediaItem* item = host::GetSelectedMediaItem(0, 0);
+    if (!item) return Mensagem("Nenhum item de midia selecionado.", "Erro");
+    if (!host::GetActiveTake(item)) return Mensagem("Nenhuma take ativa.", "Erro");
+    AbrirBloco();
+    host::SelectAllMediaItems(0, false);
+    host::SetMediaItemSelected(item, true);
+    ExecutarAcao(40693);
+    FecharBloco("Acionar Take Volume Envelope");
+    host::UpdateArrange();
+}
+
+void ZoomAllFaixas(bool esticar) {
+    constexpr double altura = 75.0, folga = 3.0;  // pixels; seconds behind the last item
+    ParaCadaFaixa([](MediaTrack* faixa) { host::SetMediaTrackInfo_Value(faixa, "I_HEIGHTOVERRIDE", altura); });
+    host::TrackList_AdjustWindows(false);
+    if (esticar) {
+        double inicio = 0.0, fim = 0.0;
+        ParaCadaFaixa([&fim](MediaTrack* faixa) {
+            ParaCadaItemDaFaixa(faixa, [&fim](MediaItem* item) { fim = std::max(fim, FimDoItem(item) + folga); });
+        });
+        host::GetSet_ArrangeView2(0, true, 0, 0, &inicio, &fim);
+        host::TrackList_AdjustWindows(false);
+    }
+    host::UpdateArrange();
+}

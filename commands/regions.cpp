@@ -1,0 +1,173 @@
+// commands/regions.cpp: play, create, rename and delete regions, and look at the selection. A region has a place in
+// time (its ordinal), a place in the host's list of markers and regions (its index), and the host's own number; each
+// call says which of them it takes.
+#include <cstdio>
+
+#include "commands/commands.h"
+#include "commands/items.h"
+
+namespace {
+
+struct IntervaloRegiao {
+    double inicio, fim;
+};
+
+struct Entrada {  // of the host's list of markers and regions
+    bool regiao = false;
+    double inicio = 0.0, fim = 0.0;
+    const char* nome = nullptr;
+    int numero = 0, cor = 0;
+};
+
+std::vector<IntervaloRegiao> RegioesNoTempo() {
+    std::vector<IntervaloRegiao> regioes;
+    int marcadores = 0, quantas = 0;
+    const int entradas = host::CountProjectMarkers(0, &marcadores, &quantas);
+    for (int i = 0; i < entradas; ++i) {
+        bool regiao = false;
+        IntervaloRegiao intervalo = {};
+        if (!host::EnumProjectMarkers(i, &regiao, &intervalo.inicio, &intervalo.fim, nullptr, nullptr)) break;
+        if (regiao) regioes.push_back(intervalo);
+    }
+    OrdenarComCautela(regioes, [](const auto& a, const auto& b) { return a.inicio < b.inicio; });
+    return regioes;
+}
+
+// What is left clean after a region was made: nothing selected, no time selection.
+void LimparSelecoes() {
+    host::SelectAllMediaItems(0, false);
+    ExecutarAcao(40297);
+    ExecutarAcao(40020);
+    host::UpdateArrange();
+}
+
+void AdicionarRegiao(double inicio, double fim, const char* nome) {
+    host::AddProjectMarker2(0, true, inicio, fim, nome, -1, 0);
+    LimparSelecoes();
+}
+
+void RecusarSemSelecao() {
+    Mensagem("Nenhum item selecionado e nenhuma selecao de tempo ativa.", "Quilmo");
+}
+
+struct NomeDeRegiao {
+    char texto[512] = "";
+    bool Perguntar(const char* titulo) {
+        return host::GetUserInputs(titulo, 1, "Nome da regiao:,extrawidth=220", texto, sizeof texto);
+    }
+};
+
+void Renomear(const Entrada& regiao) {
+    NomeDeRegiao nome;
+    std::snprintf(nome.texto, sizeof nome.texto, "%s", regiao.nome ? regiao.nome : "");
+    if (!nome.Perguntar("Renomear Regiao")) return;
+    AbrirBloco();
+    host::SetProjectMarker3(0, regiao.numero, true, regiao.inicio, regiao.fim, nome.texto, regiao.cor);
+    host::UpdateArrange();
+    FecharBloco("Renomear Regiao");
+}
+
+}  // namespace
+
+void PlayRegiao(int n) {
+    const std::vector<IntervaloRegiao> regioes = RegioesNoTempo();
+    const int quantas = static_cast<int>(regioes.size());
+    if (quantas == 0) return Mensagem("Nenhuma regiao encontrada no projeto.", "Quilmo");
+    if (n < 1 || n > quantas) {
+        char texto[160];
+        std::snprintf(texto, sizeof texto, "Regiao %d nao existe. O projeto tem %d regiao(oes).", n, quantas);
+        return Mensagem(texto, "Quilmo");
+    }
+    IntervaloRegiao regiao = regioes[n - 1];
+    const double inicio = regiao.inicio;
+    host::GetSet_LoopTimeRange(true, true, &regiao.inicio, &regiao.fim, false);
+    host::SetEditCurPos(inicio, false, false);
+    ExecutarAcao(1007);
+}
+
+void CriarOuRenomearRegiao() {
+    int indice = -1;
+    host::GetLastMarkerAndCurRegion(0, host::GetCursorPosition(), nullptr, &indice);
+    Entrada e;
+    if (indice >= 0 && host::EnumProjectMarkers3(0, indice, &e.regiao, &e.inicio, &e.fim, &e.nome, &e.numero, &e.cor) &&
+        e.regiao)
+        return Renomear(e);
+
+    const SelecaoDeTempo tempo = LerSelecaoDeTempo();
+    IntervaloRegiao intervalo = {tempo.inicio, tempo.fim};
+    if (!tempo.Ativa()) {
+        const int selecionados = host::CountSelectedMediaItems(0);
+        if (selecionados == 0) return RecusarSemSelecao();
+        const ExtensaoDeItens itens = ExtensaoDaSelecao(selecionados);
+        intervalo = {itens.inicio, itens.fim};
+    }
+    NomeDeRegiao nome;
+    if (!nome.Perguntar("Nova Regiao")) return;
+    AbrirBloco();
+    AdicionarRegiao(intervalo.inicio, intervalo.fim, nome.texto);
+    FecharBloco(tempo.Ativa() ? "Criar Regiao" : "Criar Regiao (Itens)");
+}
+
+void SelTempoERegiao() {
+    AbrirBloco();
+    const SelecaoDeTempo tempo = LerSelecaoDeTempo();
+    if (tempo.Ativa()) {
+        AdicionarRegiao(tempo.inicio, tempo.fim, "");
+        FecharBloco("Criar Regiao (Loop)");
+    } else if (const int selecionados = host::CountSelectedMediaItems(0); selecionados > 0) {
+        const ExtensaoDeItens itens = ExtensaoDaSelecao(selecionados);
+        AdicionarRegiao(itens.inicio, itens.fim, "");
+        FecharBloco("Criar Regiao (Itens)");
+    } else {
+        RecusarSemSelecao();
+        FecharBloco("Criar Regiao");
+    }
+}
+
+void DeletarRegiaoSobCursor() {
+    AbrirBloco();
+    double referencia = host::GetCursorPosition();
+    if (host::CountSelectedMediaItems(0) > 0)
+        if (MediaItem* item = host::GetSelectedMediaItem(0, 0)) referencia = InicioDoItem(item);
+    int marcadores = 0, regioes = 0;
+    host::CountProjectMarkers(0, &marcadores, &regioes);
+    for (int i = marcadores + regioes - 1; i >= 0; --i) {
+        Entrada e;
+        if (!host::EnumProjectMarkers3(0, i, &e.regiao, &e.inicio, &e.fim, nullptr, &e.numero, nullptr)) continue;
+        if (!e.regiao || e.inicio > referencia || referencia > e.fim) continue;
+        if (host::DeleteProjectMarker(0, e.numero, true)) host::UpdateArrange();
+        break;
+    }
+    FecharBloco("Deletar regiao sob cursor ou item");
+}
+
+void LimparRegioes() {
+    constexpr int simOuNao = 4, sim = 6;
+    if (host::ShowMessageBox("Tem certeza que deseja apagar TODAS as regioes?", "Atencao", simOuNao) != sim) return;
+    AbrirBloco();
+    Entrada e;
+    for (int i = 0; host::EnumProjectMarkers3(0, i, &e.regiao, &e.inicio, &e.fim, nullptr, &e.numero, nullptr);) {
+        // The list closes up over a region that goes; markers, and a region that the host keeps, are stepped over.
+        if (!e.regiao || !host::DeleteProjectMarker(0, e.numero, true)) ++i;
+    }
+    host::UpdateArrange();
+    FecharBloco("Limpar Todas as Regioes");
+}
+
+void VerSelecao() {
+    constexpr int zoomNosItens = 41622;
+    AbrirBloco();
+    if (host::CountSelectedMediaItems(0) > 0) {
+        ExecutarAcao(zoomNosItens);
+    } else if (MediaTrack* faixa = host::GetSelectedTrack(0, 0)) {
+        const auto marcar = [faixa](bool selecionado) {
+            ParaCadaItemDaFaixa(faixa,
+                                [selecionado](MediaItem* item) { host::SetMediaItemSelected(item, selecionado); });
+        };
+        marcar(true);
+        ExecutarAcao(zoomNosItens);
+        marcar(false);
+    }
+    host::UpdateArrange();
+    FecharBloco("Ver Selecao");
+}

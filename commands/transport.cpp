@@ -1,0 +1,108 @@
+// commands/transport.cpp: recording, stopping, and the jumps to item edges. Nothing is remembered: each click asks the
+// host afresh.
+#include "commands/commands.h"
+#include "commands/items.h"
+
+static void DesarmarTodasFaixas() {
+    ParaCadaFaixa([](MediaTrack* faixa) { host::SetMediaTrackInfo_Value(faixa, "I_RECARM", 0.0); });
+}
+
+static void ArmarFaixasSelecionadas() {
+    ParaCadaFaixaSelecionada(host::CountSelectedTracks(0),
+                             [](MediaTrack* faixa) { host::SetMediaTrackInfo_Value(faixa, "I_RECARM", 1.0); });
+}
+
+static bool AlgumaFaixaArmada() {
+    bool armada = false;
+    ParaCadaFaixa(
+        [&armada](MediaTrack* faixa) { armada = armada || host::GetMediaTrackInfo_Value(faixa, "I_RECARM") == 1.0; });
+    return armada;
+}
+
+bool GravacaoEmCurso() {
+    return (host::GetPlayState() & 4) == 4;
+}
+
+bool BotaoGravarAtivo() {
+    return host::GetToggleCommandState(1013) == 1;
+}
+
+bool TocandoSemGravar() {
+    return (host::GetPlayState() & 1) != 0 && !BotaoGravarAtivo();
+}
+
+void ExecutarGravacao() {
+    if (BotaoGravarAtivo()) {
+        ExecutarAcao(40328);
+        DesarmarTodasFaixas();
+    } else {
+        if (!AlgumaFaixaArmada()) {
+            if (host::CountSelectedTracks(0) == 0) {
+                Mensagem("Nenhuma faixa selecionada. Selecione uma faixa para gravar.", "Quilmo");
+                return;
+            }
+            ArmarFaixasSelecionadas();
+        }
+        ExecutarAcao(1013);
+    }
+    host::TrackList_AdjustWindows(false);
+    host::UpdateTimeline();
+}
+
+void PararTudo() {
+    host::SelectAllMediaItems(0, false);
+    ExecutarAcao(40297);
+    ExecutarAcao(40020);
+    ExecutarAcao(1016);
+    DesarmarTodasFaixas();
+    host::UpdateArrange();
+}
+
+// An item edge has to lie this much beyond the cursor, so that a jump does not stay where the last one ended.
+static constexpr double FolgaDoCursor = 0.001;
+
+template <class F>
+static void ParaCadaItemDoEscopo(F f) {
+    if (MediaTrack* faixa = FaixaDoEscopo())
+        ParaCadaItemDaFaixa(faixa, f);
+    else
+        ParaCadaItem(f);
+}
+
+void PrevItemStart() {
+    const double cursor = host::GetCursorPosition();
+    double melhor = 0.0;
+    bool achou = false;
+    ParaCadaItemDoEscopo([&](MediaItem* item) {
+        const double inicio = InicioDoItem(item);
+        if (cursor - FolgaDoCursor > inicio && (!achou || inicio > melhor)) {
+            melhor = inicio;
+            achou = true;
+        }
+    });
+    host::SetEditCurPos(melhor, true, false);
+}
+
+void NextItemEnd() {
+    const double cursor = host::GetCursorPosition();
+    double melhor = 0.0;
+    bool achou = false;
+    ParaCadaItemDoEscopo([&](MediaItem* item) {
+        const double fim = FimDoItem(item);
+        if (fim > cursor + FolgaDoCursor && (!achou || fim < melhor)) {
+            melhor = fim;
+            achou = true;
+        }
+    });
+    if (achou) host::SetEditCurPos(melhor, true, false);
+}
+
+void PrepararHost() {
+    ExecutarAcao(40753);                                               // no snapping
+    if (host::GetToggleCommandState(40145) == 1) ExecutarAcao(40145);  // no grid lines
+    if (host::GetToggleCommandState(1161) == 1) ExecutarAcao(1162);
+    if (!host::get_config_var) return;
+    int tamanho = 0;
+    void* perguntaAoFim = host::get_config_var("promptendrec", &tamanho);  // the question after each recording
+    if (perguntaAoFim && tamanho == 4) *static_cast<int*>(perguntaAoFim) = 0;
+}
