@@ -15,4 +15,5 @@
 #else
 #include "platform/headless/win32_gdi.h"
 #include "platform/headless/win32_types.h"
+#include "platform/headless/win32_user.h"
 #endif

@@ -1,0 +1,64 @@
+// platform/headless/desktop.h
+// The control side of the headless desktop: what a user does with mouse and keys, and the clock. Nothing here sleeps:
+// every call delivers its messages, and all that follows from them, before it returns. A call may be made again from
+// inside a message handler, which is what a modal dialog amounts to.
+#pragma once
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/win32.h"
+
+namespace desktop {
+
+// Delivers what waits, in the system's order: posted messages, then painting, then timers that have fallen due. Aborts
+// with a sentence when a window asks for painting without end.
+void Pump();
+// Moves the virtual clock and fires what falls due on the way, earliest first.
+void AdvanceClock(int ms);
+int64_t Now();  // milliseconds; 0 at start
+// Moves the clock to this timer's next tick and past it. The milliseconds that took, or -1 when there is no such timer.
+int AwaitTimer(HWND window, UINT_PTR id);
+
+enum class Button { Left, Right };
+// Coordinates are the screen's. A window hears of the mouse over its client area, or everywhere while it has capture.
+void MoveMouse(int x, int y);
+void Press(Button button);    // first activates the window under the pointer, as a click does
+void Release(Button button);  // nothing when the button is not down
+void DoubleClick(Button button);
+void Wheel(int delta);  // goes to the active window
+void HoldKey(int key, bool down);
+
+// What the next popup menu is answered with: an entry's id, or 0 for Escape. Answers queue up; a menu without one is
+// dismissed. The function form runs while the menu is open.
+void ChooseFromNextMenu(UINT id);
+void OnNextMenu(std::function<UINT()> user);
+
+struct MenuEntry {
+    UINT id;
+    std::string text;  // empty for a separator
+};
+struct ShownMenu {
+    std::vector<MenuEntry> entries;
+    POINT at;
+    HWND owner;
+};
+const ShownMenu& LastMenu();
+
+// The user turns to another program, whose window is none of ours; or nobody is in front.
+void ActivateOtherProgram();
+void LeaveNobodyInFront();
+
+struct Picture {
+    int width = 0, height = 0;
+    std::vector<uint32_t> pixels;  // 0xAARRGGBB as last painted, row by row from the top
+};
+Picture PictureOf(HWND window);  // the client area
+
+// What was not given back, as a sentence: device contexts, menus. Empty when all is well.
+std::string Leftovers();
+// Destroys all windows and puts clock, pointer, keys, menus and work area back. Window classes stay.
+void Reset();
+
+}  // namespace desktop

@@ -1,0 +1,114 @@
+// Sending, posting and delivering messages, and what a window does with those that it leaves alone.
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "platform/headless/desktop_state.h"
+
+namespace desktop {
+
+void Fail(const char* sentence) {
+    std::fprintf(stderr, "headless desktop: %s\n", sentence);
+    std::abort();
+}
+
+static bool DeliverPosted() {
+    State& state = Desktop();
+    if (state.queue.empty()) return false;
+    const Message next = state.queue.front();
+    state.queue.pop_front();
+    SendMessageA(next.window, next.message, next.wParam, next.lParam);
+    return true;
+}
+
+static bool DeliverPaint() {
+    for (const Window& each : Desktop().windows)
+        if (!IsEmpty(each.invalid)) {
+            SendMessageA(each.handle, WM_PAINT, 0, 0);
+            return true;
+        }
+    return false;
+}
+
+static bool DeliverTimer() {
+    State& state = Desktop();
+    Timer* next = nullptr;
+    for (Timer& each : state.timers)
+        if (each.due <= state.now && (!next || each.due < next->due)) next = &each;
+    if (!next) return false;
+    next->due = state.now + next->interval;  // ticks that were missed do not pile up
+    if (next->procedure)
+        next->procedure(next->window, WM_TIMER, next->id, static_cast<DWORD>(state.now));
+    else
+        SendMessageA(next->window, WM_TIMER, next->id, 0);
+    return true;
+}
+
+void Pump() {
+    int paintings = 0;
+    for (;;) {
+        if (DeliverPosted()) {
+            paintings = 0;
+        } else if (DeliverPaint()) {
+            if (++paintings == 1000) Fail("a window asks for painting without end");
+        } else if (DeliverTimer()) {
+            paintings = 0;
+        } else {
+            return;
+        }
+    }
+}
+
+}  // namespace desktop
+
+using namespace desktop;
+
+LRESULT SendMessageA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    const Window* window = Find(handle);
+    return window ? window->procedure(handle, message, wParam, lParam) : 0;
+}
+
+BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (!Find(window)) return false;
+    Desktop().queue.push_back({window, message, wParam, lParam});
+    return true;
+}
+
+LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return procedure(window, message, wParam, lParam);
+}
+
+// Fills what the context may draw on, if the class's brush is a system colour's number plus 1. White is the only system
+// colour here.
+static bool EraseBackground(const Window& window, HDC dc) {
+    const DeviceContext* context = FindGdi<DeviceContext>(dc);
+    if (!context || reinterpret_cast<uintptr_t>(window.kind.background) != COLOR_WINDOW + 1) return false;
+    const RECT area = context->Drawable();
+    const Surface target = context->Target();
+    for (int y = area.top; y < area.bottom; ++y)
+        std::fill(target.Row(y) + area.left, target.Row(y) + area.right, 0xFFFFFF);
+    return true;
+}
+
+LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM) {
+    const Window* window = Find(handle);
+    if (!window) return 0;
+    switch (message) {
+        case WM_NCCREATE:
+        case WM_NCACTIVATE:
+            return true;
+        case WM_CLOSE:
+            DestroyWindow(handle);
+            return 0;
+        case WM_ERASEBKGND:
+            return EraseBackground(*window, reinterpret_cast<HDC>(wParam));
+        case WM_PAINT: {
+            PAINTSTRUCT paint;
+            BeginPaint(handle, &paint);
+            EndPaint(handle, &paint);
+            return 0;
+        }
+        default:
+            return 0;
+    }
+}
