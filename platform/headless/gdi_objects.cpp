@@ -146,3 +146,7 @@ DWORD GetGuiResources(HANDLE process, DWORD which) {
     if (process != GetCurrentProcess() || which != GR_GDIOBJECTS) return 0;
     return static_cast<DWORD>(Table().objects.size()) - Table().stockCount;
 }
+
+BOOL GdiFlush() {
+    return TRUE;
+}

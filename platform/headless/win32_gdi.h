@@ -131,6 +131,7 @@ BOOL DeleteObject(HGDIOBJ object);  // false while it is selected into a context
 // The number of live objects of this process, contexts included; what a test for leaks compares.
 DWORD GetGuiResources(HANDLE process, DWORD which);
 HANDLE GetCurrentProcess();
+BOOL GdiFlush();  // before pixels are touched directly, since the system may put drawing off; here it never does
 
 // --- Bitmaps. A new section is zeroed.
 HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section, DWORD offset);
