@@ -49,9 +49,10 @@ int GetRgnBox(HRGN handle, RECT* box) {
 
 int GetClipRgn(HDC dc, HRGN handle) {
     const DeviceContext* context = FindGdi<DeviceContext>(dc);
-    GdiRegion* region = FindGdi<GdiRegion>(handle);
-    if (!context || !region) return -1;
+    if (!context) return -1;
     if (!context->clip) return 0;
+    GdiRegion* region = FindGdi<GdiRegion>(handle);
+    if (!region) return -1;
     region->box = *context->clip;
     return 1;
 }

