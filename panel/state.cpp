@@ -1,0 +1,16 @@
+#include "panel/state.h"
+
+HWND JanelaPainel = nullptr;
+std::string CaminhoPainel;
+EstadoMouse Mouse;
+void (*AcaoRepetir)() = nullptr;
+bool PiscaLigado = false;
+bool AbrirMenuLacunas = false;
+bool AbrirMenuSelecao = false;
+
+void RestaurarEstadoPainel() {
+    CaminhoPainel.clear();
+    Mouse = {};
+    AcaoRepetir = nullptr;
+    PiscaLigado = AbrirMenuLacunas = AbrirMenuSelecao = false;
+}
