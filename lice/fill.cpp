@@ -1,0 +1,39 @@
+#include "lice/fill.h"
+
+#include <algorithm>
+
+#include "lice/combine.h"
+#include "lice/target.h"
+
+template <class Combine>
+static void FillRows(Combine combine, LICE_pixel* row, ptrdiff_t span, int w, int h, LICE_pixel color, int ia) {
+    for (; h > 0; --h, row += span) CombineRun(combine, row, w, OneColor{color}, ia);
+}
+
+void LICE_Clear(LICE_IBitmap* dest, LICE_pixel color) {
+    const Target target(dest);
+    if (target.Empty()) return;
+    FillRows(CombineSolid{}, target.bits, target.span, target.width, target.height, color, 256);
+}
+
+void LICE_FillRect(LICE_IBitmap* dest, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode) {
+    const Target target(dest);
+    if (target.Empty()) return;
+    if (target.Scales(mode)) {
+        x = LICE_ScaleCoord(x, target.scale);
+        y = LICE_ScaleCoord(y, target.scale);
+        w = static_cast<int>(LICE_ScaleSize(w, target.scale));
+        h = static_cast<int>(LICE_ScaleSize(h, target.scale));
+    }
+    if (mode & LICE_BLIT_USE_ALPHA) alpha = static_cast<float>(alpha * ((color >> 24) / 255.0));
+
+    const int left = std::max(x, 0), top = std::max(y, 0);
+    w = static_cast<int>(std::clamp<int64_t>(int64_t{x} + w, 0, target.width)) - left;
+    h = static_cast<int>(std::clamp<int64_t>(int64_t{y} + h, 0, target.height)) - top;
+    if (w < 1 || h < 1) return;
+
+    const int firstRow = target.flipped ? target.height - top - h : top;
+    const int ia = Opacity(alpha);
+    WithCombine<CopyForms::Fast>(
+        mode, ia, [&](auto combine) { FillRows(combine, target.At(left, firstRow), target.span, w, h, color, ia); });
+}

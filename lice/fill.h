@@ -1,0 +1,10 @@
+// lice/fill.h
+// Clearing and filled rectangles. They clip to the surface; a null surface, opacity 0 or an unknown mode draws nothing.
+#pragma once
+#include "lice/bitmap.h"
+
+// Stores the colour, alpha included, in every pixel.
+void LICE_Clear(LICE_IBitmap* dest, LICE_pixel color);
+
+// w by h pixels. With LICE_BLIT_USE_ALPHA the colour's own alpha is multiplied into `alpha`.
+void LICE_FillRect(LICE_IBitmap* dest, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode);

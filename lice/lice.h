@@ -1,0 +1,7 @@
+// lice/lice.h
+// The raster library: surfaces, drawing, text. Drawing routines take a surface (null: nothing is drawn), an `alpha` of
+// 0.0 to 1.0, and a mode word, 0 being plain copying. They clip to the surface, whatever their arguments.
+#pragma once
+#include "lice/bitmap.h"
+#include "lice/fill.h"
+#include "lice/pixel.h"
