@@ -1,0 +1,40 @@
+#include "panel/pass.h"
+
+#include "lice/fill.h"
+
+static constexpr LICE_pixel CorDoFundo = 0xFF0D0D0F;
+
+static LICE_SysBitmap* fundo = nullptr;  // made by the first pass
+static int passesAbertos = 0;            // more than one while a command inside a pass runs its own message loop
+static bool janelaFechou = false;        // during a pass, which still draws on `fundo`
+
+void LargarFundo() {
+    janelaFechou = passesAbertos > 0;
+    if (janelaFechou) return;
+    delete fundo;
+    fundo = nullptr;
+}
+
+static void NotarCliques() {
+    Mouse.esquerdoApertou = Mouse.esquerdoSeguro && !Mouse.esquerdoSeguroAntes;
+    Mouse.direitoApertou = Mouse.direitoSeguro && !Mouse.direitoSeguroAntes;
+    Mouse.esquerdoSeguroAntes = Mouse.esquerdoSeguro;
+    Mouse.direitoSeguroAntes = Mouse.direitoSeguro;
+}
+
+LICE_IBitmap* ComecarPasse(HWND janela) {
+    NotarCliques();
+    AcaoRepetir = nullptr;
+    RECT cliente{};
+    GetClientRect(janela, &cliente);
+    if (!fundo) fundo = new LICE_SysBitmap(0, 0);
+    if (++passesAbertos == 1) fundo->resize(cliente.right, cliente.bottom);
+    LICE_Clear(fundo, CorDoFundo);
+    return fundo;
+}
+
+void TerminarPasse(HDC dc) {
+    BitBlt(dc, 0, 0, fundo->getWidth(), fundo->getHeight(), fundo->getDC(), 0, 0, SRCCOPY);
+    --passesAbertos;
+    if (janelaFechou) LargarFundo();
+}
