@@ -5,3 +5,4 @@
 #include "lice/bitmap.h"
 #include "lice/fill.h"
 #include "lice/pixel.h"
+#include "lice/polygon.h"

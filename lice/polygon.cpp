@@ -1,0 +1,193 @@
+#include "lice/polygon.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <memory>
+#include <new>
+
+#include "lice/combine.h"
+#include "lice/target.h"
+
+namespace {
+
+// --- Trapezoids
+
+// A side on its way down the rows: a whole pixel and how far it is, in 1/65536, towards the next one in its direction.
+class Side {
+  public:
+    // `perRow` is 65536 over the rows between top and bottom.
+    Side(double top, double bottom, double perRow) : at_(static_cast<int64_t>(std::floor(top))) {
+        constexpr double most = 1 << 29;
+        const auto delta = static_cast<int64_t>(std::floor(std::clamp((bottom - top) * perRow, -most, most) + 0.5));
+        direction_ = delta < 0 ? -1 : 1;
+        delta_ = delta * direction_;
+        fraction_ = static_cast<int64_t>(std::floor((top - std::floor(top)) * 65536.0 * direction_ + 0.5));
+    }
+
+    int64_t At() const { return at_; }
+
+    void Advance(int64_t rows) {
+        fraction_ += delta_ * rows;
+        at_ += direction_ * (fraction_ >> 16);
+        fraction_ &= 0xFFFF;
+    }
+
+  private:
+    int64_t at_, fraction_;
+    int64_t delta_;      // 1/65536 of a pixel for each row, never negative
+    int64_t direction_;  // 1 or -1
+};
+
+template <class Combine>
+void FillRows(const Target& target, Combine combine, LICE_pixel color, int ia, Side left, Side right, int top,
+              int64_t rows) {
+    for (int64_t y = top; y < top + rows; ++y) {
+        const int64_t first = std::max<int64_t>(left.At(), 0);
+        const int64_t end = std::min<int64_t>(right.At() + 1, target.width);
+        if (first < end) CombineRun(combine, target.At(first, y), end - first, OneColor{color}, ia);
+        left.Advance(1);
+        right.Advance(1);
+    }
+}
+
+// --- Polygons
+
+struct Point {
+    int x, y;
+};
+
+// The corner that follows `from` on the side that leans furthest in `direction` (-1 left, 1 right); the furthest of
+// those on one line. `from` itself when nothing lies below it.
+int NextCorner(const Point* points, int count, int from, int direction) {
+    int next = from;
+    double leaning = 0;
+    for (int i = from + 1; i < count; ++i) {
+        if (points[i].y == points[from].y) continue;
+        const double slope = (double{points[i].x} - points[from].x) / (double{points[i].y} - points[from].y);
+        if (next == from || (slope - leaning) * direction >= 0) {
+            next = i;
+            leaning = slope;
+        }
+    }
+    return next;
+}
+
+// Where the edge from `a` down to `b` crosses row y; beyond its ends, where it ends.
+double EdgeAt(const Point& a, const Point& b, int y) {
+    if (y <= a.y) return a.x;
+    if (y >= b.y) return b.x;
+    return (double{y} - a.y) * ((double{b.x} - a.x) / (double{b.y} - a.y)) + a.x;
+}
+
+// `points` is sorted by row, then from left to right, and spans at least two rows.
+void FillSorted(LICE_IBitmap* dest, const Point* points, int count, int height, LICE_pixel color, float alpha,
+                int mode) {
+    int left = 0, right = 0;  // the corners that the two sides come from; a flat top lies between them
+    for (int i = 1; points[i].y == points[0].y; ++i) {
+        right = i;
+        if (points[i].x == points[0].x) left = i;
+    }
+    int nextLeft = NextCorner(points, count, left, -1), nextRight = NextCorner(points, count, right, 1);
+    int y = points[0].y;
+    while ((left != nextLeft || right != nextRight) && y < height) {
+        const int yEnd = std::min(points[nextLeft].y, points[nextRight].y);
+        const auto leftAt = [&](int row) { return EdgeAt(points[left], points[nextLeft], row); };
+        const auto rightAt = [&](int row) { return EdgeAt(points[right], points[nextRight], row); };
+        LICE_FillTrapezoid(dest, leftAt(y), rightAt(y), y, leftAt(yEnd), rightAt(yEnd), yEnd, color, alpha, mode);
+        if (points[nextLeft].y == yEnd) {
+            left = nextLeft;
+            nextLeft = NextCorner(points, count, left, -1);
+        }
+        if (points[nextRight].y == yEnd) {
+            right = nextRight;
+            nextRight = NextCorner(points, count, right, 1);
+        }
+        y = yEnd < height ? yEnd + 1 : height;  // the next trapezoid starts below: no row is combined twice
+    }
+}
+
+}  // namespace
+
+void LICE_FillTrapezoid(LICE_IBitmap* dest, double topLeft, double topRight, int topY, double bottomLeft,
+                        double bottomRight, int bottomY, LICE_pixel color, float alpha, int mode) {
+    const Target target(dest);
+    if (target.Empty()) return;
+    if (topY > bottomY) {
+        std::swap(topY, bottomY);
+        std::swap(topLeft, bottomLeft);
+        std::swap(topRight, bottomRight);
+    }
+    if (topLeft > topRight) std::swap(topLeft, topRight);
+    if (bottomLeft > bottomRight) std::swap(bottomLeft, bottomRight);
+    int extra = 0;  // rows that one logical row takes beyond its first
+    if (target.Scales(mode)) {
+        for (double* x : {&topLeft, &topRight, &bottomLeft, &bottomRight}) *x = LICE_ScaleFloat(*x, target.scale);
+        topY = LICE_ScaleCoord(topY, target.scale);
+        bottomY = LICE_ScaleCoord(bottomY, target.scale);
+        extra = target.scale / 256 - 1;
+    }
+    const int width = target.width, height = target.height;
+    if ((topRight < 0 && bottomRight < 0) || (topLeft >= width && bottomLeft >= width)) return;
+    if (bottomY < 0 || topY >= height) return;
+    if (topLeft <= 0 && bottomLeft <= 0) topLeft = bottomLeft = 0;
+    if (topRight >= width - 1 && bottomRight >= width - 1) topRight = bottomRight = width - 1;
+    // A side that starts or ends further out than any int, or nowhere, has no fraction to speak of.
+    for (double x : {topLeft, topRight, bottomLeft, bottomRight})
+        if (!(std::abs(x) <= 0x1p31)) return;
+
+    const double perRow = topY == bottomY ? 0.0 : 65536.0 / (double{bottomY} - topY);
+    Side left(topLeft, bottomLeft, perRow), right(topRight, bottomRight, perRow);
+    const int top = std::max(topY, 0);
+    left.Advance(int64_t{top} - topY);
+    right.Advance(int64_t{top} - topY);
+    const int64_t rows = std::min<int64_t>(bottomY, int64_t{height} - 1 - extra) - top + 1 + extra;
+    const int ia = Opacity(alpha);
+    WithCombine<CopyForms::Fast>(mode, ia,
+                                 [&](auto combine) { FillRows(target, combine, color, ia, left, right, top, rows); });
+}
+
+void LICE_FillTrapezoid(LICE_IBitmap* dest, int topLeft, int topRight, int topY, int bottomLeft, int bottomRight,
+                        int bottomY, LICE_pixel color, float alpha, int mode) {
+    LICE_FillTrapezoid(dest, double{topLeft}, double{topRight}, topY, double{bottomLeft}, double{bottomRight}, bottomY,
+                       color, alpha, mode);
+}
+
+void LICE_FillConvexPolygon(LICE_IBitmap* dest, const int* x, const int* y, int count, LICE_pixel color, float alpha,
+                            int mode) {
+    const Target target(dest);
+    if (target.Empty() || !x || !y || count < 3) return;
+
+    Point onStack[512];
+    std::unique_ptr<Point[]> onHeap;
+    Point* points = onStack;
+    if (count > 512) {
+        onHeap.reset(new (std::nothrow) Point[count]);
+        points = onHeap.get();
+        if (!points) return;
+    }
+    int leftmost = target.width, rightmost = 0;
+    for (int i = 0; i < count; ++i) {
+        Point p{x[i], y[i]};
+        if (target.Scales(mode)) p = {LICE_ScaleCoord(p.x, target.scale), LICE_ScaleCoord(p.y, target.scale)};
+        // Turned round in 64 bits and held: the very last int has no counterpart.
+        if (target.flipped) p.y = static_cast<int>(std::min<int64_t>(int64_t{target.height} - 1 - p.y, INT32_MAX));
+        leftmost = std::min(leftmost, p.x);
+        rightmost = std::max(rightmost, p.x);
+        points[i] = p;
+    }
+    std::sort(points, points + count,
+              [](const Point& a, const Point& b) { return a.y != b.y ? a.y < b.y : a.x < b.x; });
+
+    mode |= LICE_BLIT_IGNORE_SCALING;  // for the trapezoids: the points are scaled already
+    const int row = points[0].y;
+    if (row != points[count - 1].y) return FillSorted(dest, points, count, target.height, color, alpha, mode);
+    if (row < 0 || row >= target.height || leftmost > rightmost) return;
+    LICE_FillTrapezoid(dest, leftmost, rightmost, row, leftmost, rightmost, row, color, alpha, mode);
+}
+
+void LICE_FillTriangle(LICE_IBitmap* dest, int x1, int y1, int x2, int y2, int x3, int y3, LICE_pixel color,
+                       float alpha, int mode) {
+    const int x[] = {x1, x2, x3}, y[] = {y1, y2, y3};
+    LICE_FillConvexPolygon(dest, x, y, 3, color, alpha, mode);
+}
