@@ -11,6 +11,10 @@
 
 namespace {
 
+double Difference(int a, int b) {
+    return static_cast<double>(int64_t{a} - b);
+}
+
 // --- Trapezoids
 
 // A side on its way down the rows: a whole pixel and how far it is, in 1/65536, towards the next one in its direction.
@@ -64,7 +68,7 @@ int NextCorner(const Point* points, int count, int from, int direction) {
     double leaning = 0;
     for (int i = from + 1; i < count; ++i) {
         if (points[i].y == points[from].y) continue;
-        const double slope = (double{points[i].x} - points[from].x) / (double{points[i].y} - points[from].y);
+        const double slope = Difference(points[i].x, points[from].x) / Difference(points[i].y, points[from].y);
         if (next == from || (slope - leaning) * direction >= 0) {
             next = i;
             leaning = slope;
@@ -77,7 +81,7 @@ int NextCorner(const Point* points, int count, int from, int direction) {
 double EdgeAt(const Point& a, const Point& b, int y) {
     if (y <= a.y) return a.x;
     if (y >= b.y) return b.x;
-    return (double{y} - a.y) * ((double{b.x} - a.x) / (double{b.y} - a.y)) + a.x;
+    return Difference(y, a.y) * (Difference(b.x, a.x) / Difference(b.y, a.y)) + a.x;
 }
 
 // `points` is sorted by row, then from left to right, and spans at least two rows.
@@ -136,7 +140,7 @@ void LICE_FillTrapezoid(LICE_IBitmap* dest, double topLeft, double topRight, int
     for (double x : {topLeft, topRight, bottomLeft, bottomRight})
         if (!(std::abs(x) <= 0x1p31)) return;
 
-    const double perRow = topY == bottomY ? 0.0 : 65536.0 / (double{bottomY} - topY);
+    const double perRow = topY == bottomY ? 0.0 : 65536.0 / Difference(bottomY, topY);
     Side left(topLeft, bottomLeft, perRow), right(topRight, bottomRight, perRow);
     const int top = std::max(topY, 0);
     left.Advance(int64_t{top} - topY);
@@ -149,8 +153,9 @@ void LICE_FillTrapezoid(LICE_IBitmap* dest, double topLeft, double topRight, int
 
 void LICE_FillTrapezoid(LICE_IBitmap* dest, int topLeft, int topRight, int topY, int bottomLeft, int bottomRight,
                         int bottomY, LICE_pixel color, float alpha, int mode) {
-    LICE_FillTrapezoid(dest, double{topLeft}, double{topRight}, topY, double{bottomLeft}, double{bottomRight}, bottomY,
-                       color, alpha, mode);
+    const auto real = [](int x) { return static_cast<double>(x); };
+    LICE_FillTrapezoid(dest, real(topLeft), real(topRight), topY, real(bottomLeft), real(bottomRight), bottomY, color,
+                       alpha, mode);
 }
 
 void LICE_FillConvexPolygon(LICE_IBitmap* dest, const int* x, const int* y, int count, LICE_pixel color, float alpha,
