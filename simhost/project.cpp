@@ -1,1 +1,290 @@
-namespace {}
+#include "simhost/project.h"
+
+#include <algorithm>
+
+namespace simhost {
+
+static uint64_t NewGuid() {
+    static uint64_t last = 0;
+    return ++last;
+}
+
+// Also a total order for positions that are not numbers, which stand last.
+static bool Earlier(double a, double b) {
+    return a < b || (a == a && b != b);
+}
+
+Take* Item::Active() {
+    return takes.empty() ? nullptr : &*takes[std::clamp<int>(activeTake, 0, static_cast<int>(takes.size()) - 1)];
+}
+
+const Take* Item::Active() const {
+    return const_cast<Item*>(this)->Active();
+}
+
+const std::string& Item::Name() const {
+    const Take* take = Active();
+    return take ? take->name : label;
+}
+
+static void LinkTakes(Item& item) {
+    for (Box<Take>& take : item.takes) take->item = &item;
+}
+
+TrackList::TrackList(const TrackList& other)
+    : tracks_(other.tracks_), itemCount_(other.itemCount_), selectedCount_(other.selectedCount_) {
+    for (Box<Track>& track : tracks_)
+        for (Box<Item>& item : track->items) {
+            item->track = &*track;
+            LinkTakes(*item);
+        }
+}
+
+TrackList& TrackList::operator=(TrackList other) noexcept {
+    tracks_.swap(other.tracks_);
+    itemCount_ = other.itemCount_;
+    selectedCount_ = other.selectedCount_;
+    Changed();
+    return *this;
+}
+
+void TrackList::Renumber() {
+    for (size_t i = 0; i < tracks_.size(); ++i) tracks_[i]->index = static_cast<int>(i);
+    Changed();
+}
+
+Track* TrackList::At(int index) {
+    return index >= 0 && index < Count() ? &*tracks_[index] : nullptr;
+}
+
+Track& TrackList::Insert(int index, Track track) {
+    if (!track.guid) track.guid = NewGuid();
+    const auto place = tracks_.insert(tracks_.begin() + std::clamp(index, 0, Count()), Box<Track>(std::move(track)));
+    Track& inserted = **place;
+    for (Box<Item>& item : inserted.items) {
+        item->track = &inserted;
+        LinkTakes(*item);
+        item->guid = NewGuid();
+        ++itemCount_;
+        selectedCount_ += item->selected;
+    }
+    Renumber();
+    return inserted;
+}
+
+void TrackList::Remove(Track& track) {
+    for (const Box<Item>& item : track.items) {
+        --itemCount_;
+        selectedCount_ -= item->selected;
+    }
+    tracks_.erase(tracks_.begin() + track.index);
+    Renumber();
+}
+
+void TrackList::MoveSelectedBefore(int index) {
+    const auto selected = [](const Box<Track>& t) { return t->selected; };
+    const auto middle = tracks_.begin() + std::clamp(index, 0, Count());
+    std::stable_partition(tracks_.begin(), middle, [&](const Box<Track>& t) { return !selected(t); });
+    std::stable_partition(middle, tracks_.end(), selected);
+    Renumber();
+}
+
+Item* TrackList::ItemAt(int index) {
+    if (!itemsFresh_) {
+        items_.clear();
+        for (Box<Track>& track : tracks_)
+            for (Box<Item>& item : track->items) items_.push_back(&*item);
+        itemsFresh_ = true;
+    }
+    return index >= 0 && index < itemCount_ ? items_[index] : nullptr;
+}
+
+Item* TrackList::SelectedAt(int index) {
+    if (!selectedFresh_) {
+        selected_.clear();
+        for (Box<Track>& track : tracks_)
+            for (Box<Item>& item : track->items)
+                if (item->selected) selected_.push_back(&*item);
+        selectedFresh_ = true;
+    }
+    return index >= 0 && index < selectedCount_ ? selected_[index] : nullptr;
+}
+
+size_t TrackList::IndexOf(const Item& item) {
+    const GapList<Box<Item>>& items = item.track->items;
+    size_t low = 0;
+    if (!item.track->unsorted)
+        for (size_t high = items.size(); low < high;) {
+            const size_t middle = (low + high) / 2;
+            if (Earlier(items[middle]->position, item.position))
+                low = middle + 1;
+            else
+                high = middle;
+        }
+    while (&*items[low] != &item) ++low;
+    return low;
+}
+
+Box<Item> TrackList::Detach(Item& item) {
+    --itemCount_;
+    selectedCount_ -= item.selected;
+    Changed();
+    return item.track->items.Remove(IndexOf(item));
+}
+
+Item& TrackList::Attach(Track& track, Box<Item> box) {
+    size_t low = 0;
+    for (size_t high = track.items.size(); low < high;) {
+        const size_t middle = (low + high) / 2;
+        if (Earlier(box->position, track.items[middle]->position))
+            high = middle;
+        else
+            low = middle + 1;
+    }
+    ++itemCount_;
+    selectedCount_ += box->selected;
+    Changed();
+    box->track = &track;
+    Item& item = *box;
+    track.items.Insert(low, std::move(box));
+    return item;
+}
+
+Item& TrackList::Add(Track& track, Item item) {
+    if (!item.guid) item.guid = NewGuid();
+    Box<Item> box(std::move(item));
+    LinkTakes(*box);
+    return Attach(track, std::move(box));
+}
+
+void TrackList::Remove(Item& item) {
+    Detach(item);
+}
+
+void TrackList::MoveTo(Item& item, Track& track) {
+    if (item.track != &track) Attach(track, Detach(item));
+}
+
+void TrackList::Reposition(Item& item, double position, bool sortNow) {
+    Track& track = *item.track;
+    if (!sortNow) {
+        track.unsorted = true;
+        item.position = position;
+        return;
+    }
+    const size_t index = IndexOf(item);
+    const bool afterPrevious = index == 0 || !Earlier(position, track.items[index - 1]->position);
+    const bool beforeNext = index + 1 == track.items.size() || !Earlier(track.items[index + 1]->position, position);
+    if (afterPrevious && beforeNext) {
+        item.position = position;
+        return;
+    }
+    Box<Item> box = Detach(item);
+    box->position = position;
+    Attach(track, std::move(box));
+}
+
+void TrackList::Select(Item& item, bool selected) {
+    if (item.selected == selected) return;
+    item.selected = selected;
+    selectedCount_ += selected ? 1 : -1;
+    selectedFresh_ = false;
+}
+
+void TrackList::SelectAll(bool selected) {
+    for (Box<Track>& track : tracks_)
+        for (Box<Item>& item : track->items) item->selected = selected;
+    selectedCount_ = selected ? itemCount_ : 0;
+    selectedFresh_ = false;
+}
+
+void TrackList::Sort() {
+    for (Box<Track>& track : tracks_) {
+        if (!track->unsorted) continue;
+        std::vector<Box<Item>> items;
+        for (Box<Item>& item : track->items) items.push_back(std::move(item));
+        std::stable_sort(items.begin(), items.end(),
+                         [](const Box<Item>& a, const Box<Item>& b) { return Earlier(a->position, b->position); });
+        track->items = {};
+        for (Box<Item>& item : items) track->items.Insert(track->items.size(), std::move(item));
+        track->unsorted = false;
+        Changed();
+    }
+}
+
+Item MakeItem(const std::string& name, double start, double end, SourceRef source) {
+    Item item;
+    item.position = start;
+    item.length = end - start;
+    Take take;
+    take.name = name;
+    take.source = std::move(source);
+    item.takes.emplace_back(std::move(take));
+    return item;
+}
+
+Track& AddTrack(Project& project, const std::string& name) {
+    Track track;
+    track.name = name;
+    return project.tracks.Insert(project.tracks.Count(), std::move(track));
+}
+
+Item* FindItem(Project& project, const std::string& name) {
+    for (int i = 0; i < project.tracks.ItemCount(); ++i)
+        if (Item* item = project.tracks.ItemAt(i); item->Name() == name) return item;
+    return nullptr;
+}
+
+Track* FindTrack(Project& project, const std::string& name) {
+    for (int i = 0; i < project.tracks.Count(); ++i)
+        if (Track* track = project.tracks.At(i); track->name == name) return track;
+    return nullptr;
+}
+
+Marker* FindMarker(Project& project, int number, bool isRegion) {
+    for (Marker& marker : project.markers)
+        if (marker.number == number && marker.isRegion == isRegion) return &marker;
+    return nullptr;
+}
+
+void SortMarkers(Project& project) {
+    std::stable_sort(project.markers.begin(), project.markers.end(),
+                     [](const Marker& a, const Marker& b) { return Earlier(a.start, b.start); });
+}
+
+int AddMarker(Project& project, Marker marker, int wanted) {
+    marker.number = wanted >= 0 ? wanted : 1;
+    while (FindMarker(project, marker.number, marker.isRegion)) ++marker.number;
+    if (!marker.isRegion) marker.end = marker.start;
+    if (marker.end < marker.start) std::swap(marker.start, marker.end);
+    project.markers.push_back(marker);
+    SortMarkers(project);
+    return marker.number;
+}
+
+Item* Split(Project& project, Item& item, double time, double crossfade) {
+    if (!(time > item.position && time < item.End())) return nullptr;
+    Item right = item;
+    right.guid = 0;
+    right.selected = false;
+    right.position = std::max(item.position, time - crossfade);
+    right.length = item.End() - right.position;
+    right.snapOffset = 0;
+    right.fadeIn = 0;
+    right.autoFadeIn = crossfade > 0 ? crossfade : -1;
+    for (Box<Take>& take : right.takes) take->startOffset += (right.position - item.position) * take->playRate;
+    item.length = time - item.position;
+    item.fadeOut = 0;
+    item.autoFadeOut = right.autoFadeIn;
+    return &project.tracks.Add(*item.track, std::move(right));
+}
+
+double ProjectEnd(const Project& project) {
+    double end = 0;
+    for (const Box<Track>& track : project.tracks.All())
+        for (const Box<Item>& item : track->items) end = std::max(end, item->End());
+    for (const Marker& marker : project.markers) end = std::max(end, marker.end);
+    return end;
+}
+
+}  // namespace simhost

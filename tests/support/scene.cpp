@@ -1,1 +1,172 @@
-namespace {}
+#include "tests/support/scene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <random>
+#include <stdexcept>
+
+#include "host/entry.h"
+
+using simhost::Host;
+
+// A folder of the process's own, for a user whose name has an accent.
+static std::filesystem::path PastaDeRecursos() {
+    static const std::filesystem::path pasta =
+        std::filesystem::temp_directory_path() /
+        std::filesystem::path(u8"quilmo João " + std::u8string(reinterpret_cast<const char8_t*>(
+                                                     std::to_string(std::random_device{}()).c_str())));
+    return pasta;
+}
+
+Cena::Cena() {
+    std::filesystem::create_directories(PastaDeRecursos());
+    host.resourcePath = reinterpret_cast<const char*>(PastaDeRecursos().u8string().c_str());
+}
+
+Cena::~Cena() {
+    std::error_code semErro;
+    std::filesystem::remove_all(PastaDeRecursos(), semErro);
+}
+
+void Cena::SetUp() {
+    ASSERT_EQ(ReaperPluginEntry(nullptr, host.Record()), 1);
+}
+
+void Cena::TearDown() {
+    ReaperPluginEntry(nullptr, nullptr);
+    EXPECT_TRUE(host.Check()) << host.FirstViolation() << " (" << host.ViolationCount() << " in all)";
+}
+
+MediaTrack* Faixa(const std::string& nome, const std::vector<ItemDeCena>& itens) {
+    MediaTrack* faixa = Host::Handle(AddTrack(Host::Current().project, nome));
+    for (const ItemDeCena& item : itens) NovoItem(faixa, item);
+    return faixa;
+}
+
+MediaItem* NovoItem(MediaTrack* faixa, const ItemDeCena& item) {
+    simhost::SourceRef fonte = item.fonte;
+    if (!fonte) fonte = simhost::Sine(48000, 2, std::llround((item.fim - item.inicio) * 48000), 440, 0.5);
+    return Host::Handle(
+        Host::Current().project.tracks.Add(Dados(faixa), simhost::MakeItem(item.nome, item.inicio, item.fim, fonte)));
+}
+
+MediaTrack* FaixaChamada(const std::string& nome) {
+    simhost::Track* faixa = FindTrack(Host::Current().project, nome);
+    return faixa ? Host::Handle(*faixa) : nullptr;
+}
+
+MediaItem* ItemChamado(const std::string& nome) {
+    simhost::Item* item = FindItem(Host::Current().project, nome);
+    return item ? Host::Handle(*item) : nullptr;
+}
+
+template <class Coisa>
+static Coisa& Conhecida(Coisa* coisa) {
+    if (!coisa) throw std::runtime_error("the scene has no such thing");
+    return *coisa;
+}
+
+simhost::Item& Dados(MediaItem* item) {
+    return Conhecida(Host::Current().Know(item));
+}
+
+simhost::Track& Dados(MediaTrack* faixa) {
+    return Conhecida(Host::Current().Know(faixa));
+}
+
+void Selecionar(std::initializer_list<std::string> nomes) {
+    simhost::TrackList& faixas = Host::Current().project.tracks;
+    for (int i = 0; i < faixas.ItemCount(); ++i) {
+        simhost::Item& item = *faixas.ItemAt(i);
+        faixas.Select(item, std::find(nomes.begin(), nomes.end(), item.Name()) != nomes.end());
+    }
+}
+
+void SelecionarFaixas(std::initializer_list<std::string> nomes) {
+    simhost::TrackList& faixas = Host::Current().project.tracks;
+    for (int i = 0; i < faixas.Count(); ++i)
+        faixas.At(i)->selected = std::find(nomes.begin(), nomes.end(), faixas.At(i)->name) != nomes.end();
+}
+
+void Cursor(double segundos) {
+    Host::Current().project.cursor = segundos;
+}
+
+void SelecaoDeTempo(double inicio, double fim) {
+    Host::Current().project.timeSelection = {inicio, fim};
+}
+
+void Regiao(const std::string& nome, double inicio, double fim) {
+    AddMarker(Host::Current().project, {true, inicio, fim, nome}, -1);
+}
+
+void Marcador(const std::string& nome, double tempo) {
+    AddMarker(Host::Current().project, {false, tempo, tempo, nome}, -1);
+}
+
+void ResponderMensagem(int resposta) {
+    Host::Current().messageAnswers.push_back(resposta);
+}
+
+void ResponderTexto(const std::string& texto) {
+    Host::Current().inputAnswers.push_back(texto);
+}
+
+void CancelarTexto() {
+    Host::Current().inputAnswers.push_back(std::nullopt);
+}
+
+std::string Retrato() {
+    return Picture(Host::Current());
+}
+
+std::string RetratoCompleto() {
+    return Picture(Host::Current(), simhost::Show::Everything);
+}
+
+// What `dizer` says of each, parted by `entre`.
+template <class Lista, class Dizer>
+static std::string Juntar(const Lista& lista, const char* entre, Dizer dizer) {
+    std::string texto;
+    for (const auto& um : lista) texto += (texto.empty() ? "" : entre) + dizer(um);
+    return texto;
+}
+
+std::string Selecionados() {
+    simhost::TrackList& faixas = Host::Current().project.tracks;
+    std::vector<std::string> nomes;
+    for (int i = 0; i < faixas.SelectedCount(); ++i) nomes.push_back(faixas.SelectedAt(i)->Name());
+    return Juntar(nomes, ", ", [](const std::string& nome) { return nome; });
+}
+
+std::string FaixasSelecionadas() {
+    std::vector<std::string> nomes;
+    for (const auto& faixa : Host::Current().project.tracks.All())
+        if (faixa->selected) nomes.push_back(faixa->name);
+    return Juntar(nomes, ", ", [](const std::string& nome) { return nome; });
+}
+
+std::string UltimoDesfazer() {
+    const char* titulo = Host::Current().UndoTitle();
+    return titulo ? titulo : "";
+}
+
+std::string Historico() {
+    return Juntar(Host::Current().UndoHistory(), " | ", [](const simhost::UndoPoint& p) { return p.title; });
+}
+
+std::string Mensagens() {
+    return Juntar(Host::Current().messages, " | ", [](const auto& m) { return m.title + ": " + m.text; });
+}
+
+std::string Acoes() {
+    return Juntar(Host::Current().actionsRun, " ", [](int numero) { return std::to_string(numero); });
+}
+
+void EsperarViolacao(const std::string& parte) {
+    Host& host = Host::Current();
+    EXPECT_NE(host.FirstViolation().find(parte), std::string::npos)
+        << (host.ViolationCount() ? host.FirstViolation() : "there was no violation");
+    host.ForgetViolations();
+}

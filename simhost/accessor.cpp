@@ -1,0 +1,58 @@
+#include "simhost/accessor.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "simhost/calls.h"
+#include "simhost/sound.h"
+
+namespace simhost {
+
+AudioAccessor* api::CreateTakeAudioAccessor(MediaItem_Take* handle) {
+    Host& host = Host::Current();
+    Take* take = host.Know(handle);
+    if (!take || !take->source) return nullptr;
+    Accessor accessor{*take, handle, host.accessorStart, take->item->length, {}};
+    accessor.take.item = nullptr;  // the item may go before the accessor
+    host.accessors.push_back(std::make_unique<Accessor>(accessor));
+    Accessor& kept = *host.accessors.back();
+    return static_cast<AudioAccessor*>(kept.identity.Handle(Kind::Accessor, &kept));
+}
+
+void api::DestroyAudioAccessor(AudioAccessor* handle) {
+    Host& host = Host::Current();
+    const void* accessor = host.Owner(handle, Kind::Accessor);
+    std::erase_if(host.accessors, [accessor](const auto& a) { return a.get() == accessor; });
+}
+
+double api::GetAudioAccessorStartTime(AudioAccessor* handle) {
+    const auto* accessor = static_cast<Accessor*>(Host::Current().Owner(handle, Kind::Accessor));
+    return accessor ? accessor->start : 0.0;
+}
+
+// Where there is nothing to read, the buffer stays as it was: the caller must not take it for silence.
+int api::GetAudioAccessorSamples(AudioAccessor* handle, int rate, int channels, double startSeconds, int frames,
+                                 double* interleaved) {
+    Host& host = Host::Current();
+    const auto* accessor = static_cast<Accessor*>(host.Owner(handle, Kind::Accessor));
+    if (!accessor) return -1;
+    if (rate <= 0 || channels <= 0 || frames <= 0 || !interleaved) {
+        host.Violate("rate, channels and frames must be above 0, and the buffer not null");
+        return -1;
+    }
+    if (!OwnerOf(accessor->takeHandle, Kind::Take, nullptr)) {
+        host.Violate("the accessor's take is gone");
+        return -1;
+    }
+    const double start = startSeconds - accessor->start;
+    const double left = std::ceil((accessor->length - start) * rate - 1e-3);  // frames up to the item's end
+    if (accessor->take.source->IsMidi() || !(left > 0) || !(start + static_cast<double>(frames) / rate > 0)) return 0;
+    if (!ReadTake(accessor->take, rate, channels, start, frames, interleaved)) return -1;
+    if (left < frames)
+        std::fill(interleaved + static_cast<int64_t>(left) * channels,
+                  interleaved + static_cast<int64_t>(frames) * channels, 0.0);
+    if (host.onRead) host.onRead(frames);
+    return 1;
+}
+
+}  // namespace simhost

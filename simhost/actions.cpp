@@ -1,0 +1,157 @@
+#include "simhost/actions.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "simhost/calls.h"
+
+namespace simhost {
+
+static void CursorToStart(Host& host) {
+    host.project.cursor = 0;
+}
+
+static void CursorToEnd(Host& host) {
+    host.project.cursor = ProjectEnd(host.project);
+}
+
+static void RemoveTimeSelection(Host& host) {
+    host.project.timeSelection = host.project.loop = {};
+}
+
+static void UnselectTracks(Host& host) {
+    for (int i = 0; i < host.project.tracks.Count(); ++i) host.project.tracks.At(i)->selected = false;
+}
+
+static void ZoomToItems(Host& host) {
+    if (host.toggles[41622] == 0) {
+        host.project.view = host.viewBeforeZoom;
+        return;
+    }
+    host.viewBeforeZoom = host.project.view;
+    TrackList& tracks = host.project.tracks;
+    if (tracks.SelectedCount() == 0) return;
+    TimeRange& view = host.project.view = {tracks.SelectedAt(0)->position, tracks.SelectedAt(0)->End()};
+    for (int i = 1; i < tracks.SelectedCount(); ++i) {
+        view.start = std::min(view.start, tracks.SelectedAt(i)->position);
+        view.end = std::max(view.end, tracks.SelectedAt(i)->End());
+    }
+}
+
+static void ScaleView(TimeRange& view, double factor) {
+    const double middle = (view.start + view.end) / 2, half = (view.end - view.start) / 2 * factor;
+    view = {std::max(0.0, middle - half), middle + half};
+}
+
+static void ZoomOut(Host& host) {
+    ScaleView(host.project.view, 2);
+}
+
+static void ZoomIn(Host& host) {
+    ScaleView(host.project.view, 0.5);
+}
+
+template <int number>
+static void RenderProject(Host& host) {
+    if (host.onRender) host.onRender(number);
+}
+
+static const Action Actions[] = {
+    {1007, "Play", Play, false, false},
+    {1016, "Stop", Stop, false, false},
+    {1013, "Record", Record, false, false},
+    {40073, "Play/pause", PlayPause, false, false},
+    {40044, "Play/stop", PlayStop, false, false},
+    {40328, "Play/stop, moving the cursor", PlayStopMovingCursor, false, false},
+    {40042, "Go to start of project", CursorToStart, false, false},
+    {40043, "Go to end of project", CursorToEnd, false, false},
+    {40020, "Remove time selection", RemoveTimeSelection, false, false},
+    {40297, "Unselect all tracks", UnselectTracks, false, false},
+    {40697, "Remove items", RemoveByFocus, true, false},
+    {41305, "Trim left edge of items", TrimLeftEdge, true, false},
+    {41311, "Trim right edge of items", TrimRightEdge, true, false},
+    {40362, "Glue items", Glue, true, false},
+    {41588, "Glue items", Glue, true, false},
+    {41993, "Render items to new stereo take", RenderStereoTake, true, false},
+    {40361, "Render items to new mono take", RenderMonoTake, true, false},
+    {40435, "Show all takes in lanes", nullptr, false, true},
+    {40693, "Toggle take volume envelope", ToggleVolumeEnvelope, true, false},
+    {41622, "Zoom to selected items", ZoomToItems, false, true},
+    {1011, "Zoom out horizontally", ZoomOut, false, false},
+    {1012, "Zoom in horizontally", ZoomIn, false, false},
+    {40111, "Zoom in vertically", nullptr, false, false},
+    {40112, "Zoom out vertically", nullptr, false, false},
+    {41295, "Duplicate items", DuplicateItems, true, false},
+    {40062, "Duplicate tracks", DuplicateTracks, true, false},
+    {40129, "Delete active take", DeleteActiveTake, true, false},
+    {50124, "Media explorer", nullptr, false, false},
+    {40015, "Render dialog", nullptr, false, false},
+    {42411, "Open render output", nullptr, false, false},
+    {42230, "Render project, closing the window", RenderProject<42230>, false, false},
+    {41824, "Render project", RenderProject<41824>, false, false},
+    {40753, "Disable snapping", nullptr, false, false},
+    {40145, "Toggle grid lines", nullptr, false, true},
+    {1161, "1161", nullptr, false, true},
+    {1162, "1162", nullptr, false, false},
+};
+
+const Action* FindAction(int number) {
+    for (const Action& action : Actions)
+        if (action.number == number) return &action;
+    return nullptr;
+}
+
+bool Host::RunAction(const std::string& idText) {
+    const int number = ActionNumber(idText);
+    if (!number) return false;
+    actionsRun.push_back(number);
+    return RunRegistered(number);
+}
+
+// A hook may run actions itself, or register more, so the list is walked by index.
+bool Host::RunRegistered(int number) {
+    for (size_t i = 0; i < registrations.size(); ++i) {
+        if (registrations[i].name != "hookcommand2") continue;
+        using Hook = bool (*)(KbdSectionInfo*, int, int, int, int, HWND);
+        if (reinterpret_cast<Hook>(registrations[i].info)(nullptr, number, 0, 0, 0, mainWindow)) return true;
+    }
+    return false;
+}
+
+void Host::RunAction(int number) {
+    actionsRun.push_back(number);
+    if (const Action* action = FindAction(number)) {
+        if (action->toggles) toggles[number] ^= 1;
+        if (!action->run) return;
+        if (action->edits) BeginBlock();
+        action->run(*this);
+        if (action->edits) EndBlock(action->name, -1);
+        return;
+    }
+    for (const Script& script : scripts)
+        if (script.number == number) {
+            const Script copy = script;  // it may take itself out
+            scriptsRun.push_back(copy);
+            if (scriptRunner) scriptRunner(copy);
+            return;
+        }
+    if (!RunRegistered(number)) Violate("there is no action " + std::to_string(number));
+}
+
+void api::Main_OnCommand(int command, int) {
+    Host::Current().RunAction(command);
+}
+
+int api::GetToggleCommandState(int command) {
+    Host& host = Host::Current();
+    if (command == 1013) return host.playState & 4 ? 1 : 0;
+    for (size_t i = 0; i < host.registrations.size(); ++i) {
+        if (host.registrations[i].name != "toggleaction") continue;
+        const int state = reinterpret_cast<int (*)(int)>(host.registrations[i].info)(command);
+        if (state != -1) return state;
+    }
+    const auto found = host.toggles.find(command);
+    return found == host.toggles.end() ? -1 : found->second;
+}
+
+}  // namespace simhost

@@ -1,0 +1,71 @@
+// simhost/gap_list.h
+// A list with its spare room kept where it was last changed: inserting and removing near there costs nothing that grows
+// with the list, and any element is reached by its index at once. Cutting an item into thousands of pieces stays
+// linear.
+#pragma once
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+namespace simhost {
+
+template <class T>
+class GapList {
+  public:
+    GapList() = default;
+    GapList(GapList&& other) noexcept { *this = std::move(other); }
+    GapList& operator=(GapList&& other) noexcept {
+        before_ = std::move(other.before_);
+        after_ = std::move(other.after_);
+        other.before_.clear();
+        other.after_.clear();
+        return *this;
+    }
+    GapList(const GapList&) = default;
+    GapList& operator=(const GapList&) = default;
+
+    size_t size() const { return before_.size() + after_.size(); }
+    bool empty() const { return size() == 0; }
+    T& operator[](size_t i) { return i < before_.size() ? before_[i] : after_[size() - 1 - i]; }
+    const T& operator[](size_t i) const { return i < before_.size() ? before_[i] : after_[size() - 1 - i]; }
+
+    void Insert(size_t index, T value) {
+        MoveGap(index);
+        before_.push_back(std::move(value));
+    }
+    T Remove(size_t index) {
+        MoveGap(index + 1);
+        T value = std::move(before_.back());
+        before_.pop_back();
+        return value;
+    }
+
+    // Range for, in order.
+    template <class List>
+    struct Place {
+        List* list;
+        size_t index;
+        decltype(auto) operator*() const { return (*list)[index]; }
+        Place& operator++() {
+            ++index;
+            return *this;
+        }
+        bool operator!=(const Place& other) const { return index != other.index; }
+    };
+    Place<GapList> begin() { return {this, 0}; }
+    Place<GapList> end() { return {this, size()}; }
+    Place<const GapList> begin() const { return {this, 0}; }
+    Place<const GapList> end() const { return {this, size()}; }
+
+  private:
+    void MoveGap(size_t index) {
+        for (; before_.size() > index; before_.pop_back()) after_.push_back(std::move(before_.back()));
+        for (; before_.size() < index; after_.pop_back()) before_.push_back(std::move(after_.back()));
+    }
+
+    std::vector<T> before_;  // in order
+    std::vector<T> after_;   // backwards
+};
+
+}  // namespace simhost

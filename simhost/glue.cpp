@@ -1,0 +1,92 @@
+// Actions that make audio: they render what items sound like into new sources.
+#include <algorithm>
+#include <cmath>
+
+#include "simhost/actions.h"
+#include "simhost/sound.h"
+
+namespace simhost {
+
+static SourceRef Keep(Host& host, int rate, int channels, std::vector<double> samples) {
+    return host.keepRendered ? host.keepRendered(rate, channels, std::move(samples))
+                             : Memory(rate, channels, std::move(samples));
+}
+
+static size_t FramesIn(double seconds, int rate) {
+    return static_cast<size_t>(std::clamp(std::ceil(seconds * rate - 1e-6), 0.0, 1e9));
+}
+
+static bool HasAudio(const Item& item) {
+    const Take* take = item.Active();
+    return take && take->source && !take->source->IsMidi();
+}
+
+// One new item over the whole stretch of these, at the first audio's rate and the most channels of any. Items without
+// audio count as gaps; without any audio at all the items stay as they are.
+static void GlueOnTrack(Host& host, const std::vector<Item*>& items) {
+    int rate = 0, channels = 1;
+    double start = items[0]->position, end = items[0]->End();
+    for (const Item* item : items) {
+        start = std::min(start, item->position);
+        end = std::max(end, item->End());
+        if (!HasAudio(*item)) continue;
+        if (!rate) rate = item->Active()->source->SampleRate();
+        channels = std::max(channels, item->Active()->source->Channels());
+    }
+    if (rate <= 0) return;
+    const size_t frames = FramesIn(end - start, rate);
+    std::vector<double> mix(frames * channels);
+    for (const Item* item : items) MixItem(*item, rate, channels, start, static_cast<int>(frames), mix.data());
+
+    Track& track = *items[0]->track;
+    Item glued = MakeItem(items[0]->Name() + "-glued", start, end, Keep(host, rate, channels, std::move(mix)));
+    glued.selected = true;
+    for (Item* item : items) host.project.tracks.Remove(*item);
+    host.project.tracks.Add(track, std::move(glued));
+}
+
+void Glue(Host& host) {
+    TrackList& tracks = host.project.tracks;
+    for (int t = 0; t < tracks.Count(); ++t) {
+        std::vector<Item*> items;
+        for (Box<Item>& item : tracks.At(t)->items)
+            if (item->selected && item->lock == 0) items.push_back(&*item);
+        if (!items.empty()) GlueOnTrack(host, items);
+    }
+}
+
+// The active take as it sounds before the item's volume and fades, as a new take behind the others, which becomes the
+// active one.
+static void RenderTakes(Host& host, int channels) {
+    for (int i = 0; i < host.project.tracks.SelectedCount(); ++i) {
+        Item& item = *host.project.tracks.SelectedAt(i);
+        if (!HasAudio(item) || item.lock != 0) continue;
+        const Take& active = *item.Active();
+        const int rate = active.source->SampleRate(), wide = std::max(channels, active.source->Channels());
+        const size_t frames = FramesIn(item.length, rate);
+        std::vector<double> samples(frames * wide), narrow(frames * channels);
+        ReadTake(active, rate, wide, 0, static_cast<int>(frames), samples.data());
+        for (size_t f = 0; f < frames; ++f)
+            for (int c = 0; c < wide; ++c)  // mono is the mean of all channels; stereo drops those beyond the second
+                if (channels == 1)
+                    narrow[f] += active.volume * samples[f * wide + c] / wide;
+                else if (c < channels)
+                    narrow[f * channels + c] = active.volume * samples[f * wide + c];
+        Take take;
+        take.name = active.name + "-render";
+        take.source = Keep(host, rate, channels, std::move(narrow));
+        take.item = &item;
+        item.takes.emplace_back(std::move(take));
+        item.activeTake = static_cast<int>(item.takes.size()) - 1;
+    }
+}
+
+void RenderStereoTake(Host& host) {
+    RenderTakes(host, 2);
+}
+
+void RenderMonoTake(Host& host) {
+    RenderTakes(host, 1);
+}
+
+}  // namespace simhost

@@ -1,0 +1,154 @@
+// simhost/project.h
+// The project as plain values: copying a Project copies everything but the audio, which is shared. Times are seconds.
+// Fields that callers read and write by key are doubles, as they cross the interface; what the keys are is in
+// fields.cpp. Tracks and items have addresses that last as long as they do. Order and selection are kept by TrackList,
+// so items are added, moved and selected through it and not by writing to their fields.
+#pragma once
+#include <map>
+#include <string>
+#include <vector>
+
+#include "simhost/box.h"
+#include "simhost/gap_list.h"
+#include "simhost/handles.h"
+#include "simhost/source.h"
+
+namespace simhost {
+
+struct Item;
+struct Track;
+
+struct Take {
+    std::string name;
+    SourceRef source;        // null: a take without a source
+    double startOffset = 0;  // seconds into the source, at the source's own rate
+    double playRate = 1;
+    double volume = 1, pan = 0, pitch = 0;
+    double preservePitch = 1, channelMode = 0, colour = 0;
+    bool volumeEnvelope = false;
+
+    Item* item = nullptr;  // whose it is
+    Identity identity, sourceIdentity;
+};
+
+struct Item {
+    double position = 0, length = 0;  // position: TrackList::Reposition
+    double snapOffset = 0, volume = 1;
+    double fadeIn = 0, fadeOut = 0;
+    double autoFadeIn = -1, autoFadeOut = -1;  // -1: none; else they count instead of the two above
+    double fadeInDir = 0, fadeOutDir = 0, fadeInShape = 0, fadeOutShape = 0;
+    double mute = 0, lock = 0, loopSource = 0, allTakesPlay = 0;
+    double colour = 0, group = 0;
+    bool selected = false;  // TrackList::Select
+    int activeTake = 0;
+    std::vector<Box<Take>> takes;  // none: an item without a take
+    std::string label;             // the name of an item without a take
+
+    Track* track = nullptr;  // whose it is
+    uint64_t guid = 0;       // the same item before and after an undo
+    Identity identity;
+
+    double End() const { return position + length; }
+    Take* Active();  // null without a take
+    const Take* Active() const;
+    const std::string& Name() const;  // the active take's, or the label
+};
+
+struct Track {
+    std::string name;
+    bool selected = false;
+    double mute = 0, solo = 0, armed = 0, fxEnabled = 1;
+    double volume = 1, pan = 0, colour = 0, height = 0, folderDepth = 0;
+    double channels = 2, recordInput = 0, recordMonitor = 0;
+    GapList<Box<Item>> items;  // by position, equal ones as they came
+
+    int index = 0;
+    bool unsorted = false;  // an item has moved and the order waits for TrackList::Sort
+    uint64_t guid = 0;
+    Identity identity;
+};
+
+class TrackList {
+  public:
+    TrackList() = default;
+    TrackList(const TrackList& other);
+    TrackList(TrackList&&) = default;
+    TrackList& operator=(TrackList other) noexcept;
+
+    const std::vector<Box<Track>>& All() const { return tracks_; }
+    int Count() const { return static_cast<int>(tracks_.size()); }
+    Track* At(int index);                   // null outside
+    Track& Insert(int index, Track track);  // index held to 0..Count()
+    void Remove(Track& track);
+    void MoveSelectedBefore(int index);
+
+    // Over all tracks, in their order. Each answers at once as long as nothing changed since the last question.
+    int ItemCount() const { return itemCount_; }
+    Item* ItemAt(int index);
+    int SelectedCount() const { return selectedCount_; }
+    Item* SelectedAt(int index);
+
+    Item& Add(Track& track, Item item);  // gets a new guid if it has none
+    void Remove(Item& item);             // the item is gone
+    void MoveTo(Item& item, Track& track);
+    void Reposition(Item& item, double position, bool sortNow = true);
+    void Select(Item& item, bool selected);
+    void SelectAll(bool selected);
+    void Sort();  // what Reposition left unsorted
+
+  private:
+    void Renumber();
+    void Changed() { itemsFresh_ = selectedFresh_ = false; }
+    Box<Item> Detach(Item& item);
+    Item& Attach(Track& track, Box<Item> item);
+    static size_t IndexOf(const Item& item);
+
+    std::vector<Box<Track>> tracks_;
+    int itemCount_ = 0, selectedCount_ = 0;
+    std::vector<Item*> items_, selected_;  // answers kept for ItemAt and SelectedAt
+    bool itemsFresh_ = false, selectedFresh_ = false;
+};
+
+struct Marker {
+    bool isRegion = false;
+    double start = 0, end = 0;  // a plain marker has both the same
+    std::string name;
+    int number = 0;  // markers and regions are numbered apart
+    int colour = 0;  // 0: the default
+};
+
+struct TimeRange {
+    double start = 0, end = 0;
+    bool operator==(const TimeRange&) const = default;
+};
+
+struct Project {
+    // What an undo point holds.
+    TrackList tracks;
+    std::vector<Marker> markers;  // by start, equal ones as they came
+
+    // What undo leaves as it is.
+    TimeRange timeSelection, loop, view{0, 60};
+    double cursor = 0;
+    std::string path;                          // empty: not saved yet
+    std::map<std::string, double> numbers;     // RENDER_SRATE and its kin
+    std::map<std::string, std::string> texts;  // RENDER_FILE and its kin
+};
+
+// A take of the source's whole length; an item that plays it, ready for TrackList::Add.
+Item MakeItem(const std::string& name, double start, double end, SourceRef source);
+Track& AddTrack(Project& project, const std::string& name);  // behind the last
+Item* FindItem(Project& project, const std::string& name);   // the first of that name, or null
+Track* FindTrack(Project& project, const std::string& name);
+
+// The number given, which is `wanted` if that is free.
+int AddMarker(Project& project, Marker marker, int wanted);
+Marker* FindMarker(Project& project, int number, bool isRegion);
+void SortMarkers(Project& project);
+
+// Cuts at a time inside the item: it keeps the left part and loses its fade-out; the right part, unselected, is
+// returned. Null when the time is not inside. A crossfade above 0 lets the right part start that much earlier.
+Item* Split(Project& project, Item& item, double time, double crossfade = 0);
+double ProjectEnd(const Project& project);  // the last end of an item or region
+
+}  // namespace simhost

@@ -1,0 +1,58 @@
+// tests/support/scene.h
+// A scene on the stand-in host, with the module loaded into it through its entry as the host would. A test derives its
+// fixture from Cena, sets tracks and items, runs one thing, and compares one picture. Any violation fails the test.
+#pragma once
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "host/api.h"
+#include "simhost/host.h"
+#include "simhost/picture.h"
+
+struct ItemDeCena {
+    std::string nome;
+    double inicio, fim;
+    simhost::SourceRef fonte = nullptr;  // null: a stereo tone at 48000 Hz, as long as the item
+};
+
+class Cena : public testing::Test {
+  protected:
+    Cena();
+    ~Cena() override;
+    void SetUp() override;     // loads the module
+    void TearDown() override;  // unloads it; fails the test on a violation, or on what was left open
+
+    simhost::Host host;
+};
+
+// All on the host that lives. Names need not be unique: a name means the first of that name, and to Selecionar all.
+MediaTrack* Faixa(const std::string& nome, const std::vector<ItemDeCena>& itens = {});  // behind the last
+MediaItem* NovoItem(MediaTrack* faixa, const ItemDeCena& item);
+MediaTrack* FaixaChamada(const std::string& nome);  // null when there is none, like the next
+MediaItem* ItemChamado(const std::string& nome);
+simhost::Item& Dados(MediaItem* item);  // for setting up what callers cannot set
+simhost::Track& Dados(MediaTrack* faixa);
+void Selecionar(std::initializer_list<std::string> nomes);  // these items and no others
+void SelecionarFaixas(std::initializer_list<std::string> nomes);
+void Cursor(double segundos);
+void SelecaoDeTempo(double inicio, double fim);
+void Regiao(const std::string& nome, double inicio, double fim);
+void Marcador(const std::string& nome, double tempo);
+void ResponderMensagem(int resposta);  // to the next message box without an answer yet: 6 yes, 7 no
+void ResponderTexto(const std::string& texto);
+void CancelarTexto();
+
+std::string Retrato();             // simhost/picture.h: what undo covers
+std::string RetratoCompleto();     // selection, cursor, time selection, view and play state too
+std::string Selecionados();        // "A, B", in the host's order
+std::string FaixasSelecionadas();  // likewise
+std::string UltimoDesfazer();      // the topmost undo point's title; empty when there is none
+std::string Historico();           // all of them, oldest first: "um | dois"
+std::string Mensagens();           // message boxes shown: "Erro: texto | Aviso: texto"
+std::string Acoes();               // numbers of the actions run: "40297 40020"
+
+// The expected violation, by a part of its sentence, has happened; it no longer fails the test.
+void EsperarViolacao(const std::string& parte);
