@@ -3,7 +3,9 @@
 #include <emmintrin.h>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <memory>
 #include <new>
@@ -49,8 +51,8 @@ struct Varredura {
     std::vector<TrechoSom> trechos = {};
 };
 
-// The read buffer starts at a page: a host that reads a file straight into it is then several times as fast.
-constexpr std::align_val_t AlinhamentoBuffer{4096};
+// The read buffer starts where a cache line does: copies into it, the system's own above all, are then at full speed.
+constexpr std::align_val_t AlinhamentoBuffer{64};
 struct LiberarBuffer {
     void operator()(double* buffer) const { ::operator delete[](buffer, AlinhamentoBuffer); }
 };
@@ -79,24 +81,31 @@ JanelaPico JanelaVazia(double limiar) {
     return {.soa = 0.0 >= limiar};
 }
 
-// Whether any sample's absolute value is at or above the threshold, which is the same as asking it of the largest. The
-// comparison is false when either side is not a number, so such a sample never sounds, as it never raises a peak.
+// The upper halves of four samples' absolute values.
+__m128i MetadesAltas(const double* amostras) {
+    const __m128 primeiras = _mm_castpd_ps(_mm_loadu_pd(amostras));
+    const __m128 seguintes = _mm_castpd_ps(_mm_loadu_pd(amostras + 2));
+    const __m128i altas = _mm_castps_si128(_mm_shuffle_ps(primeiras, seguintes, _MM_SHUFFLE(3, 1, 3, 1)));
+    return _mm_and_si128(altas, _mm_set1_epi32(0x7fffffff));
+}
+
+// Whether any sample's absolute value reaches the threshold, which is above 0: the same as asking it of the largest,
+// since what is not a number neither reaches a threshold nor raises a peak. Bits without a sign order as the numbers
+// do, so a block whose upper halves are all below the threshold's cannot reach it; any other block is asked sample by
+// sample.
 bool AlgumaAlcanca(const double* amostras, size_t quantas, double limiar) {
-    const __m128d sinal = _mm_set1_pd(-0.0);
-    const __m128d alvo = _mm_set1_pd(limiar);
-    const auto alcanca = [&](const double* par) { return _mm_cmpge_pd(_mm_andnot_pd(sinal, _mm_loadu_pd(par)), alvo); };
+    const auto alcanca = [limiar](double amostra) { return std::fabs(amostra) >= limiar; };
+    const int metadeLimiar = static_cast<int>(std::bit_cast<int64_t>(limiar) >> 32);
+    const __m128i abaixo = _mm_set1_epi32(metadeLimiar - 1);
+    const auto chegaPerto = [abaixo](const double* quatro) { return _mm_cmpgt_epi32(MetadesAltas(quatro), abaixo); };
     size_t i = 0;
     for (; i + 16 <= quantas; i += 16) {
-        const double* a = amostras + i;
-        const __m128d p0 = _mm_or_pd(alcanca(a), alcanca(a + 2));
-        const __m128d p1 = _mm_or_pd(alcanca(a + 4), alcanca(a + 6));
-        const __m128d p2 = _mm_or_pd(alcanca(a + 8), alcanca(a + 10));
-        const __m128d p3 = _mm_or_pd(alcanca(a + 12), alcanca(a + 14));
-        if (_mm_movemask_pd(_mm_or_pd(_mm_or_pd(p0, p1), _mm_or_pd(p2, p3)))) return true;
+        const double* bloco = amostras + i;
+        const __m128i a = _mm_or_si128(chegaPerto(bloco), chegaPerto(bloco + 4));
+        const __m128i b = _mm_or_si128(chegaPerto(bloco + 8), chegaPerto(bloco + 12));
+        if (_mm_movemask_epi8(_mm_or_si128(a, b)) && std::any_of(bloco, bloco + 16, alcanca)) return true;
     }
-    for (; i < quantas; ++i)
-        if (std::fabs(amostras[i]) >= limiar) return true;
-    return false;
+    return std::any_of(amostras + i, amostras + quantas, alcanca);
 }
 
 void FecharTrechoSom(Varredura& v) {

@@ -1,0 +1,71 @@
+// tests/slicer/plain_analysis.h
+// What the silence analysis must find, said frame by frame and without any haste. The tests compare the module's scan
+// with it, and the benchmarks time it.
+#pragma once
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+struct PlainAnalysis {
+    double threshold;
+    int channels;
+    int window;
+    int block;
+
+    double peak = 0.0;
+    int count = 0, windowStart = 0;
+    int runStart = -1, runEnd = -1, silent = 0;
+    std::vector<std::pair<int, int>> runs = {};
+
+    PlainAnalysis(double linearThreshold, int rate, int channelCount, double blockSeconds)
+        : threshold(linearThreshold),
+          channels(channelCount),
+          window(std::max(1, static_cast<int>(rate * 0.01))),
+          block(std::max(1, static_cast<int>(std::ceil(blockSeconds * rate)))) {}
+
+    void Frame(const double* samples, int number) {
+        if (count == 0) windowStart = number;
+        for (int c = 0; c < channels; ++c) {
+            const double size = std::fabs(samples[c]);
+            if (size > peak) peak = size;
+        }
+        if (++count == window) CloseWindow(number + 1);
+    }
+
+    void CloseWindow(int end) {
+        if (peak >= threshold) {
+            if (runStart < 0) runStart = windowStart;
+            runEnd = end;
+            silent = 0;
+        } else if (runStart >= 0) {
+            silent += end - windowStart;
+            if (silent >= block) {
+                runs.emplace_back(runStart, runEnd);
+                runStart = -1;
+                silent = 0;
+            }
+        }
+        peak = 0.0;
+        count = 0;
+    }
+
+    void Finish(int frames) {
+        if (count > 0) CloseWindow(frames);
+        if (runStart >= 0) runs.emplace_back(runStart, runEnd);
+    }
+
+    std::vector<std::pair<double, double>> Silence(int frames, int rate) const {
+        std::vector<std::pair<double, double>> spans;
+        if (runs.empty()) return spans;
+        std::vector<std::pair<int, int>> edges = runs;
+        edges.emplace_back(frames, frames);
+        int previous = 0;
+        for (const auto& [start, end] : edges) {
+            const double from = previous / static_cast<double>(rate), to = start / static_cast<double>(rate);
+            if (start > previous && to - from > 0.001) spans.emplace_back(from, to);
+            previous = end;
+        }
+        return spans;
+    }
+};
