@@ -1,0 +1,20 @@
+// apps/fatiar/plugin.h
+// The module as a host loads it: found beside this program, entered once with the host's record, used only through what
+// it registered.
+#pragma once
+#include <string>
+
+#include "simhost/host.h"
+
+class Plugin {
+  public:
+    // False with one sentence in *error when there is no module, or it refuses this host. `host` must outlive the
+    // plugin.
+    bool Load(simhost::Host& host, std::string* error);
+    ~Plugin();
+
+    bool (*autoSplit)(bool closeGaps, int blockMs, double thresholdDb) = nullptr;  // on the selected items
+
+  private:
+    int (*entry_)(HINSTANCE, reaper_plugin_info_t*) = nullptr;
+};

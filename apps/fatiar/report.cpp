@@ -1,0 +1,121 @@
+#include "apps/fatiar/report.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+
+double Result::Kept() const {
+    double sum = 0;
+    for (const Piece& piece : pieces) sum += piece.length;
+    return sum;
+}
+
+std::string OnOneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < 32 || c == 127; }, '?');
+    return text;
+}
+
+// The shortest text that reads back as the same double.
+static std::string Exact(double value) {
+    char text[32];
+    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+}
+
+static std::string Formatted(const char* format, auto... values) {
+    char line[160];
+    std::snprintf(line, sizeof line, format, values...);
+    return line;
+}
+
+std::string AsTable(const std::vector<Result>& results) {
+    std::string text;
+    for (const Result& r : results) {
+        text += OnOneLine(r.input);
+        text +=
+            Formatted(": %.3f s, %d Hz, %d %s\n", r.length, r.rate, r.channels, r.channels == 1 ? "canal" : "canais");
+        text += "  pedaco     posicao     duracao   na origem\n";
+        int number = 0;
+        for (const Piece& p : r.pieces)
+            text += Formatted("  %6d %11.3f %11.3f %11.3f\n", ++number, p.position, p.length, p.source);
+        // A few frames may be left of a recording that is shorter than its own last frame; that is no silence.
+        const double removed = std::max(0.0, r.Removed());
+        text += Formatted("  retirado: %.3f s de silencio (%.1f%%); ", removed, 100 * removed / r.length);
+        text += Formatted("restam %.3f s em %zu %s\n", r.Kept(), r.pieces.size(),
+                          r.pieces.size() == 1 ? "pedaco" : "pedacos");
+        if (!r.output.empty()) text += "  gravado em " + OnOneLine(r.output) + "\n";
+    }
+    return text;
+}
+
+static std::string CsvField(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    std::string quoted = "\"";
+    for (char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + "\"";
+}
+
+std::string AsCsv(const std::vector<Result>& results) {
+    std::string text = "arquivo,pedaco,posicao,duracao,origem\n";
+    for (const Result& r : results) {
+        const std::string input = CsvField(r.input);
+        int number = 0;
+        for (const Piece& p : r.pieces)
+            text += input + ',' + std::to_string(++number) + ',' + Exact(p.position) + ',' + Exact(p.length) + ',' +
+                    Exact(p.source) + '\n';
+    }
+    return text;
+}
+
+// How many bytes the UTF-8 character at the start of the text takes; 0 when it is none.
+static size_t CharacterAt(std::string_view text) {
+    const auto byte = [text](size_t i) -> unsigned {
+        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
+    };
+    const unsigned first = byte(0);
+    if (first < 0x80) return 1;
+    const size_t size = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+    unsigned code = first & (0x7F >> size);
+    for (size_t i = 1; i < size; ++i) {
+        if ((byte(i) & 0xC0) != 0x80) return 0;
+        code = code << 6 | (byte(i) & 0x3F);
+    }
+    const unsigned least[] = {0, 0, 0x80, 0x800, 0x10000};
+    const bool surrogate = code >= 0xD800 && code < 0xE000;
+    return first >= 0xC0 && first < 0xF8 && code >= least[size] && code < 0x110000 && !surrogate ? size : 0;
+}
+
+// A file's name can hold any byte; JSON cannot, so what is no UTF-8 becomes the replacement character.
+static std::string JsonText(std::string_view text) {
+    std::string quoted = "\"";
+    while (!text.empty()) {
+        const unsigned char c = text[0];
+        const size_t size = CharacterAt(text);
+        if (size == 0)
+            quoted += "\\ufffd";
+        else if (c < 32)
+            quoted += Formatted("\\u%04x", c);
+        else
+            (c == '"' || c == '\\' ? quoted += '\\' : quoted).append(text.substr(0, size));
+        text.remove_prefix(std::max<size_t>(size, 1));
+    }
+    return quoted + "\"";
+}
+
+std::string AsJson(const std::vector<Result>& results, const Settings& settings) {
+    std::string text = "{\n  \"piso_db\": " + Exact(settings.thresholdDb) +
+                       ",\n  \"bloco_ms\": " + std::to_string(settings.blockMs) +
+                       ",\n  \"fechar\": " + (settings.closeGaps ? "true" : "false") + ",\n  \"arquivos\": [";
+    for (const Result& r : results) {
+        text += std::string(&r == &results[0] ? "" : ",") + "\n    {\n      \"arquivo\": " + JsonText(r.input) +
+                ",\n      \"saida\": " + (r.output.empty() ? "null" : JsonText(r.output)) +
+                ",\n      \"taxa\": " + std::to_string(r.rate) + ",\n      \"canais\": " + std::to_string(r.channels) +
+                ",\n      \"duracao\": " + Exact(r.length) + ",\n      \"retirado\": " + Exact(r.Removed()) +
+                ",\n      \"pedacos\": [";
+        for (const Piece& p : r.pieces)
+            text += std::string(&p == &r.pieces[0] ? "" : ",") + "\n        {\"posicao\": " + Exact(p.position) +
+                    ", \"duracao\": " + Exact(p.length) + ", \"origem\": " + Exact(p.source) + "}";
+        text += "\n      ]\n    }";
+    }
+    return text + "\n  ]\n}\n";
+}

@@ -1,0 +1,95 @@
+#include <fcntl.h>
+#include <sndfile.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "simhost/native/audio_file.h"
+
+namespace simhost {
+
+// In static memory, because a handler of signals may read it at any moment.
+static char unfinished[4096] = "";
+
+struct AudioWriter::State {
+    SNDFILE* file = nullptr;
+    std::string path;
+    int channels = 0;
+    std::vector<int> block;
+};
+
+const char* AudioWriter::UnfinishedPath() {
+    return unfinished;
+}
+
+std::unique_ptr<AudioWriter> AudioWriter::Create(const std::string& path, AudioFormat format, int rate, int channels,
+                                                 int64_t frames, std::string* error) {
+    const auto refuse = [&](const std::string& why) {
+        *error = "'" + path + "' nao pode ser gravado: " + why;
+        return nullptr;
+    };
+    SF_INFO info{};
+    info.samplerate = rate;
+    info.channels = channels;
+    const bool large = static_cast<double>(frames) * channels * 3 > 4.29e9;
+    info.format = SF_FORMAT_PCM_24 | (format == AudioFormat::Flac ? SF_FORMAT_FLAC
+                                      : large                     ? SF_FORMAT_RF64
+                                                                  : SF_FORMAT_WAV);
+    if (!sf_format_check(&info))
+        return refuse("o formato nao aceita " + std::to_string(channels) + " canais a " + std::to_string(rate) + " Hz");
+
+    const size_t slash = path.rfind('/');
+    const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
+    const std::string temporary = folder + "/.fatiar-" + std::to_string(getpid()) + ".tmp";
+    if (temporary.size() >= sizeof unfinished) return refuse("o caminho e longo demais");
+    const int descriptor = open(temporary.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (descriptor < 0) return refuse("a pasta nao existe ou nao aceita arquivos");
+    std::memcpy(unfinished, temporary.c_str(), temporary.size() + 1);
+
+    std::unique_ptr<AudioWriter> writer(new AudioWriter);
+    writer->state_ = std::make_unique<State>();
+    State& s = *writer->state_;
+    s.path = path;
+    s.channels = channels;
+    s.file = sf_open_fd(descriptor, SFM_WRITE, &info, true);
+    if (!s.file) return refuse("o formato nao aceita este audio");
+    return writer;
+}
+
+AudioWriter::~AudioWriter() {
+    if (state_ && state_->file) sf_close(state_->file);
+    if (*unfinished) unlink(unfinished);
+    *unfinished = '\0';
+}
+
+// libsndfile takes the upper 24 bits of an int.
+static int Rounded(double sample) {
+    const double scaled = std::nearbyint(sample * 8388608.0);
+    if (!(scaled > -8388608.0)) return scaled == scaled ? -8388608 * 256 : 0;
+    return (scaled < 8388607.0 ? static_cast<int>(scaled) : 8388607) * 256;
+}
+
+bool AudioWriter::Write(const double* interleaved, int frames) {
+    const size_t count = static_cast<size_t>(frames) * state_->channels;
+    state_->block.resize(count);
+    for (size_t i = 0; i < count; ++i) state_->block[i] = Rounded(interleaved[i]);
+    return sf_writef_int(state_->file, state_->block.data(), frames) == frames;
+}
+
+bool AudioWriter::Finish(std::string* error) {
+    const bool failedBefore = sf_error(state_->file) != SF_ERR_NO_ERROR;
+    const bool closed = sf_close(state_->file) == 0;
+    state_->file = nullptr;
+    if (failedBefore || !closed || std::rename(unfinished, state_->path.c_str()) != 0) {
+        *error = "'" + state_->path + "' nao pode ser gravado ate o fim";
+        return false;
+    }
+    *unfinished = '\0';
+    return true;
+}
+
+}  // namespace simhost

@@ -1,0 +1,154 @@
+#include "simhost/native/audio_file.h"
+
+#include <gtest/gtest.h>
+#include <sndfile.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <random>
+
+#include "tests/apps/workshop.h"
+
+namespace fs = std::filesystem;
+using simhost::AudioFormat;
+using simhost::AudioWriter;
+using simhost::OpenAudioFile;
+using simhost::SourceRef;
+
+class Gravacoes : public testing::Test {
+  protected:
+    SourceRef Open(const std::string& path) {
+        error.clear();
+        return OpenAudioFile(path, &error);
+    }
+    Workshop workshop;
+    std::string error;
+};
+
+static std::vector<double> AllBySndfile(const std::string& path, int* channels) {
+    SF_INFO info{};
+    SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
+    std::vector<double> all, block(static_cast<size_t>(info.channels) * 1000);
+    for (sf_count_t n; (n = sf_readf_double(file, block.data(), 1000)) > 0;)
+        all.insert(all.end(), block.begin(), block.begin() + n * info.channels);
+    sf_close(file);
+    *channels = info.channels;
+    return all;
+}
+
+static int CountFormats(int command) {
+    int count = 0;
+    sf_command(nullptr, command, &count, sizeof count);
+    return count;
+}
+
+// Every container with every coding that libsndfile writes here; what it reads beyond that, nobody can make for a test.
+TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
+    std::mt19937 random(7);
+    int tried = 0;
+    for (int m = 0; m < CountFormats(SFC_GET_FORMAT_MAJOR_COUNT); ++m)
+        for (int s = 0; s < CountFormats(SFC_GET_FORMAT_SUBTYPE_COUNT); ++s)
+            for (int channels : {1, 2, 5}) {
+                SF_FORMAT_INFO major{m, nullptr, nullptr}, sub{s, nullptr, nullptr};
+                sf_command(nullptr, SFC_GET_FORMAT_MAJOR, &major, sizeof major);
+                sf_command(nullptr, SFC_GET_FORMAT_SUBTYPE, &sub, sizeof sub);
+                const int format = major.format | sub.format;
+                // Without a header, with its header elsewhere, and two that libsndfile reads differently by the size of
+                // the read.
+                const bool odd = major.format == SF_FORMAT_RAW || major.format == SF_FORMAT_SD2 ||
+                                 major.format == SF_FORMAT_PAF || major.format == SF_FORMAT_SDS;
+                SF_INFO info{0, 48000, channels, format, 0, 0};
+                if (odd || !sf_format_check(&info)) continue;
+                SCOPED_TRACE(std::string(major.name) + ", " + sub.name + ", " + std::to_string(channels) + " channels");
+
+                const std::string path = workshop.Path("f.") + major.extension;
+                const int frames = 70001;  // beyond one block of stored samples for any of them
+                std::vector<double> noise(static_cast<size_t>(frames) * channels);
+                for (double& x : noise) x = std::uniform_real_distribution<>(-0.9, 0.9)(random);
+                SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
+                if (!file) continue;
+                sf_writef_double(file, noise.data(), frames);
+                sf_close(file);
+
+                int found = 0;
+                const std::vector<double> wanted = AllBySndfile(path, &found);
+                if (wanted.empty()) continue;  // libsndfile cannot read all that it writes
+                const SourceRef source = Open(path);
+                ASSERT_TRUE(source) << error;
+                ASSERT_EQ(source->Channels(), found);
+                ASSERT_EQ(source->Frames() * found, static_cast<int64_t>(wanted.size()));
+                ++tried;
+
+                std::vector<double> all(wanted.size());
+                for (int64_t at = 0, step = 1; at < source->Frames(); at += step, step = step * 3 + 1) {
+                    step = std::min(step, source->Frames() - at);
+                    ASSERT_TRUE(source->Read(at, static_cast<int>(step), all.data() + at * found));
+                }
+                ASSERT_EQ(all, wanted);
+
+                for (int round = 0; round < 6; ++round) {
+                    const int64_t at = random() % source->Frames();
+                    const int n = static_cast<int>(std::min<int64_t>(source->Frames() - at, random() % 40000 + 1));
+                    std::vector<double> part(static_cast<size_t>(n) * found);
+                    ASSERT_TRUE(source->Read(at, n, part.data()));
+                    ASSERT_TRUE(std::equal(part.begin(), part.end(), wanted.begin() + at * found)) << "at " << at;
+                }
+            }
+    EXPECT_GT(tried, 50);
+}
+
+// A recorder that lost its power, and headers that lie: the recording is as long as what is there.
+TEST_F(Gravacoes, CabecalhoQuePrometeDemaisNaoAtrapalha) {
+    const std::vector<double> noise = workshop.Noise(2 * 48000);
+    for (int format : {SF_FORMAT_WAV | SF_FORMAT_PCM_16, SF_FORMAT_FLAC | SF_FORMAT_PCM_16,
+                       SF_FORMAT_AU | SF_FORMAT_PCM_24, SF_FORMAT_OGG | SF_FORMAT_VORBIS}) {
+        const std::string path = workshop.Write("cortada", format, 48000, 1, noise);
+        fs::resize_file(path, fs::file_size(path) / 2);
+        const SourceRef source = Open(path);
+        ASSERT_TRUE(source) << error;
+        int channels = 0;
+        const std::vector<double> wanted = AllBySndfile(path, &channels);
+        EXPECT_GT(wanted.size(), 20000u);
+        ASSERT_EQ(source->Frames(), static_cast<int64_t>(wanted.size()));
+        std::vector<double> all(wanted.size());
+        EXPECT_TRUE(source->Read(0, static_cast<int>(all.size()), all.data()));
+        EXPECT_EQ(all, wanted);
+    }
+
+    const std::string path = workshop.Write("mente", SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 48000, 1, noise);
+    std::fstream bytes(path, std::ios::in | std::ios::out | std::ios::binary);
+    bytes.seekp(
+        21);  // the low four bits here and the next four bytes count the frames; the high four are part of the depth
+    bytes.write("\xff\xff\xff\xff\xff", 5);
+    bytes.close();
+    const SourceRef source = Open(path);
+    ASSERT_TRUE(source) << error;
+    EXPECT_EQ(source->Frames(), static_cast<int64_t>(noise.size()));
+}
+
+TEST_F(Gravacoes, OQueSeGravaVoltaEm24BitsOuNaoFicaNada) {
+    const double huge = std::numeric_limits<double>::infinity(), step = 1 / 8388608.0;
+    const std::vector<double> samples = {0, 0.5, -0.25, step,  -step,        1,         -1,
+                                         7, -7,  huge,  -huge, std::nan(""), 0.4 * step};
+    const std::vector<double> wanted = {0, 0.5, -0.25, step, -step, 1 - step, -1, 1 - step, -1, 1 - step, -1, 0.0, 0};
+    for (AudioFormat format : {AudioFormat::Wav, AudioFormat::Flac}) {
+        const std::string path = workshop.Path("saida");
+        {
+            auto given_up = AudioWriter::Create(path, format, 44100, 1, 13, &error);
+            ASSERT_TRUE(given_up) << error;
+            EXPECT_TRUE(given_up->Write(samples.data(), 13));
+        }
+        EXPECT_EQ(workshop.Listing(), "");
+        auto writer = AudioWriter::Create(path, format, 44100, 1, 13, &error);
+        ASSERT_TRUE(writer && writer->Write(samples.data(), 13) && writer->Finish(&error)) << error;
+        int channels = 0;
+        EXPECT_EQ(AllBySndfile(path, &channels), wanted);
+        fs::remove(path);
+    }
+    EXPECT_FALSE(
+        AudioWriter::Create(workshop.Path("x"), AudioFormat::Flac, 44100, 9, 1, &error));  // at most 8 channels
+    EXPECT_FALSE(AudioWriter::Create(workshop.Path("nenhuma/x"), AudioFormat::Wav, 44100, 1, 1, &error));
+    EXPECT_EQ(workshop.Listing(), "");
+}
