@@ -18,8 +18,7 @@ MediaTrack* FaixaDoEscopo() {
 
 std::vector<MediaItem*> CopiarSelecao(int quantos) {
     std::vector<MediaItem*> itens;
-    for (int i = 0; i < quantos; ++i)
-        if (MediaItem* item = host::GetSelectedMediaItem(nullptr, i)) itens.push_back(item);
+    ParaCadaSelecionado(quantos, [&itens](MediaItem* item) { itens.push_back(item); });
     return itens;
 }
 

@@ -1,7 +1,145 @@
 #include "slicer/preview.h"
 
+#include <cmath>
+#include <cstring>
+
+#include "commands/items.h"
+#include "host/entry.h"
+#include "panel/state.h"
+#include "render/render.h"
+#include "slicer/bounce.h"
+#include "slicer/presets.h"
+
 bool ModoFatiadorAtivo = false;
 bool PainelEmFrente = false;
 bool SalvarPresetAberto = false;
+bool PreviewAtivo = false;
+const char* SliderArrastado = nullptr;
+double thresholdDb = -37.0;
+int blocoMs = 55;
+bool fecharLacunas = true;
 
-void RestaurarOriginal() {}
+namespace {
+
+// A selected item by value: handles do not outlive an undo.
+struct FotoItem {
+    MediaTrack* faixa;
+    double posicao, comprimento;
+};
+std::vector<FotoItem> FotosFatiador;  // what to select again after an undo
+
+// Undoes while the topmost point's title holds that text; another one on top is left alone, with all below it.
+void DesfazerEnquanto(const char* titulo, int maximo) {
+    for (int i = 0; i < maximo; ++i) {
+        const char* topo = host::Undo_CanUndo2(0);
+        if (!topo || !std::strstr(topo, titulo)) return;
+        host::Undo_DoUndo2(0);
+    }
+}
+
+void DesfazerPreview() {
+    DesfazerEnquanto("Fatiador Preview", 64);
+    PreviewAtivo = false;
+}
+
+void DesfazerBounceEntrada() {
+    if (!BounceEntradaAtivo) return;
+    DesfazerEnquanto("Fatiador Bounce Entrada", 8);
+    BounceEntradaAtivo = false;
+}
+
+void FotografarSelecao() {
+    FotosFatiador.clear();
+    ParaCadaSelecionado(host::CountSelectedMediaItems(0), [](MediaItem* item) {
+        MediaTrack* faixa = host::GetMediaItem_Track(item);
+        const double posicao = InicioDoItem(item);
+        FotosFatiador.push_back({faixa, posicao, ComprimentoDoItem(item)});
+    });
+}
+
+bool Reconhecer(MediaItem* item, const FotoItem& foto) {
+    constexpr double tolerancia = 0.001;
+    return std::fabs(InicioDoItem(item) - foto.posicao) < tolerancia &&
+           std::fabs(ComprimentoDoItem(item) - foto.comprimento) < tolerancia;
+}
+
+void Reselecionar(const FotoItem& foto) {
+    if (!host::ValidatePtr(foto.faixa, "MediaTrack*")) return;
+    const int itens = host::CountTrackMediaItems(foto.faixa);
+    for (int i = 0; i < itens; ++i) {
+        MediaItem* item = host::GetTrackMediaItem(foto.faixa, i);
+        if (item && Reconhecer(item, foto)) return host::SetMediaItemSelected(item, true);
+    }
+}
+
+void ReselecionarFotos() {
+    host::SelectAllMediaItems(0, false);
+    for (const FotoItem& foto : FotosFatiador) Reselecionar(foto);
+}
+
+// The mode works on one item: several are offered to be joined first.
+bool FicarComUmItem() {
+    constexpr char titulo[] = "Auto Fatiador";
+    constexpr int simOuNao = 4, sim = 6;
+    const int selecionados = host::CountSelectedMediaItems(0);
+    if (selecionados == 0) {
+        Mensagem("Selecione itens de audio.", "A.SPLIT");
+        return false;
+    }
+    if (selecionados == 1) return true;
+    if (host::ShowMessageBox("O Auto Fatiador so trabalha com UM item por vez.\n\nDeseja fazer um BOUNCE (juntar os "
+                             "itens selecionados num so) antes de continuar?",
+                             titulo, simOuNao) != sim)
+        return false;
+    BounceInteligente();
+    if (host::CountSelectedMediaItems(0) == 1) return true;
+    Mensagem("Ainda ha mais de um item (itens em faixas diferentes?).\nSelecione apenas um item e tente de novo.",
+             titulo);
+    return false;
+}
+
+}  // namespace
+
+void EntrarModoFatiador() {
+    constexpr double alcaSegundos = 10.0;
+    if (!FicarComUmItem()) return;
+    if (!PresetsCarregados) {
+        CarregarPresets(PresetsFatiador, thresholdDb, blocoMs, fecharLacunas, CaminhoPainel);
+        PresetsCarregados = true;
+    }
+    if (PreviewAtivo) DesfazerPreview();
+    BounceEntrada(alcaSegundos);
+    FotografarSelecao();
+    if (!Quilmo_AutoSplit(fecharLacunas, blocoMs, thresholdDb)) return;
+    PreviewAtivo = ModoFatiadorAtivo = true;
+    SalvarPresetAberto = PainelEmFrente = false;
+    SliderArrastado = nullptr;  // a drag that the end of the last run cut short is over
+    if (JanelaPainel) SetForegroundWindow(JanelaPainel);
+}
+
+void RecalcularPreview(bool fechar, int bloco, double threshold) {
+    DesfazerPreview();
+    ReselecionarFotos();
+    if (host::CountSelectedMediaItems(0) != 0) PreviewAtivo = Quilmo_AutoSplit(fechar, bloco, threshold);
+    host::UpdateArrange();
+}
+
+void RestaurarOriginal() {
+    DesfazerPreview();
+    DesfazerBounceEntrada();
+    ReselecionarFotos();
+    host::UpdateArrange();
+}
+
+void AplicarFatias() {
+    PreviewAtivo = BounceEntradaAtivo = false;
+}
+
+void RestaurarEstadoFatiador() {
+    ModoFatiadorAtivo = PainelEmFrente = SalvarPresetAberto = PreviewAtivo = BounceEntradaAtivo = false;
+    PresetsCarregados = false;
+    thresholdDb = -37.0;
+    blocoMs = 55;
+    fecharLacunas = true;
+    FotosFatiador.clear();
+}

@@ -1,9 +1,21 @@
 // slicer/preview.h
-// The slicer's preview mode: the cuts are really in the project, and stay or go when the user leaves the mode.
+// The slicer's preview mode: the cuts are really in the project, and stay or go when the user leaves the mode. Its
+// store is the host's undo history, where its own points are known by their titles; going back is undoing while the
+// topmost point is one of them.
 #pragma once
 
-extern bool ModoFatiadorAtivo;   // the panel shows the slicer page
-extern bool PainelEmFrente;      // the panel was seen in front since the mode began
-extern bool SalvarPresetAberto;  // the page asks which preset to save in
+// Process-wide; all start as written here.
+extern bool ModoFatiadorAtivo;       // false; the panel shows the slicer page
+extern bool PainelEmFrente;          // false; the panel was seen in front since the mode began
+extern bool SalvarPresetAberto;      // false; the page asks which preset to save in
+extern bool PreviewAtivo;            // false; a slicing of this run is on the undo history
+extern const char* SliderArrastado;  // null; which slider of the page is being dragged
+extern double thresholdDb;           // -37.0
+extern int blocoMs;                  // 55
+extern bool fecharLacunas;           // true
 
-void RestaurarOriginal();  // takes the cuts back; the project is as before the mode
+void EntrarModoFatiador();  // begins the mode on the one selected item, or says why not
+void RecalcularPreview(bool fecharLacunas, int blocoMs, double thresholdDb);  // takes the cuts back, makes them anew
+void RestaurarOriginal();        // takes the cuts and the entry bounce back; the mode's flag is the caller's
+void AplicarFatias();            // keeps both; the mode's flag is the caller's
+void RestaurarEstadoFatiador();  // as at load, for tests
