@@ -3,6 +3,9 @@
 // 0.0 to 1.0, and a mode word, 0 being plain copying. They clip to the surface, whatever their arguments.
 #pragma once
 #include "lice/bitmap.h"
+#include "lice/blit.h"
+#include "lice/blur.h"
 #include "lice/fill.h"
 #include "lice/pixel.h"
 #include "lice/polygon.h"
+#include "lice/scaled_blit.h"

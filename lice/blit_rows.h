@@ -1,0 +1,50 @@
+// lice/blit_rows.h
+// What the blits and the blur share: a rectangle of a source laid on a destination, cut to both, and the rows to walk.
+#pragma once
+#include <algorithm>
+
+#include "lice/target.h"
+
+// In 64 bits, so that neither the sum of two ints nor their difference can overflow.
+struct BlitPlace {
+    int64_t dstx, dsty;
+    int64_t left, top, right, bottom;  // of the source
+
+    // Cuts the rectangle to the source. What is lost at the left and the top moves the destination.
+    void CutTo(const Target& source) {
+        dstx -= std::min<int64_t>(left, 0);
+        dsty -= std::min<int64_t>(top, 0);
+        left = std::max<int64_t>(left, 0);
+        top = std::max<int64_t>(top, 0);
+        right = std::min<int64_t>(right, source.width);
+        bottom = std::min<int64_t>(bottom, source.height);
+    }
+};
+
+struct BlitRows {
+    int width = 0, height = 0;  // 0: nothing to do
+    LICE_pixel* dest = nullptr;
+    const LICE_pixel* src = nullptr;
+    ptrdiff_t destSpan = 0, srcSpan = 0;  // negative on a flipped surface
+
+    // `place` was cut to the source; all of it is in backing pixels.
+    BlitRows(const Target& to, const Target& from, BlitPlace place) {
+        place.left -= std::min<int64_t>(place.dstx, 0);
+        place.top -= std::min<int64_t>(place.dsty, 0);
+        place.dstx = std::max<int64_t>(place.dstx, 0);
+        place.dsty = std::max<int64_t>(place.dsty, 0);
+        const int64_t w = std::min(place.right - place.left, to.width - place.dstx);
+        const int64_t h = std::min(place.bottom - place.top, to.height - place.dsty);
+        if (to.Empty() || from.Empty() || w < 1 || h < 1) return;
+
+        width = static_cast<int>(w);
+        height = static_cast<int>(h);
+        dest = to.At(place.dstx, to.flipped ? to.height - 1 - place.dsty : place.dsty);
+        src = from.At(place.left, from.flipped ? from.height - 1 - place.top : place.top);
+        destSpan = to.flipped ? -to.span : to.span;
+        srcSpan = from.flipped ? -from.span : from.span;
+    }
+
+    LICE_pixel* Dest(int y) const { return dest + y * destSpan; }
+    const LICE_pixel* Src(int y) const { return src + y * srcSpan; }
+};

@@ -1,0 +1,67 @@
+#include "lice/blur.h"
+
+#include <memory>
+#include <new>
+
+#include "lice/blit_rows.h"
+#include "lice/combine.h"
+
+namespace {
+
+constexpr int StackWidth = 1024;  // the widest line whose two rows are kept on the stack
+
+// `upDown(x)` is what the rows above and below give to column x, a quarter of a pixel in all.
+template <class UpDown>
+void BlurRow(LICE_pixel* out, const LICE_pixel* in, int width, UpDown upDown) {
+    const int last = width - 1;
+    out[0] = HalfOf(in[0]) + QuarterOf(in[1]) + upDown(0);
+    for (int x = 1; x < last; ++x) out[x] = HalfOf(in[x]) + EighthOf(in[x + 1]) + EighthOf(in[x - 1]) + upDown(x);
+    out[last] = HalfOf(in[last]) + QuarterOf(in[last - 1]) + upDown(last);
+}
+
+// `lines` holds two rows as they were before they were filtered, or is null where dest is another surface.
+void BlurRows(const BlitRows& rows, LICE_pixel* lines) {
+    const int last = rows.height - 1;
+    for (int y = 0; y <= last; ++y) {
+        const LICE_pixel* row = rows.Src(y);
+        if (lines) {
+            LICE_pixel* kept = lines + (y & 1) * rows.width;
+            std::copy_n(row, rows.width, kept);
+            row = kept;
+        }
+        if (y == 0 || y == last) {
+            const LICE_pixel* beside = rows.Src(y == 0 ? 1 : last - 1);  // in place, the one above is filtered by now
+            BlurRow(rows.Dest(y), row, rows.width, [=](int x) { return QuarterOf(beside[x]); });
+        } else {
+            const LICE_pixel* above = lines ? lines + (~y & 1) * rows.width : rows.Src(y - 1);
+            const LICE_pixel* below = rows.Src(y + 1);
+            BlurRow(rows.Dest(y), row, rows.width, [=](int x) { return EighthOf(above[x]) + EighthOf(below[x]); });
+        }
+    }
+}
+
+}  // namespace
+
+void LICE_Blur(LICE_IBitmap* dest, LICE_IBitmap* src, int dstx, int dsty, int srcx, int srcy, int srcw, int srch) {
+    Target to(dest), from(src);
+    for (Target* t : {&to, &from}) {
+        if (t->width < t->logicalWidth || t->height < t->logicalHeight) return;
+        t->width = t->logicalWidth;
+        t->height = t->logicalHeight;
+    }
+    BlitPlace place = {dstx, dsty, srcx, srcy, int64_t{srcx} + srcw, int64_t{srcy} + srch};
+    place.CutTo(from);
+    place.dstx = dstx;  // what is cut from the left and the top does not move the destination here
+    place.dsty = dsty;
+    const BlitRows rows(to, from, place);
+    if (rows.width < 2 || rows.height < 2) return;
+
+    if (dest != src) {
+        BlurRows(rows, nullptr);
+    } else if (rows.width <= StackWidth) {
+        LICE_pixel lines[2 * StackWidth];
+        BlurRows(rows, lines);
+    } else if (const std::unique_ptr<LICE_pixel[]> lines{new (std::nothrow) LICE_pixel[size_t{2} * rows.width]}) {
+        BlurRows(rows, lines.get());
+    }  // else there is no memory, and an unblurred shadow is better than none
+}
