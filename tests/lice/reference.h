@@ -1,0 +1,111 @@
+// tests/lice/reference.h
+// The combine functions in the plainest form that their formulas allow: one channel at a time, wide integers, no
+// shortcuts. What draws with these is slow and is what the fast loops are held against.
+#pragma once
+#include <algorithm>
+#include <cstdint>
+
+#include "lice/pixel.h"
+
+namespace reference {
+
+struct Channels {
+    int64_t c[4];  // blue, green, red, alpha
+};
+
+inline Channels Split(LICE_pixel p) {
+    return {{p & 255, p >> 8 & 255, p >> 16 & 255, p >> 24}};
+}
+
+inline LICE_pixel Join(const Channels& k) {
+    LICE_pixel p = 0;
+    for (int i = 0; i < 4; ++i) p |= (static_cast<LICE_pixel>(k.c[i]) & 255) << 8 * i;
+    return p;
+}
+
+inline int64_t Held(int64_t v) {
+    return v < 0 ? 0 : v > 255 ? 255 : v;
+}
+
+inline LICE_pixel HsvAdjust(LICE_pixel old, LICE_pixel source, int64_t ia) {
+    const auto reciprocal = [](int64_t i) { return i ? 65536 / i - 1 : 0; };
+    const Channels d = Split(old), a = Split(source);
+    const int64_t r = d.c[2], g = d.c[1], b = d.c[0];
+    const int64_t v = std::max({r, g, b});
+    int64_t delta, base, numerator;
+    if (g > r && g > b) {
+        delta = g - std::min(b, r), base = 128, numerator = b - r;
+    } else if (g > r) {
+        delta = b - r, base = 256, numerator = r - g;
+    } else if (r <= b) {
+        delta = b - g, base = 256, numerator = r - g;
+    } else if (g >= b) {
+        delta = r - b, base = 0, numerator = g - b;
+    } else {
+        delta = r - g, base = 383, numerator = g - b;
+    }
+    int64_t h = numerator * (reciprocal(delta) + 1) / 1024 + base;
+    int64_t s = delta * reciprocal(v) / 256;
+
+    h += (a.c[2] + a.c[2] / 2 - 192) * ia / 256;
+    h += h < 0 ? 384 : h >= 384 ? -384 : 0;
+    s = Held(s + (a.c[1] - 128) * ia / 128);
+    const int64_t w = Held(v + (a.c[0] - 128) * ia / 128);
+
+    const int64_t p = w * (256 - s) / 256;
+    const int64_t sector = h < 64 ? 0 : h < 128 ? 1 : h < 192 ? 2 : h < 256 ? 3 : h < 320 ? 4 : 5;
+    const int64_t distance[] = {64 - h, h - 64, 192 - h, h - 192, 320 - h, h - 320};
+    const int64_t q = w * (16384 - distance[sector] * s) / 16384;
+    const int64_t rgb[6][3] = {{w, q, p}, {q, w, p}, {p, w, q}, {p, q, w}, {q, p, w}, {w, p, q}};
+    return Join({{rgb[sector][2], rgb[sector][1], rgb[sector][0], a.c[3]}});
+}
+
+// The general function of the mode byte, at any opacity; the old pixel for a mode that there is not.
+inline LICE_pixel Combine(LICE_pixel old, LICE_pixel source, int64_t ia, int modeByte) {
+    if (modeByte == LICE_BLIT_MODE_HSVADJ) return HsvAdjust(old, source, ia);
+    Channels d = Split(old);
+    const Channels k = Split(source);
+    for (int i = 0; i < 4; ++i) {
+        const int64_t s = k.c[i];
+        int64_t& n = d.c[i];
+        if (modeByte == LICE_BLIT_MODE_COPY) {
+            n = s + (n - s) * (256 - ia) / 256;
+        } else if (modeByte == LICE_BLIT_MODE_ADD) {
+            n = Held(n + s * ia / 256);
+        } else if (modeByte == LICE_BLIT_MODE_DODGE) {
+            const int64_t t = 256 - s * ia / 256;
+            n = Held(t >= 2 ? n * 256 / t : n * 256);
+        } else if (modeByte == LICE_BLIT_MODE_MUL) {
+            n = n * ((256 - ia) * 256 + s * ia) >> 16;
+        } else if (modeByte == LICE_BLIT_MODE_OVERLAY) {
+            const int64_t u = s * ia + (256 - ia) * 128;
+            n = Held(n * (n * (32768 - u) / 256 + u) >> 15);
+        }
+    }
+    return Join(d);
+}
+
+// With the source's own alpha.
+inline LICE_pixel CombineAlpha(LICE_pixel old, LICE_pixel source, int64_t ia, int modeByte) {
+    const int64_t a = source >> 24, sa = ia * (a + 1) / 256;
+    const bool skipsClear =
+        modeByte == LICE_BLIT_MODE_COPY || modeByte == LICE_BLIT_MODE_ADD || modeByte == LICE_BLIT_MODE_MUL;
+    if (a == 0 && skipsClear) return old;
+    if (modeByte != LICE_BLIT_MODE_COPY) return Combine(old, source, sa, modeByte);
+    if (ia == 256 && a == 255) return source;
+    Channels n = Split(Combine(old, source, ia == 256 ? a + 1 : sa, modeByte));
+    n.c[3] = std::min<int64_t>(255, (ia == 256 ? a : sa) + (old >> 24));
+    return Join(n);
+}
+
+inline LICE_pixel Average(LICE_pixel old, LICE_pixel source) {
+    Channels d = Split(old);
+    for (int i = 0; i < 4; ++i) d.c[i] = d.c[i] / 2 + Split(source).c[i] / 2;
+    return Join(d);
+}
+
+inline int64_t ScaleCoord(int64_t value, int scale) {
+    return std::clamp<int64_t>(value * scale / 256, INT32_MIN, INT32_MAX);
+}
+
+}  // namespace reference
