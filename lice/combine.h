@@ -96,7 +96,7 @@ struct CombineHalf {  // (old + source) >> 1 in each channel: what both share, a
 
 struct CombineCopy {  // source + (old - source) * (256 - ia) / 256, for ia from 0 to 256
     LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const { return Mix(old, source, ia); }
-    FourPixels operator()(FourPixels old, FourPixels source, int ia) const { return Mix(old, source, FourWeights(ia)); }
+    FourPixels operator()(FourPixels old, FourPixels source, int ia) const { return Mix(old, source, ia); }
     FourPixels operator()(FourPixels old, FourPixels source, FourWeights ia) const { return Mix(old, source, ia); }
 };
 
@@ -201,7 +201,7 @@ struct CombineAlphaOpaque {  // ia is 256: an opaque source pixel is stored as i
         return MixOver(old, source, a ? a + 1 : 0, a);
     }
     FourPixels operator()(FourPixels old, FourPixels source, int) const {
-        return MixOver(old, source, FourWeights::AlphaPlusOne(source), source);
+        return MixOver(old, source, FourWeights::AlphaOpaque(source), source);
     }
 };
 
@@ -211,8 +211,8 @@ struct CombineAlpha {  // ia is 1 to 255
         return MixOver(old, source, sa, sa);
     }
     FourPixels operator()(FourPixels old, FourPixels source, int ia) const {
-        const FourWeights sa = FourWeights::AlphaTimes(source, ia);
-        return MixOver(old, source, sa, sa.Bytes());
+        const FourWeights sa = FourWeights::Alpha(source, ia);
+        return MixOver(old, source, sa, sa.InAlpha());
     }
 };
 

@@ -1,6 +1,7 @@
 #include "lice/fill.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "lice/combine.h"
 #include "lice/target.h"
@@ -8,6 +9,31 @@
 template <class Combine>
 static void FillRows(Combine combine, LICE_pixel* row, ptrdiff_t span, int w, int h, LICE_pixel color, int ia) {
     for (; h > 0; --h, row += span) CombineRun(combine, row, w, OneColor{color}, ia);
+}
+
+// The last four pixels of a row are one store too, which may overlap the one before.
+static void StoreRow(LICE_pixel* row, int w, LICE_pixel color) {
+    const FourPixels four = OneColor{color}.Four(0);
+    if (w < 4) {
+        for (int x = 0; x < w; ++x) row[x] = color;
+        return;
+    }
+    LICE_pixel* const last = row + w - 4;
+    for (; row < last; row += 4) StoreFour(row, four);
+    StoreFour(last, four);
+}
+
+// Wide rows are copies of the first: the system's memcpy moves more at a time than SSE2 stores.
+static void FillRows(CombineSolid, LICE_pixel* first, ptrdiff_t span, int w, int h, LICE_pixel color, int) {
+    constexpr int WideRow = 64;
+    StoreRow(first, w, color);
+    for (LICE_pixel* row = first + span; --h > 0; row += span) {
+        if (w < WideRow) {
+            StoreRow(row, w, color);
+        } else {
+            memcpy(row, first, w * sizeof(LICE_pixel));
+        }
+    }
 }
 
 void LICE_Clear(LICE_IBitmap* dest, LICE_pixel color) {
