@@ -8,11 +8,14 @@
 #include "platform/files.h"
 #include "render/render.h"
 
+// One fixed name: one export at a time.
+static constexpr char NomeDoScript[] = "~quilmo_desktop_temp.lua";
+
 static std::string CaminhoDoScript() {
-    std::string pasta = EnvironmentVariable("TEMP");
-    if (pasta.empty()) pasta = EnvironmentVariable("TMP");
-    if (pasta.empty()) pasta = ".";
-    return pasta + PathSeparator + "~quilmo_desktop_temp.lua";
+    for (const char* variavel : {"TEMP", "TMP"})
+        if (const std::string pasta = EnvironmentVariable(variavel); !pasta.empty())
+            return pasta + PathSeparator + NomeDoScript;
+    return std::string(".") + PathSeparator + NomeDoScript;
 }
 
 // The best resampling that the project's render settings know; it stays after the export.
