@@ -98,6 +98,13 @@ inline LICE_pixel CombineAlpha(LICE_pixel old, LICE_pixel source, int64_t ia, in
     return Join(n);
 }
 
+inline LICE_pixel Mean(LICE_pixel old, LICE_pixel source) {
+    Channels d = Split(old);
+    for (int i = 0; i < 4; ++i) d.c[i] = (d.c[i] + Split(source).c[i]) / 2;
+    return Join(d);
+}
+
+// The quick form, which loses a low bit of both.
 inline LICE_pixel Average(LICE_pixel old, LICE_pixel source) {
     Channels d = Split(old);
     for (int i = 0; i < 4; ++i) d.c[i] = d.c[i] / 2 + Split(source).c[i] / 2;
