@@ -57,42 +57,42 @@ static void RenderProject(Host& host) {
 }
 
 static const Action Actions[] = {
-    {1007, "Play", Play, false, false},
-    {1016, "Stop", Stop, false, false},
-    {1013, "Record", Record, false, false},
-    {40073, "Play/pause", PlayPause, false, false},
-    {40044, "Play/stop", PlayStop, false, false},
-    {40328, "Play/stop, moving the cursor", PlayStopMovingCursor, false, false},
-    {40042, "Go to start of project", CursorToStart, false, false},
-    {40043, "Go to end of project", CursorToEnd, false, false},
-    {40020, "Remove time selection", RemoveTimeSelection, false, false},
-    {40297, "Unselect all tracks", UnselectTracks, false, false},
-    {40697, "Remove items", RemoveByFocus, true, false},
-    {41305, "Trim left edge of items", TrimLeftEdge, true, false},
-    {41311, "Trim right edge of items", TrimRightEdge, true, false},
-    {40362, "Glue items", Glue, true, false},
-    {41588, "Glue items", Glue, true, false},
-    {41993, "Render items to new stereo take", RenderStereoTake, true, false},
-    {40361, "Render items to new mono take", RenderMonoTake, true, false},
-    {40435, "Show all takes in lanes", nullptr, false, true},
-    {40693, "Toggle take volume envelope", ToggleVolumeEnvelope, true, false},
-    {41622, "Zoom to selected items", ZoomToItems, false, true},
-    {1011, "Zoom out horizontally", ZoomOut, false, false},
-    {1012, "Zoom in horizontally", ZoomIn, false, false},
-    {40111, "Zoom in vertically", nullptr, false, false},
-    {40112, "Zoom out vertically", nullptr, false, false},
-    {41295, "Duplicate items", DuplicateItems, true, false},
-    {40062, "Duplicate tracks", DuplicateTracks, true, false},
-    {40129, "Delete active take", DeleteActiveTake, true, false},
-    {50124, "Media explorer", nullptr, false, false},
-    {40015, "Render dialog", nullptr, false, false},
-    {42411, "Open render output", nullptr, false, false},
-    {42230, "Render project, closing the window", RenderProject<42230>, false, false},
-    {41824, "Render project", RenderProject<41824>, false, false},
-    {40753, "Disable snapping", nullptr, false, false},
-    {40145, "Toggle grid lines", nullptr, false, true},
-    {1161, "1161", nullptr, false, true},
-    {1162, "1162", nullptr, false, false},
+    {1007, "Play", Play},
+    {1016, "Stop", Stop},
+    {1013, "Record", Record},
+    {40073, "Play/pause", PlayPause},
+    {40044, "Play/stop", PlayStop},
+    {40328, "Play/stop, moving the cursor", PlayStopMovingCursor},
+    {40042, "Go to start of project", CursorToStart},
+    {40043, "Go to end of project", CursorToEnd},
+    {40020, "Remove time selection", RemoveTimeSelection},
+    {40297, "Unselect all tracks", UnselectTracks},
+    {40697, "Remove items", nullptr, RemoveByFocus},
+    {41305, "Trim left edge of items", nullptr, TrimLeftEdge},
+    {41311, "Trim right edge of items", nullptr, TrimRightEdge},
+    {40362, "Glue items", nullptr, Glue},
+    {41588, "Glue items", nullptr, Glue},
+    {41993, "Render items to new stereo take", nullptr, RenderStereoTake},
+    {40361, "Render items to new mono take", nullptr, RenderMonoTake},
+    {40435, "Show all takes in lanes", nullptr, nullptr, true},
+    {40693, "Toggle take volume envelope", nullptr, ToggleVolumeEnvelope},
+    {41622, "Zoom to selected items", ZoomToItems, nullptr, true},
+    {1011, "Zoom out horizontally", ZoomOut},
+    {1012, "Zoom in horizontally", ZoomIn},
+    {40111, "Zoom in vertically", nullptr},
+    {40112, "Zoom out vertically", nullptr},
+    {41295, "Duplicate items", nullptr, DuplicateItems},
+    {40062, "Duplicate tracks", nullptr, DuplicateTracks},
+    {40129, "Delete active take", nullptr, DeleteActiveTake},
+    {50124, "Media explorer", nullptr},
+    {40015, "Render dialog", nullptr},
+    {42411, "Open render output", nullptr},
+    {42230, "Render project, closing the window", RenderProject<42230>},
+    {41824, "Render project", RenderProject<41824>},
+    {40753, "Disable snapping", nullptr},
+    {40145, "Toggle grid lines", nullptr, nullptr, true},
+    {1161, "1161", nullptr, nullptr, true},
+    {1162, "1162", nullptr},
 };
 
 const Action* FindAction(int number) {
@@ -122,10 +122,13 @@ void Host::RunAction(int number) {
     actionsRun.push_back(number);
     if (const Action* action = FindAction(number)) {
         if (action->toggles) toggles[number] ^= 1;
-        if (!action->run) return;
-        if (action->edits) BeginBlock();
-        action->run(*this);
-        if (action->edits) EndBlock(action->name, -1);
+        if (action->run) action->run(*this);
+        if (!action->edit) return;
+        BeginBlock();
+        if (action->edit(*this))
+            EndBlock(action->name, -1);
+        else
+            --blockDepth_;
         return;
     }
     for (const Script& script : scripts)

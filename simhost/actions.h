@@ -1,5 +1,5 @@
 // simhost/actions.h
-// The numbered actions. One that edits is an undo block of its own, or part of the one that is open.
+// The numbered actions. One that edited something makes an undo point of its own, or belongs to the block that is open.
 #pragma once
 #include "simhost/host.h"
 
@@ -7,10 +7,10 @@ namespace simhost {
 
 struct Action {
     int number;
-    const char* name;         // also the undo point's title
-    void (*run)(Host& host);  // null: only recorded
-    bool edits;
-    bool toggles;  // flips its toggle state before it runs
+    const char* name;                    // also the undo point's title
+    void (*run)(Host& host);             // null: only recorded, unless there is an edit
+    bool (*edit)(Host& host) = nullptr;  // false: nothing was edited, so there is no undo point
+    bool toggles = false;                // flips its toggle state before it runs
 };
 
 const Action* FindAction(int number);  // null when the stand-in does not know it
@@ -24,17 +24,17 @@ void PlayStop(Host&);
 void PlayStopMovingCursor(Host&);
 
 // edits.cpp; they leave locked items alone
-void RemoveByFocus(Host&);
-void TrimLeftEdge(Host&);
-void TrimRightEdge(Host&);
-void DuplicateItems(Host&);
-void DuplicateTracks(Host&);
-void DeleteActiveTake(Host&);
-void ToggleVolumeEnvelope(Host&);
+bool RemoveByFocus(Host&);
+bool TrimLeftEdge(Host&);
+bool TrimRightEdge(Host&);
+bool DuplicateItems(Host&);
+bool DuplicateTracks(Host&);
+bool DeleteActiveTake(Host&);
+bool ToggleVolumeEnvelope(Host&);
 
 // glue.cpp
-void Glue(Host&);
-void RenderStereoTake(Host&);
-void RenderMonoTake(Host&);
+bool Glue(Host&);
+bool RenderStereoTake(Host&);
+bool RenderMonoTake(Host&);
 
 }  // namespace simhost

@@ -19,35 +19,51 @@ static std::vector<Track*> SelectedTracks(Host& host) {
     return tracks;
 }
 
-void RemoveByFocus(Host& host) {
+bool RemoveByFocus(Host& host) {
     using Focus = Preferences::Focus;
-    if (host.preferences.deleteFocus == Focus::Items)
-        for (Item* item : SelectedItems(host)) host.project.tracks.Remove(*item);
-    if (host.preferences.deleteFocus == Focus::Tracks)
-        for (Track* track : SelectedTracks(host)) host.project.tracks.Remove(*track);
+    if (host.preferences.deleteFocus == Focus::Items) {
+        const std::vector<Item*> items = SelectedItems(host);
+        for (Item* item : items) host.project.tracks.Remove(*item);
+        return !items.empty();
+    }
+    if (host.preferences.deleteFocus == Focus::Tracks) {
+        const std::vector<Track*> tracks = SelectedTracks(host);
+        for (Track* track : tracks) host.project.tracks.Remove(*track);
+        return !tracks.empty();
+    }
+    return false;  // the stand-in has no envelope points
 }
 
-void TrimLeftEdge(Host& host) {
+// The selected items that the cursor stands in.
+static std::vector<Item*> ItemsUnderCursor(Host& host) {
+    std::vector<Item*> items = SelectedItems(host);
+    std::erase_if(items, [cursor = host.project.cursor](const Item* item) {
+        return !(cursor > item->position && cursor < item->End());
+    });
+    return items;
+}
+
+bool TrimLeftEdge(Host& host) {
     const double cursor = host.project.cursor;
-    for (Item* item : SelectedItems(host)) {
-        const double cut = cursor - item->position, end = item->End();
-        if (!(cut > 0 && cursor < end)) continue;
-        for (Box<Take>& take : item->takes) take->startOffset += cut * take->playRate;
-        item->length = end - cursor;
+    const std::vector<Item*> items = ItemsUnderCursor(host);
+    for (Item* item : items) {
+        for (Box<Take>& take : item->takes) take->startOffset += (cursor - item->position) * take->playRate;
+        item->length = item->End() - cursor;
         host.project.tracks.Reposition(*item, cursor);
     }
+    return !items.empty();
 }
 
-void TrimRightEdge(Host& host) {
-    const double cursor = host.project.cursor;
-    for (Item* item : SelectedItems(host))
-        if (cursor > item->position && cursor < item->End()) item->length = cursor - item->position;
+bool TrimRightEdge(Host& host) {
+    const std::vector<Item*> items = ItemsUnderCursor(host);
+    for (Item* item : items) item->length = host.project.cursor - item->position;
+    return !items.empty();
 }
 
 // The copies stand behind the originals as a whole and are what is selected afterwards.
-void DuplicateItems(Host& host) {
+bool DuplicateItems(Host& host) {
     const std::vector<Item*> originals = SelectedItems(host);
-    if (originals.empty()) return;
+    if (originals.empty()) return false;
     double start = originals[0]->position, end = originals[0]->End();
     for (const Item* item : originals) {
         start = std::min(start, item->position);
@@ -60,20 +76,24 @@ void DuplicateItems(Host& host) {
         host.project.tracks.Add(*item->track, std::move(copy));
         host.project.tracks.Select(*item, false);
     }
+    return true;
 }
 
-void DuplicateTracks(Host& host) {
-    for (Track* track : SelectedTracks(host)) {
+bool DuplicateTracks(Host& host) {
+    const std::vector<Track*> tracks = SelectedTracks(host);
+    for (Track* track : tracks) {
         Track copy = *track;
         copy.guid = 0;
         host.project.tracks.Insert(track->index + 1, std::move(copy));
         track->selected = false;
     }
+    return !tracks.empty();
 }
 
 // An item whose only take goes, goes with it.
-void DeleteActiveTake(Host& host) {
-    for (Item* item : SelectedItems(host)) {
+bool DeleteActiveTake(Host& host) {
+    const std::vector<Item*> items = SelectedItems(host);
+    for (Item* item : items) {
         if (item->takes.size() <= 1) {
             host.project.tracks.Remove(*item);
             continue;
@@ -82,11 +102,17 @@ void DeleteActiveTake(Host& host) {
         std::erase_if(item->takes, [active](const Box<Take>& take) { return &*take == active; });
         item->activeTake = std::min<int>(item->activeTake, static_cast<int>(item->takes.size()) - 1);
     }
+    return !items.empty();
 }
 
-void ToggleVolumeEnvelope(Host& host) {
+bool ToggleVolumeEnvelope(Host& host) {
+    bool found = false;
     for (Item* item : SelectedItems(host))
-        if (Take* take = item->Active()) take->volumeEnvelope = !take->volumeEnvelope;
+        if (Take* take = item->Active()) {
+            take->volumeEnvelope = !take->volumeEnvelope;
+            found = true;
+        }
+    return found;
 }
 
 }  // namespace simhost

@@ -23,7 +23,7 @@ static bool HasAudio(const Item& item) {
 
 // One new item over the whole stretch of these, at the first audio's rate and the most channels of any. Items without
 // audio count as gaps; without any audio at all the items stay as they are.
-static void GlueOnTrack(Host& host, const std::vector<Item*>& items) {
+static bool GlueOnTrack(Host& host, const std::vector<Item*>& items) {
     int rate = 0, channels = 1;
     double start = items[0]->position, end = items[0]->End();
     for (const Item* item : items) {
@@ -33,7 +33,7 @@ static void GlueOnTrack(Host& host, const std::vector<Item*>& items) {
         if (!rate) rate = item->Active()->source->SampleRate();
         channels = std::max(channels, item->Active()->source->Channels());
     }
-    if (rate <= 0) return;
+    if (rate <= 0) return false;
     const size_t frames = FramesIn(end - start, rate);
     std::vector<double> mix(frames * channels);
     for (const Item* item : items) MixItem(*item, rate, channels, start, static_cast<int>(frames), mix.data());
@@ -43,21 +43,25 @@ static void GlueOnTrack(Host& host, const std::vector<Item*>& items) {
     glued.selected = true;
     for (Item* item : items) host.project.tracks.Remove(*item);
     host.project.tracks.Add(track, std::move(glued));
+    return true;
 }
 
-void Glue(Host& host) {
+bool Glue(Host& host) {
+    bool glued = false;
     TrackList& tracks = host.project.tracks;
     for (int t = 0; t < tracks.Count(); ++t) {
         std::vector<Item*> items;
         for (Box<Item>& item : tracks.At(t)->items)
             if (item->selected && item->lock == 0) items.push_back(&*item);
-        if (!items.empty()) GlueOnTrack(host, items);
+        glued |= !items.empty() && GlueOnTrack(host, items);
     }
+    return glued;
 }
 
 // The active take as it sounds before the item's volume and fades, as a new take behind the others, which becomes the
 // active one.
-static void RenderTakes(Host& host, int channels) {
+static bool RenderTakes(Host& host, int channels) {
+    bool rendered = false;
     for (int i = 0; i < host.project.tracks.SelectedCount(); ++i) {
         Item& item = *host.project.tracks.SelectedAt(i);
         if (!HasAudio(item) || item.lock != 0) continue;
@@ -78,15 +82,17 @@ static void RenderTakes(Host& host, int channels) {
         take.item = &item;
         item.takes.emplace_back(std::move(take));
         item.activeTake = static_cast<int>(item.takes.size()) - 1;
+        rendered = true;
     }
+    return rendered;
 }
 
-void RenderStereoTake(Host& host) {
-    RenderTakes(host, 2);
+bool RenderStereoTake(Host& host) {
+    return RenderTakes(host, 2);
 }
 
-void RenderMonoTake(Host& host) {
-    RenderTakes(host, 1);
+bool RenderMonoTake(Host& host) {
+    return RenderTakes(host, 1);
 }
 
 }  // namespace simhost

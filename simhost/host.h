@@ -25,7 +25,7 @@ namespace simhost {
 // What users choose in their host and callers see.
 struct Preferences {
     bool undoRestoresSelection = true;  // else items keep the selection that they have when an undo brings them back
-    int undoPoints = 1000;              // the undo memory: older points vanish, in silence
+    int undoPoints = 200;               // the undo memory: older points vanish, in silence
     double splitCrossfade = 0;          // seconds of automatic crossfade at each split; 0: none
     bool sortsAtOnce = true;            // else items keep their places on the track until the next refresh or block end
     enum class Focus { Items, Tracks, Envelope } deleteFocus = Focus::Items;  // what action 40697 removes

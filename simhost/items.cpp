@@ -127,20 +127,26 @@ PCM_source* api::GetMediaItemTake_Source(MediaItem_Take* handle) {
     return take && take->source ? Host::SourceHandle(*take) : nullptr;
 }
 
-double api::GetMediaSourceLength(PCM_source* handle, bool* lengthIsInBeats) {
+// Null for a take whose source was taken away after its handle was given.
+static const Source* KnownSource(PCM_source* handle) {
     const Take* take = Host::Current().Know(handle);
-    if (lengthIsInBeats) *lengthIsInBeats = take && take->source->IsMidi();
-    return take ? take->source->Length() : 0.0;
+    return take ? take->source.get() : nullptr;
+}
+
+double api::GetMediaSourceLength(PCM_source* handle, bool* lengthIsInBeats) {
+    const Source* source = KnownSource(handle);
+    if (lengthIsInBeats) *lengthIsInBeats = source && source->IsMidi();
+    return source ? source->Length() : 0.0;
 }
 
 int api::GetMediaSourceNumChannels(PCM_source* handle) {
-    const Take* take = Host::Current().Know(handle);
-    return take ? take->source->Channels() : 0;
+    const Source* source = KnownSource(handle);
+    return source ? source->Channels() : 0;
 }
 
 int api::GetMediaSourceSampleRate(PCM_source* handle) {
-    const Take* take = Host::Current().Know(handle);
-    return take ? take->source->SampleRate() : 0;
+    const Source* source = KnownSource(handle);
+    return source ? source->SampleRate() : 0;
 }
 
 }  // namespace simhost

@@ -5,10 +5,13 @@
 
 namespace simhost {
 
-// Frame of the source under the take's start, held where 64 bits can count.
+// Frame of the source at `start`, held where 64 bits can count. A time that was computed from a frame number is that
+// frame, whatever the last bit of the division says.
 static double SourceFrame(const Take& take, double start) {
     const double frame = (take.startOffset + start * take.playRate) * take.source->SampleRate();
-    return std::isfinite(frame) ? std::clamp(frame, -1e15, 1e15) : -1e15;
+    if (!std::isfinite(frame)) return -1e15;
+    const double nearest = std::nearbyint(frame);
+    return std::clamp(std::fabs(frame - nearest) < 1e-4 ? nearest : frame, -1e15, 1e15);
 }
 
 static void SpreadChannels(const double* from, int fromChannels, double* to, int channels, int frames) {
@@ -25,13 +28,11 @@ bool ReadTake(const Take& take, int rate, int channels, double start, int frames
     const int sourceChannels = source.Channels();
     const double at = SourceFrame(take, start);
     const double step = take.playRate * source.SampleRate() / rate;
-    const double nearest = std::nearbyint(at);
     std::vector<double> block;
     if (!std::isfinite(step)) return false;
 
-    // A time that was computed from a frame number is that frame, whatever the last bit of the division says.
-    if (step == 1 && std::fabs(at - nearest) < 1e-4) {
-        const auto first = static_cast<int64_t>(nearest);
+    if (step == 1 && at == std::floor(at)) {
+        const auto first = static_cast<int64_t>(at);
         if (channels == sourceChannels) return source.Read(first, frames, out);
         block.resize(static_cast<size_t>(frames) * sourceChannels);
         if (!source.Read(first, frames, block.data())) return false;

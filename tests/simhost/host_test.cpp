@@ -1,10 +1,273 @@
+// The stand-in catches bad callers: one deliberately bad caller for each kind of violation, and none for a good one.
+// Then what tests and tools lean on: failing on demand, the trace, registrations, dialogs.
+#include <filesystem>
+#include <fstream>
+
+#include "simhost/accessor.h"
 #include "tests/support/scene.h"
 
 namespace {
-class StandIn : public Cena {};
+
+class Strict : public Cena {};
+
+// Something that no handle is, at an address that exists.
+template <class Handle>
+Handle Foreign() {
+    static int something;
+    return reinterpret_cast<Handle>(&something);
+}
+
+MediaItem* DeadItem() {
+    MediaItem* item = NovoItem(FaixaChamada("Voz"), {"X", 50, 51});
+    host::DeleteTrackMediaItem(FaixaChamada("Voz"), item);
+    return item;
+}
+
+AudioAccessor* AccessorOn(const char* item) {
+    return host::CreateTakeAudioAccessor(host::GetActiveTake(ItemChamado(item)));
+}
+
+struct BadCaller {
+    const char* sentence;
+    void (*misuse)(simhost::Host& host);
+};
+
+const BadCaller BadCallers[] = {
+    {"IsMediaItemSelected: the item handle is null", [](auto&) { host::IsMediaItemSelected(nullptr); }},
+    {"CountTakes: the item handle is dead", [](auto&) { host::CountTakes(DeadItem()); }},
+    {"CountTakes: the item handle is foreign", [](auto&) { host::CountTakes(Foreign<MediaItem*>()); }},
+    {"CountTakes: the item handle is of another kind",
+     [](auto&) { host::CountTakes(reinterpret_cast<MediaItem*>(FaixaChamada("Voz"))); }},
+    {"GetMediaTrackInfo_Value: the track handle is null",
+     [](auto&) { host::GetMediaTrackInfo_Value(nullptr, "I_SELECTED"); }},
+    {"SetActiveTake: the take handle is foreign", [](auto&) { host::SetActiveTake(Foreign<MediaItem_Take*>()); }},
+    {"GetMediaSourceLength: the source handle is null", [](auto&) { host::GetMediaSourceLength(nullptr, nullptr); }},
+    {"CountTracks: the project handle is foreign", [](auto&) { host::CountTracks(Foreign<ReaProject*>()); }},
+    {"CountTakes: the item handle is dead",
+     [](auto&) {
+         host::Undo_BeginBlock2(nullptr);
+         host::Undo_EndBlock2(nullptr, "a", -1);
+         MediaItem* before = ItemChamado("A");
+         host::Undo_DoUndo2(nullptr);
+         host::CountTakes(before);
+     }},
+    {"DeleteTrackMediaItem: item A is not on track Outra",
+     [](auto&) { host::DeleteTrackMediaItem(FaixaChamada("Outra"), ItemChamado("A")); }},
+    {"GetMediaItemInfo_Value: unknown key \"D_POSITON\"",
+     [](auto&) { host::GetMediaItemInfo_Value(ItemChamado("A"), "D_POSITON"); }},
+    {"SetMediaTrackInfo_Value: \"IP_TRACKNUMBER\" cannot be set",
+     [](auto&) { host::SetMediaTrackInfo_Value(FaixaChamada("Voz"), "IP_TRACKNUMBER", 2); }},
+    {"GetSetProjectInfo: unknown setting \"RENDER_BOUND\"",
+     [](auto&) { host::GetSetProjectInfo(nullptr, "RENDER_BOUND", 1, true); }},
+    {"an undo block was left open", [](auto&) { host::Undo_BeginBlock2(nullptr); }},
+    {"Undo_EndBlock2: no undo block is open to be closed as \"x\"",
+     [](auto&) { host::Undo_EndBlock2(nullptr, "x", -1); }},
+    {"Undo_EndBlock2: an undo block without a title",
+     [](auto&) {
+         host::Undo_BeginBlock2(nullptr);
+         host::Undo_EndBlock2(nullptr, "", -1);
+     }},
+    {"Undo_DoUndo2: undo while an undo block is open",
+     [](auto&) {
+         host::Undo_BeginBlock2(nullptr);
+         host::Undo_DoUndo2(nullptr);
+         host::Undo_EndBlock2(nullptr, "x", -1);
+     }},
+    {"the refresh is still held off, 1 times", [](auto&) { host::PreventUIRefresh(1); }},
+    {"PreventUIRefresh: the refresh is released more often than it was held off",
+     [](auto&) { host::PreventUIRefresh(-1); }},
+    {"an audio accessor was not destroyed", [](auto&) { AccessorOn("A"); }},
+    {"DestroyAudioAccessor: the accessor handle is dead",
+     [](auto&) {
+         AudioAccessor* accessor = AccessorOn("A");
+         host::DestroyAudioAccessor(accessor);
+         host::DestroyAudioAccessor(accessor);
+     }},
+    {"GetAudioAccessorSamples: the accessor's take is gone",
+     [](auto&) {
+         AudioAccessor* accessor = AccessorOn("A");
+         host::DeleteTrackMediaItem(FaixaChamada("Voz"), ItemChamado("A"));
+         double samples[2];
+         EXPECT_EQ(host::GetAudioAccessorSamples(accessor, 48000, 2, 0, 1, samples), -1);
+         host::DestroyAudioAccessor(accessor);
+     }},
+    {"GetAudioAccessorSamples: rate, channels and frames must be above 0",
+     [](auto&) {
+         AudioAccessor* accessor = AccessorOn("A");
+         double samples[2];
+         EXPECT_EQ(host::GetAudioAccessorSamples(accessor, 0, 2, 0, 1, samples), -1);
+         host::DestroyAudioAccessor(accessor);
+     }},
+    {"GetUserInputs: a dialog needs",
+     [](auto&) {
+         char text[2] = {'a', 'b'};  // not ended
+         host::GetUserInputs("t", 1, "c", text, 2);
+     }},
+    {"Main_OnCommand: there is no action 7", [](auto&) { host::Main_OnCommand(7, 0); }},
+    {"AddRemoveReaScript: the script x is not in the action list",
+     [](auto&) { host::AddRemoveReaScript(false, 0, "x", true); }},
+    {"ValidatePtr: unknown type \"Item*\"", [](auto&) { host::ValidatePtr(nullptr, "Item*"); }},
+    {"projectconfig_var_addr: no setting lies at offset 3", [](auto&) { host::projectconfig_var_addr(nullptr, 3); }},
+    {"GetSet_LoopTimeRange: start and end must not be null",
+     [](auto&) { host::GetSet_LoopTimeRange(false, false, nullptr, nullptr, false); }},
+    {"Register: there is nothing to register as \"acao\"",
+     [](simhost::Host& host) { host.Record()->Register("acao", &host); }},
+};
+
 }  // namespace
 
-TEST_F(StandIn, Smoke) {
-    Faixa("Voz", {{"C", 20, 24}, {"A", 2, 6}});
-    EXPECT_EQ(Retrato(), "Voz: A 2-6 | C 20-24");
+TEST_F(Strict, EveryKindOfBadCallerIsCaughtAndNamed) {
+    for (const BadCaller& bad : BadCallers) {
+        SCOPED_TRACE(bad.sentence);
+        host.project.tracks = {};
+        host.StartHistory();
+        Faixa("Voz", {{"A", 2, 6}});
+        Faixa("Outra");
+        ASSERT_TRUE(host.Check()) << "before the misuse: " << host.FirstViolation();
+        bad.misuse(host);
+        EXPECT_FALSE(host.Check());
+        EXPECT_EQ(host.FirstViolation().rfind(bad.sentence, 0), 0u) << host.FirstViolation();
+        if (host.BlockOpen()) host.EndBlock("x", -1);
+        host.refreshHeldOff = 0;
+        host.accessors.clear();
+        host.ForgetViolations();
+    }
+}
+
+TEST_F(Strict, AGoodCallerIsLeftAlone) {
+    MediaTrack* voice = Faixa("Voz", {{"A", 2, 6}, {"B", 8, 9}});
+    host::Undo_BeginBlock2(nullptr);
+    host::PreventUIRefresh(1);
+    MediaItem* right = host::SplitMediaItem(ItemChamado("A"), 4);
+    EXPECT_TRUE(host::DeleteTrackMediaItem(voice, right));
+    EXPECT_FALSE(host::ValidatePtr(right, "MediaItem*"));  // asking about a dead handle is no misuse
+    EXPECT_TRUE(host::ValidatePtr(voice, "MediaTrack*"));
+    EXPECT_FALSE(host::ValidatePtr(voice, "MediaItem*"));
+    host::PreventUIRefresh(-1);
+    host::Undo_EndBlock2(nullptr, "x", -1);
+    AudioAccessor* accessor = AccessorOn("A");
+    host::DestroyAudioAccessor(accessor);
+    EXPECT_TRUE(host.Check()) << host.FirstViolation();
+}
+
+TEST_F(Strict, FunctionsFailFromTheAskedCallOn) {
+    MediaTrack* voice = Faixa("Voz", {{"A", 0, 8}});
+    host.FailFrom("SplitMediaItem", 2);
+    EXPECT_NE(host::SplitMediaItem(ItemChamado("A"), 6), nullptr);
+    EXPECT_EQ(host::SplitMediaItem(ItemChamado("A"), 4), nullptr);
+    EXPECT_EQ(host::SplitMediaItem(ItemChamado("A"), 2), nullptr);
+    host.FailFrom("DeleteTrackMediaItem", 1);
+    host.FailFrom("AddProjectMarker2", 1, -1);
+    host.FailFrom("UpdateArrange", 1);
+    EXPECT_FALSE(host::DeleteTrackMediaItem(voice, ItemChamado("A")));
+    EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 0, 1, "", -1, 0), -1);
+    host::UpdateArrange();
+    EXPECT_EQ(host.arrangeUpdates, 0);
+    EXPECT_EQ(Retrato(), "Voz: A 0-6 | A 6-8 @6");
+    EXPECT_EQ(host.CallCount("SplitMediaItem"), 3);
+    host.StopFailing();
+    EXPECT_NE(host::SplitMediaItem(ItemChamado("A"), 2), nullptr);
+}
+
+TEST_F(Strict, TheTraceTellsCallsInOrder) {
+    Faixa("Voz", {{"A", 2, 6}});
+    MediaItem* item = ItemChamado("A");
+    host.tracing = true;
+    host::SetMediaItemInfo_Value(item, "D_POSITION", 0.1);
+    host::DeleteTrackMediaItem(host::GetMediaItem_Track(item), item);
+    host::CountTakes(item);
+    host::UpdateArrange();
+    host.tracing = false;
+    host::UpdateArrange();
+    EXPECT_EQ(host.trace, (std::vector<std::string>{
+                              "SetMediaItemInfo_Value(item A, \"D_POSITION\", 0.1) -> true",
+                              "GetMediaItem_Track(item A) -> track Voz",
+                              "DeleteTrackMediaItem(track Voz, item A) -> true",
+                              "CountTakes(item (dead)) -> 0",
+                              "UpdateArrange()",
+                          }));
+    EsperarViolacao("CountTakes");
+}
+
+// The names are looked up one by one, and a host may lack any of them.
+TEST_F(Strict, UnknownNamesAndRefusalsAreAnswered) {
+    EXPECT_EQ(host.Record()->GetFunc("CountTracksX"), nullptr);
+    EXPECT_EQ(host.unknownNames, std::vector<std::string>{"CountTracksX"});
+    host.Forget("CountTracks");
+    EXPECT_EQ(host.Record()->GetFunc("CountTracks"), nullptr);
+    host.refused = {"API_Outra"};
+    EXPECT_EQ(host.Record()->Register("API_Outra", &host), 0);
+    EXPECT_EQ(host.ApiFunction("Outra"), nullptr);
+
+    const auto sum = reinterpret_cast<double (*)(double, double)>(host.ApiFunction("Quilmo_Teste"));
+    ASSERT_NE(sum, nullptr);
+    EXPECT_EQ(sum(1, 2), 3);
+    EXPECT_EQ(host.ActionNumber("_QUILMO_ABRIR_PAINEL"), host.ActionNumber("QUILMO_ABRIR_PAINEL"));
+    EXPECT_GT(host.ActionNumber("QUILMO_ABRIR_PAINEL"), 65535);  // numbers do not fit a key's 16 bits
+    EXPECT_FALSE(host.RunAction("_OUTRA"));
+    EXPECT_EQ(host::GetToggleCommandState(host.ActionNumber("QUILMO_ABRIR_PAINEL")), 0);
+}
+
+TEST_F(Strict, DialogsAreAnsweredFromTheQueuesThenByCaution) {
+    ResponderMensagem(6);
+    EXPECT_EQ(host::ShowMessageBox("Apagar?", "Atencao", 4), 6);
+    EXPECT_EQ(host::ShowMessageBox("Apagar?", "Atencao", 4), 7);
+    EXPECT_EQ(host::ShowMessageBox("Feito.", "Quilmo", 0), 1);
+    EXPECT_EQ(Mensagens(), "Atencao: Apagar? | Atencao: Apagar? | Quilmo: Feito.");
+
+    char text[5] = "abc";
+    ResponderTexto("longer than that");
+    EXPECT_TRUE(host::GetUserInputs("Nome", 1, "Nome:", text, sizeof text));
+    EXPECT_STREQ(text, "long");
+    EXPECT_FALSE(host::GetUserInputs("Nome", 1, "Nome:", text, sizeof text));
+    EXPECT_STREQ(text, "long");
+    EXPECT_EQ(host.inputs[0].before, "abc");
+}
+
+TEST_F(Strict, AScriptIsReadWhenAddedAndRunUnderItsNumber) {
+    EXPECT_EQ(host::AddRemoveReaScript(true, 0, (host.resourcePath + "/missing.lua").c_str(), true), 0);
+    const std::string path = host.resourcePath + "/s.lua";
+    std::ofstream(std::filesystem::path(reinterpret_cast<const char8_t*>(path.c_str()))) << "print(1)";
+    const int number = host::AddRemoveReaScript(true, 0, path.c_str(), true);
+    ASSERT_NE(number, 0);
+    std::string ran;
+    host.scriptRunner = [&](const simhost::Script& script) {
+        ran = script.text;
+        host::AddRemoveReaScript(false, 0, script.path.c_str(), true);  // a script may take itself out
+    };
+    host::Main_OnCommand(number, 0);
+    EXPECT_EQ(ran, "print(1)");
+    EXPECT_TRUE(host.scripts.empty());
+    host::Main_OnCommand(number, 0);
+    EsperarViolacao("there is no action");
+}
+
+// Two names for one place, and what callers write there lasts.
+TEST_F(Strict, SettingsKeepTheirStorage) {
+    int size = 0;
+    auto* prompt = static_cast<int*>(host::get_config_var("promptendrec", &size));
+    ASSERT_EQ(size, 4);
+    *prompt = 0;
+    EXPECT_EQ(host.ConfigInt("promptendrec"), 0);
+    EXPECT_EQ(host::get_config_var("other", &size), nullptr);
+    EXPECT_EQ(size, 0);
+
+    const int offset = host::projectconfig_var_getoffs("projrenderresample", &size);
+    ASSERT_EQ(size, 4);
+    *static_cast<int*>(host::projectconfig_var_addr(host::EnumProjects(-1, nullptr, 0), offset)) = 9;
+    EXPECT_EQ(host::GetSetProjectInfo(nullptr, "RENDER_RESAMPLEMODE", 0, false), 9);
+    host::projectconfig_var_getoffs("other", &size);
+    EXPECT_EQ(size, 0);
+
+    char pattern[512] = "$region";
+    EXPECT_TRUE(host::GetSetProjectInfo_String(nullptr, "RENDER_PATTERN", pattern, true));
+    pattern[0] = 0;
+    EXPECT_TRUE(host::GetSetProjectInfo_String(nullptr, "RENDER_PATTERN", pattern, false));
+    EXPECT_STREQ(pattern, "$region");
+
+    char path[8];
+    host.project.path = "C:\\long\\Show.RPP";
+    host::EnumProjects(-1, path, sizeof path);
+    EXPECT_STREQ(path, "C:\\long");
+    EXPECT_EQ(host::EnumProjects(1, path, sizeof path), nullptr);
 }

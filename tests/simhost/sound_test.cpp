@@ -1,0 +1,178 @@
+// Samples: what sources generate, what accessors read, what glue and take renders put into new sources.
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "simhost/sound.h"
+#include "tests/support/scene.h"
+
+namespace {
+
+class Sound : public Cena {
+  protected:
+    // Reads frames of an item's active take through an accessor; the result's first value is what the call returned.
+    std::vector<double> Read(const std::string& item, int rate, int channels, double start, int frames) {
+        AudioAccessor* accessor = host::CreateTakeAudioAccessor(host::GetActiveTake(ItemChamado(item)));
+        std::vector<double> samples(1 + static_cast<size_t>(frames) * channels, 99);
+        samples[0] = host::GetAudioAccessorSamples(accessor, rate, channels, start, frames, samples.data() + 1);
+        host::DestroyAudioAccessor(accessor);
+        return samples;
+    }
+};
+
+using Samples = std::vector<double>;
+
+// Frame f holds f on the left and -f on the right.
+simhost::SourceRef Ramp(int rate, int frames) {
+    Samples samples;
+    for (int f = 0; f < frames; ++f) samples.insert(samples.end(), {double(f), double(-f)});
+    return simhost::Memory(rate, 2, samples);
+}
+
+uint64_t Fingerprint(simhost::Source& source) {
+    Samples samples(source.Frames() * source.Channels());
+    source.Read(0, static_cast<int>(source.Frames()), samples.data());
+    uint64_t hash = 14695981039346656037u;
+    for (const double sample : samples) {
+        uint64_t bits;
+        std::memcpy(&bits, &sample, sizeof bits);
+        hash = (hash ^ bits) * 1099511628211u;
+    }
+    return hash;
+}
+
+}  // namespace
+
+// The same bits on every system, or a test's picture would differ from machine to machine.
+TEST_F(Sound, GeneratedSourcesAreTheSameEverywhere) {
+    EXPECT_EQ(Fingerprint(*simhost::Sine(48000, 2, 5000, 440, 0.5)), 12665280803678057511u);
+    EXPECT_EQ(Fingerprint(*simhost::Noise(44100, 1, 5000, 7, 0.25)), 7104435025791726755u);
+    const auto sine = simhost::Sine(48000, 1, 48000, 1000, 1);
+    Samples s(48000);
+    sine->Read(0, 48000, s.data());
+    for (int f = 0; f < 48000; ++f) ASSERT_NEAR(s[f], std::sin(2 * 3.14159265358979 * f / 48), 1e-6) << f;
+}
+
+TEST_F(Sound, SourcesAreZeroOutsideAndTheSameInAnyBlocks) {
+    const simhost::SourceRef sources[] = {Ramp(8, 20), simhost::Noise(8, 2, 20, 1, 1), simhost::Reversed(Ramp(8, 20)),
+                                          simhost::Bursts(8000, 2, {{3, 0.5}, {0, 1}, {4, 0}, {5, 0.25, 1}, {8, 1}}),
+                                          simhost::Silence(8, 2, 20)};
+    for (const simhost::SourceRef& source : sources) {
+        Samples whole(60 * 2, 99), block(7 * 2);
+        ASSERT_TRUE(source->Read(-20, 60, whole.data()));
+        for (int f = 0; f < 60; ++f)
+            if (f < 20 || f >= 40) {
+                ASSERT_EQ(whole[f * 2], 0) << f;
+            }
+        for (int first = -20; first + 7 <= 40; ++first) {
+            ASSERT_TRUE(source->Read(first, 7, block.data()));
+            ASSERT_TRUE(std::equal(block.begin(), block.end(), whole.begin() + (first + 20) * 2)) << first;
+        }
+    }
+    Samples bursts(20 * 2);
+    sources[3]->Read(0, 20, bursts.data());
+    EXPECT_EQ(std::fabs(bursts[2 * 2]), 0.5);
+    EXPECT_EQ(bursts[3 * 2], 0);
+    EXPECT_EQ(bursts[7 * 2], 0);  // that burst is on the right alone
+    EXPECT_EQ(std::fabs(bursts[7 * 2 + 1]), 0.25);
+    EXPECT_FALSE(simhost::Unreadable(8, 2, 20)->Read(0, 1, bursts.data()));
+}
+
+TEST_F(Sound, AccessorsReadTheTakeAsItPlays) {
+    Faixa("Voz", {{"A", 10, 12, Ramp(10, 40)}});
+    EXPECT_EQ(Read("A", 10, 2, 0.2, 2), (Samples{1, 2, -2, 3, -3}));
+    EXPECT_EQ(Read("A", 10, 3, 0.2, 1), (Samples{1, 2, -2, 0}));
+    EXPECT_EQ(Read("A", 10, 2, 1.9, 2), (Samples{1, 19, -19, 0, 0}));  // nothing behind the item's end
+    EXPECT_EQ(Read("A", 10, 2, 2, 1), (Samples{0, 99, 99}));           // the buffer stays
+    EXPECT_EQ(Read("A", 20, 1, 0.2, 3), (Samples{1, 2, 2.5, 3}));      // between frames
+    simhost::Take& take = *Dados(ItemChamado("A")).takes[0];
+    take.startOffset = 1;
+    EXPECT_EQ(Read("A", 10, 1, 0.2, 2), (Samples{1, 12, 13}));
+    take.playRate = 2;
+    EXPECT_EQ(Read("A", 10, 1, 0.2, 2), (Samples{1, 14, 16}));
+    host.accessorStart = 10;  // an accessor's time may start anywhere
+    EXPECT_EQ(Read("A", 10, 1, 10.2, 2), (Samples{1, 14, 16}));
+
+    Faixa("Mono", {{"M", 0, 1, simhost::Memory(10, 1, Samples(10, 0.5))}});
+    host.accessorStart = 0;
+    EXPECT_EQ(Read("M", 10, 2, 0, 1), (Samples{1, 0.5, 0.5}));
+    int64_t frames = 0;
+    host.onRead = [&](int64_t n) { frames += n; };
+    Read("M", 10, 2, 0, 7);
+    EXPECT_EQ(frames, 7);
+}
+
+// Items that have crashed extensions: each is held, read and glued without a word.
+TEST_F(Sound, TroublesomeItemsAreAnswered) {
+    MediaTrack* track = Faixa("Voz", {{"midi", 0, 2, simhost::Midi(8)},
+                                      {"offline", 2, 4, simhost::Unreadable(48000, 1, 96000)},
+                                      {"zero", 4, 4},
+                                      {"slow", 5, 6}});
+    Dados(NovoItem(track, {"bare", 6, 7})).takes.clear();
+    Dados(NovoItem(track, {"sourceless", 7, 8})).takes[0]->source = nullptr;
+    Dados(ItemChamado("slow")).takes[0]->playRate = 0;
+    EXPECT_EQ(Retrato(),
+              "Voz: midi 0-2 midi | offline 2-4 | zero 4-4 | slow 5-6 x0 |  6-7 no take | sourceless 7-8 no source");
+
+    EXPECT_EQ(Read("midi", 48000, 2, 0, 4)[0], 0);
+    EXPECT_EQ(Read("offline", 48000, 1, 0, 4)[0], -1);
+    EXPECT_EQ(Read("zero", 48000, 2, 0, 4)[0], 0);
+    EXPECT_EQ(Read("slow", 48000, 2, 0, 4)[0], 1);
+    EXPECT_EQ(host::CreateTakeAudioAccessor(host::GetActiveTake(ItemChamado("sourceless"))), nullptr);
+    EXPECT_EQ(host::GetActiveTake(ItemChamado("")), nullptr);
+    bool beats = false;
+    PCM_source* midi = host::GetMediaItemTake_Source(host::GetActiveTake(ItemChamado("midi")));
+    EXPECT_EQ(host::GetMediaSourceLength(midi, &beats), 8);
+    EXPECT_TRUE(beats);
+    EXPECT_EQ(host::GetMediaSourceSampleRate(midi), 0);
+
+    for (const char* name : {"midi", "", "sourceless"}) {
+        Selecionar({name});
+        host::Main_OnCommand(40362, 0);
+        host::Main_OnCommand(40361, 0);
+    }
+    EXPECT_EQ(Historico(), "");
+    host::SelectAllMediaItems(nullptr, true);
+    host::Main_OnCommand(40362, 0);
+    EXPECT_EQ(Retrato(), "Voz: midi-glued 0-8");
+}
+
+TEST_F(Sound, GlueKeepsWhatIsHeard) {
+    Faixa("Voz", {{"A", 1, 2, simhost::Memory(10, 1, Samples(10, 0.5))},
+                  {"B", 3, 4, simhost::Memory(10, 2, Samples(20, 0.25))},
+                  {"C", 3.5, 4, simhost::Memory(10, 2, Samples(20, 1))}});
+    simhost::Item& a = Dados(ItemChamado("A"));
+    a.autoFadeIn = 0.4;
+    a.fadeIn = 9;  // the automatic fade counts
+    a.volume = 2;
+    Dados(ItemChamado("C")).mute = 1;
+    host::SelectAllMediaItems(nullptr, true);
+    host::Main_OnCommand(41588, 0);
+    EXPECT_EQ(RetratoCompleto(), "Voz: A-glued 1-4 *");
+    Samples heard = Read("A-glued", 10, 2, 0, 30);
+    for (double& sample : heard) sample = std::round(sample * 1e9) / 1e9;  // a fade's slope is not exact
+    EXPECT_EQ(Samples(heard.begin(), heard.begin() + 11), (Samples{1, 0, 0, 0.25, 0.25, 0.5, 0.5, 0.75, 0.75, 1, 1}));
+    EXPECT_EQ(Samples(heard.begin() + 19, heard.begin() + 23), (Samples{1, 1, 0, 0}));  // then the gap
+    EXPECT_EQ(Samples(heard.end() - 21, heard.end() - 18), (Samples{0, 0.25, 0.25}));
+    EXPECT_EQ(heard.back(), 0.25);
+}
+
+TEST_F(Sound, RenderedTakesKeepTheItemsPlace) {
+    Faixa("Voz", {{"A", 1, 2, Ramp(10, 40)}});
+    simhost::Take& take = *Dados(ItemChamado("A")).takes[0];
+    take.startOffset = 2;
+    take.volume = 0.5;
+    Selecionar({"A"});
+    host::Main_OnCommand(41993, 0);
+    EXPECT_EQ(Read("A-render", 10, 2, 0.1, 1), (Samples{1, 10.5, -10.5}));
+    host::SetActiveTake(host::GetTake(ItemChamado("A-render"), 0));
+    int kept = 0;
+    host.keepRendered = [&](int rate, int channels, Samples samples) {
+        kept += channels;
+        return simhost::Memory(rate, channels, std::move(samples));
+    };
+    host::Main_OnCommand(40361, 0);  // left and right cancel
+    EXPECT_EQ(Read("A-render", 10, 1, 0.1, 1), (Samples{1, 0}));
+    EXPECT_EQ(kept, 1);
+    EXPECT_EQ(Retrato(), "Voz: A-render 1-2 take 3/3");
+}
