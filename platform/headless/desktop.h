@@ -26,8 +26,7 @@ enum class Button { Left, Right };
 void MoveMouse(int x, int y);
 void Press(Button button);    // first activates the window under the pointer, as a click does
 void Release(Button button);  // nothing when the button is not down
-void DoubleClick(Button button);
-void Wheel(int delta);  // goes to the active window
+void Wheel(int delta);        // goes to the active window
 void HoldKey(int key, bool down);
 
 // What the next popup menu is answered with: an entry's id, or 0 for Escape. Answers queue up; a menu without one is

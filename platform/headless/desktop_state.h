@@ -50,6 +50,13 @@ struct Message {
     LPARAM lParam;
 };
 
+struct Click {
+    HWND window;
+    Button button;
+    POINT at;
+    int64_t when;
+};
+
 inline constexpr RECT WholeScreen{0, 0, 1280, 1024};
 inline constexpr RECT UsualWorkArea{0, 0, 1280, 984};
 
@@ -62,6 +69,7 @@ struct State {
     std::list<Timer> timers;
     int64_t now = 0;
     POINT cursor{0, 0};
+    Click lastClick{};
     std::map<int, bool> keys;  // the mouse buttons among them
     RECT workArea = UsualWorkArea;
     // The device contexts that are out. Each keeps its picture, even when the window is gone or has another size.

@@ -52,7 +52,18 @@ void MoveMouse(int x, int y) {
     Pump();
 }
 
-static void Push(Button button, bool again) {
+// The second press at one place and within half a second is a double click, for windows whose class asks for such; a
+// third is a first again.
+static bool IsDoubleClick(const Window& window, Button button) {
+    State& state = Desktop();
+    const Click click{window.handle, button, state.cursor, state.now}, last = std::exchange(state.lastClick, click);
+    const bool again = last.window == click.window && last.button == click.button && last.at.x == click.at.x &&
+                       last.at.y == click.at.y && click.when - last.when <= 500;
+    if (again) state.lastClick = {};
+    return again && (window.kind.style & CS_DBLCLKS);
+}
+
+void Press(Button button) {
     State& state = Desktop();
     const ButtonRow& row = Buttons[static_cast<int>(button)];
     state.keys[row.key] = true;
@@ -61,13 +72,8 @@ static void Push(Button button, bool again) {
         if (!window) return ActivateOtherProgram();
         Activate(window->handle, WA_CLICKACTIVE);
     }
-    const Window* window = Listener();
-    PostMouse(again && window && (window->kind.style & CS_DBLCLKS) ? row.doubleClick : row.down);
+    if (const Window* window = Listener()) PostMouse(IsDoubleClick(*window, button) ? row.doubleClick : row.down);
     Pump();
-}
-
-void Press(Button button) {
-    Push(button, false);
 }
 
 void Release(Button button) {
@@ -76,14 +82,6 @@ void Release(Button button) {
     Desktop().keys[row.key] = false;
     PostMouse(row.up);
     Pump();
-}
-
-// The second press is a double click only for windows whose class asks for such.
-void DoubleClick(Button button) {
-    for (const bool again : {false, true}) {
-        Push(button, again);
-        Release(button);
-    }
 }
 
 void Wheel(int delta) {

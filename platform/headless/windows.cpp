@@ -58,6 +58,14 @@ void Reset() {
 
 using namespace desktop;
 
+HMODULE GetModuleHandleA(const char* name) {
+    return name ? nullptr : reinterpret_cast<HMODULE>(uintptr_t{0x400000});
+}
+
+HCURSOR LoadCursorA(HINSTANCE, const char* name) {
+    return name == IDC_ARROW ? reinterpret_cast<HCURSOR>(uintptr_t{0x10003}) : nullptr;  // the pointer is not drawn
+}
+
 ATOM RegisterClassA(const WNDCLASSA* c) {
     const WindowClass kind{c->style, c->lpfnWndProc, c->hbrBackground};
     return Desktop().classes.emplace(c->lpszClassName, kind).second ? 0xC001 : 0;

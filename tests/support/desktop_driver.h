@@ -1,0 +1,48 @@
+// tests/support/desktop_driver.h
+// The user of the tests' windows: on the headless desktop his hand is the desktop's control side, on Windows it is
+// injected input and a message loop. Windows' own clock cannot be moved, so tests wait for ticks, not for times.
+#pragma once
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/win32.h"
+
+namespace driver {
+
+// Ready for a test: no button or key is down, no menu waits for an answer.
+void Start();
+
+// Delivers posted messages, input and painting, but no timers.
+void Pump();
+// Delivers messages until this timer has ticked, once more; false when it does not tick any more.
+bool AwaitTimer(HWND window, UINT_PTR id);
+// Milliseconds from tick to tick: exact on the virtual clock, else an average that a busy machine lengthens.
+double TimerInterval(HWND window, UINT_PTR id);
+extern const double IntervalSlack;  // the share of the interval by which it may be longer
+
+enum class Button { Left, Right };
+// In client coordinates of the window; outside its client area it hears of it only when it has capture.
+void Move(HWND window, int x, int y);
+void Press(Button button);
+void Release(Button button);
+void Wheel(int notches);
+void HoldKey(int key, bool down);
+
+// Nobody is in front any more; false where that cannot be brought about.
+bool LeaveNobodyInFront();
+
+struct Picture {
+    int width = 0, height = 0;
+    std::vector<uint32_t> pixels;  // 0x00RRGGBB
+    uint32_t At(int x, int y) const { return pixels[static_cast<size_t>(y) * width + x]; }
+};
+Picture PictureOf(HWND window);  // the client area as the screen shows it
+
+// The next popup menu is answered with the entry of that label, or dismissed when it is empty. `meanwhile` runs while
+// the menu is open.
+void AnswerNextMenu(const std::string& label, std::function<void()> meanwhile = nullptr);
+std::vector<std::string> LastMenu();  // labels from the top; empty: a separator
+
+}  // namespace driver
