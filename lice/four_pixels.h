@@ -42,10 +42,10 @@ struct FourWeights {
     }
 
     // The same four bytes of coverage as a mask holds them, the first in the low byte.
-    static FourWeights Coverage(uint32_t mask, int ia) {
-        const __m128i words = _mm_unpacklo_epi8(_mm_cvtsi32_si128(static_cast<int>(mask)), _mm_setzero_si128());
-        return Times((EightWords)_mm_unpacklo_epi16(words, words), ia);
-    }
+    static FourWeights Coverage(uint32_t mask, int ia) { return Times(Spread(mask), ia); }
+
+    // Coverage plus 1, but 0 for coverage 0.
+    static FourWeights CoverageOpaque(uint32_t mask) { return Opaque(Spread(mask)); }
 
     // Each pixel's own alpha plus 1, times an opacity below 256.
     static FourWeights Alpha(FourPixels source, int ia) {
@@ -56,11 +56,21 @@ struct FourWeights {
     // Each pixel's own alpha plus 1, but 0 for alpha 0.
     static FourWeights AlphaOpaque(FourPixels source) {
         const FourPixels alpha = source >> 24;
-        return {((EightWords)(alpha | alpha << 16) ^ 0xFF) << 8 | 1, (FourPixels)(alpha == 0)};
+        return Opaque((EightWords)(alpha | alpha << 16));
     }
 
     // Each weight below 256 as a byte, in the place of its pixel's alpha.
     FourPixels InAlpha() const { return (FourPixels)(1 - keep); }
+
+  private:
+    static EightWords Spread(uint32_t mask) {
+        const __m128i words = _mm_unpacklo_epi8(_mm_cvtsi32_si128(static_cast<int>(mask)), _mm_setzero_si128());
+        return (EightWords)_mm_unpacklo_epi16(words, words);
+    }
+
+    static FourWeights Opaque(EightWords shares) {  // 0 to 255, plus 1 where they are above 0
+        return {(shares ^ 0xFF) << 8 | 1, (FourPixels)((FourPixels)shares == 0)};
+    }
 };
 
 inline FourPixels Mix(FourPixels old, FourPixels source, int ia) {  // ia: 1 to 256

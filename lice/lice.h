@@ -6,6 +6,7 @@
 #include "lice/blit.h"
 #include "lice/blur.h"
 #include "lice/fill.h"
+#include "lice/font.h"
 #include "lice/pixel.h"
 #include "lice/polygon.h"
 #include "lice/scaled_blit.h"

@@ -89,6 +89,15 @@ Proportions ProportionsOf(FT_Face face) {
     return {std::max<int>(face->ascender, 1), std::max<int>(-face->descender, 0), em};
 }
 
+// A face without a combining mark often has the same mark with room of its own.
+char32_t SpacingMark(char32_t mark) {
+    static const std::map<char32_t, char32_t> spacing = {
+        {0x300, 0x60}, {0x301, 0xB4},  {0x302, 0x2C6}, {0x303, 0x2DC}, {0x304, 0xAF}, {0x306, 0x2D8}, {0x307, 0x2D9},
+        {0x308, 0xA8}, {0x30A, 0x2DA}, {0x30B, 0x2DD}, {0x30C, 0x2C7}, {0x327, 0xB8}, {0x328, 0x2DB}};
+    const auto found = spacing.find(mark);
+    return found == spacing.end() ? mark : found->second;
+}
+
 bool IsControl(char32_t code) {
     return code < 32 || code == 127;
 }
@@ -103,6 +112,7 @@ struct FontFace::Engine {
     }
 
     bool Load(char32_t code) {
+        if (FT_Get_Char_Index(face, code) == 0) code = SpacingMark(code);
         return FT_Load_Char(face, code, FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP | FT_LOAD_RENDER) == 0;
     }
 };

@@ -1,0 +1,29 @@
+// lice/font_scratch.h
+// The surfaces on which GDI draws text for the fonts. They are made at the first need, shared by all fonts, and go with
+// the last of them.
+#pragma once
+#include "lice/bitmap.h"
+
+extern LICE_SysBitmap* ScratchMeasure;  // glyphs and metrics: white on opaque black
+extern LICE_SysBitmap* ScratchNative;   // whole texts for surfaces without a context
+extern int ScratchUsers;                // living fonts
+
+// Makes the surface if there is none, and enlarges it if it is smaller than that on either axis.
+LICE_SysBitmap& MeasureScratch(int size);
+LICE_SysBitmap& NativeScratch(int width, int height);
+void ReleaseScratch();
+
+// Selects a font for the time of a block; null leaves what is selected.
+class SelectedFont {
+  public:
+    SelectedFont(HDC dc, HFONT font) : dc_(dc), previous_(font ? SelectObject(dc, font) : nullptr) {}
+    ~SelectedFont() {
+        if (previous_) SelectObject(dc_, previous_);
+    }
+    SelectedFont(const SelectedFont&) = delete;
+    SelectedFont& operator=(const SelectedFont&) = delete;
+
+  private:
+    HDC dc_;
+    HGDIOBJ previous_;
+};

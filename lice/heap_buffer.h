@@ -1,0 +1,35 @@
+// lice/heap_buffer.h
+// A growable block of plain bytes for what only ever gets appended: it grows by half of its size in whole pages, and
+// shrinks only when asked to and when most of it is idle. Sizes are in bytes.
+#pragma once
+
+class HeapBuffer {
+  public:
+    explicit HeapBuffer(int granularity) : granularity_(granularity) {}  // the least that it grows by
+    ~HeapBuffer();
+    HeapBuffer(const HeapBuffer&) = delete;
+    HeapBuffer& operator=(const HeapBuffer&) = delete;
+
+    // Gives the block, which may have moved. When memory runs out everything stays as it was: ask Size afterwards.
+    void* Resize(int newSize, bool mayShrink);
+    void* Get() const { return used_ > 0 ? block_ : nullptr; }  // null when nothing is in use
+    int Size() const { return used_; }
+    int Allocated() const { return allocated_; }
+
+    template <class Item>
+    Item* Items() const {
+        return static_cast<Item*>(Get());
+    }
+    template <class Item>
+    int Count() const {
+        return used_ / static_cast<int>(sizeof(Item));
+    }
+
+  private:
+    bool Reallocate(int newSize, int allocation);
+
+    void* block_ = nullptr;
+    int allocated_ = 0;
+    int used_ = 0;
+    int granularity_;
+};
