@@ -1,9 +1,221 @@
 #include "panel/window.h"
 
-static HWND janela = nullptr;
+#include <algorithm>
+#include <utility>
 
-void AbrirJanelaPainel(HWND, const std::string&) {}
+#include "commands/commands.h"
+#include "panel/main_page.h"
+#include "panel/menus.h"
+#include "panel/pass.h"
+#include "panel/status.h"
+#include "panel/window_state.h"
+#include "slicer/preview.h"
+
+static constexpr char NomeDaClasse[] = "QuilmoPainelClass";
+// The client area, which fits a frame of any width and cannot be resized.
+static constexpr int LarguraCliente = 320, AlturaCliente = 659;
+static constexpr int LarguraPadrao = 340, AlturaPadrao = 699;
+static constexpr int LarguraMinima = 320, LarguraMaxima = 380, AlturaMinima = 200;
+
+static constexpr UINT_PTR TimerDoPainel = 1;  // as long as the window: blink, watch, repaint
+static constexpr UINT_PTR TimerDeRepeticao = 2;
+static constexpr UINT PeriodoDoPainelMs = 250, PeriodoDeRepeticaoMs = 90;
+
+static void Invalidar(HWND janela) {
+    InvalidateRect(janela, nullptr, FALSE);
+}
+
+void CancelarFatiador() {
+    if (!ModoFatiadorAtivo) return;
+    ModoFatiadorAtivo = false;
+    SalvarPresetAberto = false;
+    RestaurarOriginal();
+    DefinirStatus("Modo Fatiador cancelado (atividade fora do painel)");
+}
+
+// --- Messages
+
+static void Pintar(HWND janela) {
+    PAINTSTRUCT pintura;
+    const HDC dc = BeginPaint(janela, &pintura);
+    PaginaPrincipal(janela, dc);
+    EndPaint(janela, &pintura);
+    // A menu runs a message loop of its own, so it waits until the screen shows this pass.
+    if (std::exchange(AbrirMenuLacunas, false)) MenuLacunas(janela);
+    if (std::exchange(AbrirMenuSelecao, false)) MenuSelecao(janela);
+}
+
+static void PararRepeticao(HWND janela) {
+    KillTimer(janela, TimerDeRepeticao);
+    AcaoRepetir = nullptr;
+}
+
+// A press is a pass of its own, so that its click is neither lost nor counted twice.
+static void Apertou(HWND janela, bool& seguro) {
+    seguro = true;
+    Invalidar(janela);
+    UpdateWindow(janela);
+    if (AcaoRepetir) SetTimer(janela, TimerDeRepeticao, PeriodoDeRepeticaoMs, nullptr);
+}
+
+static void Soltou(HWND janela, bool& seguro) {
+    seguro = false;
+    PararRepeticao(janela);
+    Invalidar(janela);
+}
+
+static void Repetir(HWND janela) {
+    if (!AcaoRepetir || !(Mouse.esquerdoSeguro || Mouse.direitoSeguro)) return PararRepeticao(janela);
+    AcaoRepetir();
+    Invalidar(janela);
+}
+
+// Any work outside the panel ends the slicer mode. Deactivation tells of most; this is for a mode that began while the
+// panel was in front without being active. Nobody in front is no sign of work.
+static void VigiarFatiador(HWND janela) {
+    const HWND emFrente = GetForegroundWindow();
+    if (emFrente == janela)
+        PainelEmFrente = true;
+    else if (emFrente && PainelEmFrente)
+        CancelarFatiador();
+}
+
+static void FixarTamanho(MINMAXINFO& limites) {
+    const LONG molduraX = 2 * GetSystemMetrics(SM_CXSIZEFRAME);
+    const LONG molduraY = 2 * GetSystemMetrics(SM_CYSIZEFRAME) + GetSystemMetrics(SM_CYCAPTION);
+    limites.ptMinTrackSize = limites.ptMaxTrackSize = {LarguraCliente + molduraX, AlturaCliente + molduraY};
+}
+
+static void Fechar(HWND janela) {
+    CancelarFatiador();  // no window, no way to keep the cuts or to take them back
+    RECT r;
+    if (GetWindowRect(janela, &r)) GravarJanelaIni(r.left, r.top, r.right - r.left, r.bottom - r.top);
+    DestroyWindow(janela);
+}
+
+LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wParam, LPARAM lParam) {
+    switch (mensagem) {
+        case WM_PAINT:
+            Pintar(janela);
+            return 0;
+        case WM_MOUSEMOVE:
+            Mouse.x = static_cast<int16_t>(LOWORD(lParam));
+            Mouse.y = static_cast<int16_t>(HIWORD(lParam));
+            Invalidar(janela);
+            return 0;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            SetCapture(janela);
+            Apertou(janela, Mouse.esquerdoSeguro);
+            return 0;
+        case WM_LBUTTONUP:
+            Soltou(janela, Mouse.esquerdoSeguro);
+            if (GetCapture() == janela) ReleaseCapture();
+            return 0;
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONDBLCLK:
+            Apertou(janela, Mouse.direitoSeguro);
+            return 0;
+        case WM_RBUTTONUP:
+            Soltou(janela, Mouse.direitoSeguro);
+            return 0;
+        case WM_MOUSEWHEEL:
+            return 0;
+        case WM_TIMER:
+            if (wParam == TimerDeRepeticao) {
+                Repetir(janela);
+                return 0;
+            }
+            PiscaLigado = !PiscaLigado;
+            if (ModoFatiadorAtivo) VigiarFatiador(janela);
+            Invalidar(janela);  // the panel's only way of learning of the host's changes
+            return 0;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) == WA_INACTIVE && ModoFatiadorAtivo) {
+                CancelarFatiador();
+                Invalidar(janela);
+            }
+            break;
+        case WM_GETMINMAXINFO:
+            FixarTamanho(*reinterpret_cast<MINMAXINFO*>(lParam));
+            return 0;
+        case WM_CLOSE:
+            Fechar(janela);
+            return 0;
+        case WM_DESTROY:
+            KillTimer(janela, TimerDoPainel);
+            JanelaPainel = nullptr;
+            LargarFundo();
+            return 0;
+    }
+    return DefWindowProcA(janela, mensagem, wParam, lParam);
+}
+
+// --- Opening
+
+// Once in a process. A class of that name that is there already was left by a copy of the module that has been
+// unloaded; its procedure is gone with it.
+static bool RegistrarClasse(HINSTANCE instancia) {
+    static bool registrada = false;
+    if (registrada) return true;
+    WNDCLASSA classe{};
+    classe.lpfnWndProc = ProcJanelaPainel;
+    classe.hInstance = instancia;
+    classe.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    classe.hbrBackground = reinterpret_cast<HBRUSH>(uintptr_t{COLOR_WINDOW + 1});
+    classe.lpszClassName = NomeDaClasse;
+    registrada = RegisterClassA(&classe) || (UnregisterClassA(NomeDaClasse, instancia) && RegisterClassA(&classe));
+    return registrada;
+}
+
+struct Lugar {
+    int32_t x, y, largura, altura;
+};
+
+// The left edge wins when the window is wider than the area. Wide sums, since a saved place may be anything.
+static int32_t DentroDe(int32_t inicio, int32_t tamanho, int32_t menor, int32_t maior) {
+    const int64_t naoDepois = std::min<int64_t>(inicio, int64_t{maior} - tamanho);
+    return static_cast<int32_t>(std::max<int64_t>(naoDepois, menor));
+}
+
+// Where the panel was last, else at the owner's top right corner, else at the work area's; always inside the work area.
+static Lugar LugarInicial(HWND dono) {
+    RECT area{};
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+    Lugar lugar = {area.right - LarguraPadrao - 20, area.top + 40, LarguraPadrao, AlturaPadrao};
+    RECT r;
+    if (dono && GetWindowRect(dono, &r)) {
+        lugar.x = r.right - LarguraPadrao - 20;
+        lugar.y = r.top + 40;
+    }
+    Lugar salvo = lugar;
+    if (LerJanelaIni(salvo.x, salvo.y, salvo.largura, salvo.altura)) lugar = salvo;
+    if (lugar.largura < LarguraMinima || lugar.largura > LarguraMaxima) lugar.largura = LarguraPadrao;
+    lugar.altura = std::clamp(lugar.altura, AlturaMinima, AlturaPadrao);
+    lugar.x = DentroDe(lugar.x, lugar.largura, area.left, area.right);
+    lugar.y = DentroDe(lugar.y, lugar.altura, area.top, area.bottom);
+    return lugar;
+}
 
 bool JanelaPainelAberta() {
-    return janela != nullptr;
+    return JanelaPainel != nullptr;
+}
+
+void AbrirJanelaPainel(HWND dono, const std::string& caminho) {
+    CaminhoPainel = caminho;
+    PrepararHost();
+    if (JanelaPainel) {
+        ShowWindow(JanelaPainel, SW_RESTORE);
+        SetForegroundWindow(JanelaPainel);
+        return;
+    }
+    const HINSTANCE instancia = GetModuleHandleA(nullptr);
+    if (!RegistrarClasse(instancia)) return;
+    const Lugar lugar = LugarInicial(dono);
+    JanelaPainel = CreateWindowExA(0, NomeDaClasse, "Quilmo", WS_OVERLAPPEDWINDOW, lugar.x, lugar.y, lugar.largura,
+                                   lugar.altura, dono, nullptr, instancia, nullptr);
+    if (!JanelaPainel) return;
+    SetTimer(JanelaPainel, TimerDoPainel, PeriodoDoPainelMs, nullptr);
+    ShowWindow(JanelaPainel, SW_SHOW);
+    UpdateWindow(JanelaPainel);
 }
