@@ -10,9 +10,8 @@ static constexpr int BlocoPadraoMs = 55;
 static void FatiarSilencio(MediaItem* item, double limiarLinear, double blocoSegundos) {
     MediaItem_Take* take = host::GetActiveTake(item);
     if (!take) return;
-    const double comprimento = host::GetMediaItemInfo_Value(item, "D_LENGTH");
-    const double posicao = host::GetMediaItemInfo_Value(item, "D_POSITION");
-    const ItemLido lido = {item, take, posicao, comprimento};
+    const double comprimento = ComprimentoDoItem(item);
+    const ItemLido lido = {item, take, InicioDoItem(item), comprimento};
     const std::vector<TrechoSilencio> silencio = AnalisarItem(lido, limiarLinear, blocoSegundos);
     if (!silencio.empty()) FatiarItem(lido, silencio);
 }
@@ -23,15 +22,15 @@ bool Quilmo_AutoSplit(bool fecharLacunas, int blocoMs, double thresholdDb) {
     const double blocoSegundos = (blocoMs > 0 ? blocoMs : BlocoPadraoMs) / 1000.0;
     const int quantos = host::CountSelectedMediaItems(nullptr);
     if (quantos <= 0) {
-        host::ShowMessageBox("Selecione itens de audio.", "A.SPLIT", 0);
+        Mensagem("Selecione itens de audio.", "A.SPLIT");
         return false;
     }
-    host::Undo_BeginBlock2(nullptr);
+    AbrirBloco();
     host::PreventUIRefresh(1);
     for (MediaItem* item : CopiarSelecao(quantos)) FatiarSilencio(item, limiarLinear, blocoSegundos);
     if (fecharLacunas) FecharLacunasFatias();
     host::PreventUIRefresh(-1);
     host::UpdateArrange();
-    host::Undo_EndBlock2(nullptr, "Fatiador Preview", -1);
+    FecharBloco("Fatiador Preview");
     return true;
 }

@@ -22,7 +22,7 @@ struct PlainAnalysis {
         : threshold(linearThreshold),
           channels(channelCount),
           window(std::max(1, static_cast<int>(rate * 0.01))),
-          block(std::max(1, static_cast<int>(std::ceil(blockSeconds * rate)))) {}
+          block(std::max(1, static_cast<int>(std::min(std::ceil(blockSeconds * rate), 2147483647.0)))) {}
 
     void Frame(const double* samples, int number) {
         if (count == 0) windowStart = number;
