@@ -324,6 +324,7 @@ template <class Combine, class Source>
 void CombineRun(Combine combine, LICE_pixel* dest, ptrdiff_t count, Source source, int ia) {
     ptrdiff_t x = 0;
     if constexpr (requires(FourPixels four) { combine(four, four, ia); }) {
+#pragma GCC unroll 4  // so that a short body's speed does not hang on where it happens to lie
         for (; x + 4 <= count; x += 4) StoreFour(dest + x, combine(LoadFour(dest + x), source.Four(x), ia));
     }
     for (; x < count; ++x) dest[x] = combine(dest[x], source[x], ia);
