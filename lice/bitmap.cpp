@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <limits>
 
+#include "lice/truncate.h"
+
 namespace {
 
 constexpr int64_t IntMax = std::numeric_limits<int>::max();
@@ -24,7 +26,7 @@ int ScaledSide(int side, int scale) {
 }  // namespace
 
 int LICE_ScaleCoord(int value, int scale) {
-    return static_cast<int>(std::clamp(int64_t{value} * scale / 256, IntMin, IntMax));
+    return HeldInInt(int64_t{value} * scale / 256);
 }
 
 unsigned LICE_ScaleSize(int value, int scale) {

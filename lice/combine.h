@@ -9,16 +9,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 
 #include "lice/four_pixels.h"
 #include "lice/pixel.h"
+#include "lice/truncate.h"
 
-// 1.0 is 256; truncated. What no int holds is held at its ends, and NaN is transparent.
+// A caller's opacity, 1.0 being opaque.
 inline int Opacity(float alpha) {
-    const double ia = alpha * 256.0;
-    if (!(ia > std::numeric_limits<int>::min())) return ia == ia ? std::numeric_limits<int>::min() : 0;
-    return ia < std::numeric_limits<int>::max() ? static_cast<int>(ia) : std::numeric_limits<int>::max();
+    return TruncateToInt(alpha * 256.0);
 }
 
 // The factors of the formulas: 64 bits, because any opacity is allowed.

@@ -7,6 +7,8 @@
 #include "lice/blur.h"
 #include "lice/fill.h"
 #include "lice/font.h"
+#include "lice/glyph.h"
+#include "lice/line.h"
 #include "lice/pixel.h"
 #include "lice/polygon.h"
 #include "lice/scaled_blit.h"
