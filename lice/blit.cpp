@@ -33,11 +33,6 @@ void CombineRows(Combine combine, const BlitRows& rows, int ia) {
     }
 }
 
-int HeldInInt(int64_t value) {
-    return static_cast<int>(
-        std::clamp<int64_t>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
-}
-
 void BlitPlaced(LICE_IBitmap* dest, LICE_IBitmap* src, BlitPlace place, float alpha, int mode) {
     const Target to(dest), from(src);
     if (to.Empty() || from.Empty()) return;
