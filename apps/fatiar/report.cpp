@@ -55,14 +55,23 @@ static std::string CsvField(const std::string& text) {
     return quoted + "\"";
 }
 
+// For spreadsheets: to the nanosecond, without the last bits of a sum.
+static std::string Decimal(double value) {
+    char text[64];
+    std::string decimal(text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 9).ptr);
+    decimal.erase(decimal.find_last_not_of('0') + 1);
+    if (decimal.ends_with('.')) decimal.pop_back();
+    return decimal;
+}
+
 std::string AsCsv(const std::vector<Result>& results) {
     std::string text = "arquivo,pedaco,posicao,duracao,origem\n";
     for (const Result& r : results) {
         const std::string input = CsvField(r.input);
         int number = 0;
         for (const Piece& p : r.pieces)
-            text += input + ',' + std::to_string(++number) + ',' + Exact(p.position) + ',' + Exact(p.length) + ',' +
-                    Exact(p.source) + '\n';
+            text += input + ',' + std::to_string(++number) + ',' + Decimal(p.position) + ',' + Decimal(p.length) + ',' +
+                    Decimal(p.source) + '\n';
     }
     return text;
 }

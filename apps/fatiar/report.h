@@ -27,9 +27,9 @@ struct Settings {
     bool closeGaps;
 };
 
-std::string AsTable(const std::vector<Result>& results);                           // for the screen
-std::string AsCsv(const std::vector<Result>& results);                             // one line a piece, below a heading
-std::string AsJson(const std::vector<Result>& results, const Settings& settings);  // one object
+std::string AsTable(const std::vector<Result>& results);  // for the screen
+std::string AsCsv(const std::vector<Result>& results);    // one line a piece, below a heading; to the nanosecond
+std::string AsJson(const std::vector<Result>& results, const Settings& settings);  // one object; exact doubles
 
 // The text without control characters, so that a file's name stays on one line.
 std::string OnOneLine(std::string text);

@@ -1,0 +1,277 @@
+// Runs the real program on recordings made here, and compares with what follows from how they were made.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sndfile.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "tests/apps/json.h"
+#include "tests/apps/workshop.h"
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+    int status;
+    std::string out, err;
+};
+
+struct Sound {
+    double start, length;  // seconds, whole windows of 10 ms
+};
+
+// Two channels: loud, no sample like its neighbours, where there is sound; faint elsewhere.
+static std::vector<double> Recording(int rate, double seconds, const std::vector<Sound>& sounds) {
+    std::vector<double> samples = Workshop::Noise(static_cast<int>(seconds * rate + 0.5) * 2);
+    for (size_t i = 0; i < samples.size(); ++i) {
+        const double t = static_cast<double>(i / 2) / rate;
+        bool loud = false;
+        for (const Sound& s : sounds) loud |= t >= s.start - 1e-9 && t < s.start + s.length - 1e-9;
+        if (!loud) samples[i] *= 0.005;
+    }
+    return samples;
+}
+
+static std::vector<double> ReadAll(const std::string& path, SF_INFO* info) {
+    *info = {};
+    SNDFILE* file = sf_open(path.c_str(), SFM_READ, info);
+    if (!file) return {};
+    std::vector<double> samples(static_cast<size_t>(info->frames) * info->channels);
+    sf_readf_double(file, samples.data(), info->frames);
+    sf_close(file);
+    return samples;
+}
+
+static std::string Text(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class Fatiar : public testing::Test {
+  protected:
+    Outcome Call(std::vector<std::string> arguments, const char* out = nullptr) {
+        Workshop streams;
+        const std::string outPath = out ? out : streams.Path("out"), errPath = streams.Path("err");
+        posix_spawn_file_actions_t files;
+        posix_spawn_file_actions_init(&files);
+        posix_spawn_file_actions_addopen(&files, 0, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&files, 1, outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        posix_spawn_file_actions_addopen(&files, 2, errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        arguments.insert(arguments.begin(), BUILD_FOLDER "/fatiar");
+        std::vector<char*> argv;
+        for (std::string& a : arguments) argv.push_back(a.data());
+        argv.push_back(nullptr);
+        pid_t child = 0;
+        int status = -1;
+        if (posix_spawn(&child, argv[0], &files, nullptr, argv.data(), environ) == 0) waitpid(child, &status, 0);
+        posix_spawn_file_actions_destroy(&files);
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out ? "" : Text(outPath), Text(errPath)};
+    }
+
+    // Start of each piece on the track, its length and its place in the recording, as --json tells them.
+    std::vector<std::array<double, 3>> Pieces(const Outcome& run, size_t file = 0) {
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(run.err, "");
+        const Json json = Json::Parse(run.out);
+        std::vector<std::array<double, 3>> pieces;
+        for (const Json& p : json["arquivos"][file]["pedacos"].list)
+            pieces.push_back({p["posicao"].number, p["duracao"].number, p["origem"].number});
+        return pieces;
+    }
+
+    Workshop workshop;
+};
+
+static void ExpectPieces(const std::vector<std::array<double, 3>>& found,
+                         const std::vector<std::array<double, 3>>& wanted, double tolerance = 1e-9) {
+    ASSERT_EQ(found.size(), wanted.size());
+    for (size_t i = 0; i < found.size(); ++i)
+        for (int k = 0; k < 3; ++k)
+            EXPECT_NEAR(found[i][k], wanted[i][k], tolerance) << "piece " << i << ", field " << k;
+}
+
+TEST_F(Fatiar, AchaOsMesmosPedacosEmCadaFormato) {
+    // The pause of 50 ms is shorter than the block, the one of 60 ms is not.
+    const std::vector<Sound> sounds = {{0.5, 1}, {1.55, 0.2}, {1.81, 0.3}, {2.5, 0.4}};
+    const std::vector<std::array<double, 3>> closed = {{0.5, 1.25, 0.5}, {1.745, 0.3, 1.81}, {2.04, 0.4, 2.5}};
+    struct {
+        int format, rate;
+    } const cases[] = {{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000},
+                       {SF_FORMAT_FLAC | SF_FORMAT_PCM_24, 44100},
+                       {SF_FORMAT_AIFF | SF_FORMAT_FLOAT, 96000},
+                       {SF_FORMAT_CAF | SF_FORMAT_ALAC_16, 48000},
+                       {SF_FORMAT_W64 | SF_FORMAT_PCM_32, 8000}};
+    std::vector<std::string> all = {"--json"};
+    for (const auto& c : cases) {
+        const std::string name = "f" + std::to_string(all.size());
+        all.push_back(workshop.Write(name, c.format, c.rate, 2, Recording(c.rate, 3.2, sounds)));
+    }
+    const Outcome run = Call(all);
+    for (size_t i = 0; i < std::size(cases); ++i) {
+        SCOPED_TRACE(i);
+        ExpectPieces(Pieces(run, i), closed);
+    }
+
+    // A lossy coding smears what is short, not where speech begins and ends.
+    const auto lossy =
+        workshop.Write("f.ogg", SF_FORMAT_OGG | SF_FORMAT_VORBIS, 48000, 2, Recording(48000, 3.2, sounds));
+    ExpectPieces(Pieces(Call({lossy, "--bloco", "500", "--json"})), {{0.5, 2.4, 0.5}}, 0.021);
+
+    const std::string& first = all[1];
+    ExpectPieces(Pieces(Call({first, "--json", "--sem-fechar"})),
+                 {{0.5, 1.25, 0.5}, {1.81, 0.3, 1.81}, {2.5, 0.4, 2.5}});
+    ExpectPieces(Pieces(Call({"--bloco=400", "--json", first})), {{0.5, 2.4, 0.5}});
+    ExpectPieces(Pieces(Call({"--piso", "-60,5", "--json", first})), {{0, 3.2, 0}});  // the faint part sounds too
+    ExpectPieces(Pieces(Call({"--piso", "0", "--json", first})), {{0, 3.2, 0}});      // nothing sounds: left whole
+}
+
+// What a listener hears: each piece sample for sample, straight fades of 5 ms at both ends and across each join.
+TEST_F(Fatiar, OAudioGravadoTemOsPedacosComFadesNasEmendas) {
+    const std::vector<Sound> sounds = {{0.5, 1}, {1.8, 0.3}, {2.5, 0.4}};
+    const int rate = 48000, fade = 240;
+    const std::vector<double> samples = Recording(rate, 3.2, sounds);
+    const std::string input = workshop.Write("fala.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, rate, 2, samples);
+    SF_INFO info;
+    const std::vector<double> heard = ReadAll(input, &info);
+
+    std::vector<double> wanted;
+    for (const Sound& s : sounds) {
+        const int from = static_cast<int>(std::lround(s.start * rate)),
+                  length = static_cast<int>(std::lround(s.length * rate));
+        const size_t at = wanted.empty() ? 0 : wanted.size() - 2 * fade;
+        wanted.resize(at + 2 * length);
+        for (int i = 0; i < 2 * length; ++i) {
+            const double in = std::min(1.0, i / 2 / double(fade)), out = std::min(1.0, (length - i / 2) / double(fade));
+            wanted[at + i] += in * out * heard[2 * from + i];
+        }
+    }
+    for (const std::vector<std::string>& way : {std::vector<std::string>{"-o", workshop.Path("sai")},
+                                                {"-o", workshop.Path("sai/fundo"), "--formato", "flac"},
+                                                {"-o", workshop.Path("Um Nome.FLAC")}}) {
+        std::vector<std::string> arguments = way;
+        arguments.push_back(input);
+        EXPECT_EQ(Call(arguments).status, 0);
+    }
+    EXPECT_EQ(workshop.Listing(),
+              "Um Nome.FLAC fala.wav sai sai/fala-fatiado.wav sai/fundo sai/fundo/fala-fatiado.flac ");
+    for (const char* name : {"sai/fala-fatiado.wav", "sai/fundo/fala-fatiado.flac", "Um Nome.FLAC"}) {
+        SCOPED_TRACE(name);
+        const std::vector<double> found = ReadAll(workshop.Path(name), &info);
+        EXPECT_EQ(info.format & SF_FORMAT_SUBMASK, SF_FORMAT_PCM_24);
+        EXPECT_EQ(info.format & SF_FORMAT_TYPEMASK, name[4] == 'f' && name[5] == 'a' ? SF_FORMAT_WAV : SF_FORMAT_FLAC);
+        ASSERT_EQ(found.size(), wanted.size());
+        for (size_t i = 0; i < found.size(); ++i) ASSERT_NEAR(found[i], wanted[i], 1.0 / 8388608) << "sample " << i;
+    }
+
+    // Left in place, the pieces keep time with the recording, and nothing is faded.
+    ASSERT_EQ(Call({input, "--sem-fechar", "-o", workshop.Path("no-lugar.wav")}).status, 0);
+    const std::vector<double> inPlace = ReadAll(workshop.Path("no-lugar.wav"), &info);
+    ASSERT_EQ(info.frames, std::lround(2.9 * rate));
+    for (size_t i = 0; i < inPlace.size(); ++i) {
+        const double t = static_cast<double>(i / 2) / rate;
+        const bool sounds_ = (t >= 0.5 && t < 1.5) || (t >= 1.8 && t < 2.1) || t >= 2.5;
+        ASSERT_EQ(inPlace[i], sounds_ ? heard[i] : 0.0) << "sample " << i;
+    }
+}
+
+// At 44100 Hz an overlap of 5 ms is no whole number of frames; the pieces are still copied and not recomputed.
+TEST_F(Fatiar, PedacosFicamIntactosQuandoAEmendaCaiEntreQuadros) {
+    const int rate = 44100;
+    const std::string input = workshop.Write("f.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, rate, 2,
+                                             Recording(rate, 3, {{0.5, 1}, {1.8, 0.3}, {2.5, 0.4}}));
+    ASSERT_EQ(Call({input, "-o", workshop.Path("s.wav")}).status, 0);
+    SF_INFO info;
+    const std::vector<double> heard = ReadAll(input, &info), found = ReadAll(workshop.Path("s.wav"), &info);
+    EXPECT_NEAR(static_cast<double>(info.frames), 1.69 * rate, 1);
+    for (const double middle : {1.9, 2.7}) {  // of the second and third piece, away from its fades
+        const double* const wanted = &heard[2 * std::lround(middle * rate)];
+        const auto place = std::search(found.begin(), found.end(), wanted, wanted + 2000);
+        EXPECT_NE(place, found.end()) << middle;
+    }
+}
+
+TEST_F(Fatiar, TabelasLeemDeVoltaComQualquerNomeDeArquivo) {
+    const std::vector<double> samples = Recording(8000, 1.5, {{0.2, 0.5}, {1.0, 0.3}});
+    const std::string name = "a, \"b\"\\\n\xc3\xa3\xff.wav";  // one byte of it is no UTF-8
+    const std::string input = workshop.Write(name, SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 2, samples);
+    const Outcome run = Call({input, "--json", "--csv", "-o", workshop.Path("sai")});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("retirado: 0.700 s"), std::string::npos) << run.out;
+
+    const std::string stem = workshop.Path("sai/" + name.substr(0, name.size() - 4) + "-fatiado");
+    const Json json = Json::Parse(Text(stem + ".json"));
+    const Json& file = json["arquivos"][0];
+    const std::string readable = workshop.Path("a, \"b\"\\\n\xc3\xa3\xef\xbf\xbd.wav");
+    EXPECT_EQ(file["arquivo"].text, readable);
+    EXPECT_NEAR(file["retirado"].number, 0.7, 1e-9);
+    EXPECT_EQ(file["taxa"].number, 8000);
+    EXPECT_EQ(json["bloco_ms"].number, 55);
+
+    std::string quoted = input;
+    for (size_t at = 0; (at = quoted.find('"', at)) != std::string::npos; at += 2) quoted.insert(at, 1, '"');
+    EXPECT_EQ(Text(stem + ".csv"), "arquivo,pedaco,posicao,duracao,origem\n\"" + quoted + "\",1,0.2,0.5,0.2\n\"" +
+                                       quoted + "\",2,0.695,0.3,1\n");
+}
+
+TEST_F(Fatiar, EntradaRuimDaUmaLinhaESaida2ENaoDeixaNada) {
+    const auto good = workshop.Write("boa.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 1, Workshop::Noise(8000));
+    workshop.Write("vazia.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 1, {});
+    const auto nine = workshop.Write("nove.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 9, Workshop::Noise(9000));
+    std::ofstream(workshop.Path("texto.wav")) << "isto nao e audio\n";
+    fs::create_directory(workshop.Path("pasta"));
+    const std::string before = workshop.Listing(), sai = workshop.Path("sai");
+
+    const std::vector<std::vector<std::string>> cases = {
+        {},
+        {""},
+        {workshop.Path("nao-ha\n.wav")},
+        {workshop.Path("pasta")},
+        {workshop.Path("texto.wav")},
+        {workshop.Path("vazia.wav")},
+        {"/dev/null"},
+        {good, workshop.Path("texto.wav"), "-o", sai},
+        {good, "-o", workshop.Path("texto.wav/sub")},
+        {good, "-o", "/proc/nada"},
+        {good, "-o"},
+        {good, "-o", ""},
+        {good, "-o", good},                           // would write over its own input
+        {good, nine, "-o", workshop.Path("um.wav")},  // two results, one file
+        {good, "-o", workshop.Path("um.wav"), "--formato=flac"},
+        {good, nine, "-o", sai, "--formato", "flac"},  // the second cannot be FLAC, so the first goes too
+        {good, "-o", sai, "--formato", "mp3"},
+        {good, "--piso"},
+        {good, "--piso", "nan"},
+        {good, "--piso", "-1e999"},
+        {good, "--piso", "-37dB"},
+        {good, "--piso", "37"},
+        {good, "--piso", ""},
+        {good, "--bloco", "12abc"},
+        {good, "--bloco", "0"},
+        {good, "--bloco", "55.5"},
+        {good, "--bloco", "99999999999"},
+        {good, "--sem-fechar=1"},
+        {good, "--seem-fechar"},
+        {good, "-x"},
+        {good, "--csv", "--json"},
+    };
+    for (const auto& arguments : cases) {
+        const Outcome run = Call(arguments);
+        std::string line = "fatiar";
+        for (const std::string& a : arguments) line += " " + a;
+        SCOPED_TRACE(line);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.out, "");
+        EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+        EXPECT_TRUE(run.err.starts_with("fatiar: ") && run.err.ends_with("\n")) << run.err;
+        EXPECT_EQ(workshop.Listing(), before);
+    }
+    EXPECT_EQ(Call({good}, "/dev/full").status, 2);
+    EXPECT_EQ(Call({"--ajuda"}).status, 0);
+}
