@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "simhost/actions.h"
+#include "simhost/mixdown.h"
 #include "simhost/sound.h"
 
 namespace simhost {
@@ -34,9 +35,12 @@ static bool GlueOnTrack(Host& host, const std::vector<Item*>& items) {
         channels = std::max(channels, item->Active()->source->Channels());
     }
     if (rate <= 0) return false;
-    const size_t frames = FramesIn(end - start, rate);
-    std::vector<double> mix(frames * channels);
-    for (const Item* item : items) MixItem(*item, rate, channels, start, static_cast<int>(frames), mix.data());
+    const double held = std::min(end, start + 1e9 / rate);  // what memory can hold of items that end absurdly late
+    std::vector<double> mix;
+    MixItems({items.begin(), items.end()}, {rate, channels, start, held}, [&](const double* block, int frames) {
+        mix.insert(mix.end(), block, block + static_cast<size_t>(frames) * channels);
+        return true;
+    });
 
     Track& track = *items[0]->track;
     Item glued = MakeItem(items[0]->Name() + "-glued", start, end, Keep(host, rate, channels, std::move(mix)));
