@@ -1,0 +1,86 @@
+// Recording, stopping, jumping; and what opening the panel sets in the host.
+#include "commands/commands.h"
+#include "tests/support/story.h"
+
+namespace {
+
+class Transporte : public Cena {};
+
+TEST_F(Transporte, GravaNasArmadasSenaoNasSelecionadas) {
+    const struct {
+        const char *antes, *depois, *acoes, *mensagens;
+    } casos[] = {
+        {"1: / 2 (selected): / 3:", "1: / 2 (armed): / 3:", "1013", ""},
+        {"1 (armed): / 2 (selected):", "1 (armed): / 2:", "1013", ""},
+        {"1: / 2:", "1: / 2:", "", "Quilmo: Nenhuma faixa selecionada. Selecione uma faixa para gravar."},
+    };
+    for (const auto& caso : casos) {
+        Projeto(caso.antes);
+        host.playState = 0;
+        ExecutarGravacao();
+        EXPECT_EQ(Retrato(), caso.depois);
+        EXPECT_EQ(Acoes(), caso.acoes);
+        EXPECT_EQ(Mensagens(), caso.mensagens);
+        EXPECT_EQ(Historico(), "");
+    }
+    Projeto("1 (selected):");
+    Dados(FaixaChamada("1")).armed = 0.5;  // only exactly 1 is armed
+    host.playState = 0;
+    ExecutarGravacao();
+    EXPECT_EQ(Retrato(), "1 (armed):");
+}
+
+TEST_F(Transporte, PararDesarmaELimpa) {
+    Projeto("1 (armed, selected): a 1-2 * / 2 (armed): {time 1-2}");
+    host.playState = 5;
+    ExecutarGravacao();  // while recording it is the stop button
+    EXPECT_EQ(Acoes().substr(0, 5), "40328");
+    EXPECT_EQ(Dados(FaixaChamada("2")).armed, 0);
+
+    Projeto("1 (armed, selected): a 1-2 * / 2 (armed): {time 1-2}");
+    PararTudo();
+    EXPECT_EQ(RetratoCompleto(), "1: a 1-2 / 2:");
+    EXPECT_EQ(Acoes(), "40297 40020 1016");
+    EXPECT_EQ(Historico(), "");
+}
+
+TEST_F(Transporte, SaltaParaABordaMaisProxima) {
+    const struct {
+        const char* cena;
+        double anterior, proximo;  // where the cursor ends up
+    } casos[] = {
+        {"1: a 1-2 | b 3-5 {cursor 4}", 3, 5},
+        {"1: a 1-2 | b 3-5 {cursor 3.0005}", 1, 5},                            // too near the start of b
+        {"1: a 1-2 | b 3-5 {cursor 1.9995}", 1, 5},                            // too near the end of a
+        {"1: a 1-2 | b 3-5 {cursor 9}", 3, 9},                                 // nothing behind: stays
+        {"1: a 1-2 {cursor 0.5}", 0, 2},                                       // nothing before: to the start
+        {"1: a 1-2 / 2: b 3-5 * / 3 (selected): c 6-7 {cursor 5.5}", 3, 5.5},  // the selected item's track
+        {"1: a 1-2 / 2 (selected): b 3-5 {cursor 2.5}", 0, 5},                 // else the selected track
+        {"1: a 1-2 / 2: b 3-5 {cursor 2.5}", 1, 5},                            // else all
+    };
+    for (const auto& caso : casos) {
+        Projeto(caso.cena);
+        PrevItemStart();
+        EXPECT_EQ(host.project.cursor, caso.anterior) << caso.cena;
+        Projeto(caso.cena);
+        NextItemEnd();
+        EXPECT_EQ(host.project.cursor, caso.proximo) << caso.cena;
+    }
+}
+
+TEST_F(Transporte, PreparaSoOQueEstaLigado) {
+    host.toggles = {{40145, 0}, {1161, 0}};
+    host.SetConfigInt("promptendrec", 1);
+    PrepararHost();
+    EXPECT_EQ(Acoes(), "40753");
+    EXPECT_EQ(host.ConfigInt("promptendrec"), 0);
+
+    host.actionsRun.clear();
+    host.toggles = {{40145, 1}, {1161, 1}};
+    host.configVars["promptendrec"] = {7, 7};  // of another size: left alone
+    PrepararHost();
+    EXPECT_EQ(Acoes(), "40753 40145 1162");
+    EXPECT_EQ(host.configVars["promptendrec"], (std::vector<char>{7, 7}));
+}
+
+}  // namespace
