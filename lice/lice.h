@@ -5,6 +5,7 @@
 #include "lice/bitmap.h"
 #include "lice/blit.h"
 #include "lice/blur.h"
+#include "lice/circle.h"
 #include "lice/fill.h"
 #include "lice/font.h"
 #include "lice/glyph.h"
