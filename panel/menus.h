@@ -4,9 +4,6 @@
 #pragma once
 #include "platform/win32.h"
 
-// Set in a pass by the button that asks for the menu; cleared by the window, which opens it once painting is over.
-extern bool AbrirMenuLacunas, AbrirMenuSelecao;
-
 // Runs the menu to its end, then the chosen command, then repaints.
 void MenuLacunas(HWND janela);
 void MenuSelecao(HWND janela);

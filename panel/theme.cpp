@@ -1,0 +1,69 @@
+#include "panel/theme.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+LICE_CachedFont* FontePainel(int altura) {
+    static LICE_CachedFont* fontes[64];  // never freed: glyph caches live to the end of the process
+    LICE_CachedFont*& fonte = fontes[std::clamp(altura, 1, 63)];
+    if (!fonte) {
+        LOGFONTA pedido = {};
+        pedido.lfHeight = -altura;
+        pedido.lfWeight = 600;
+        pedido.lfQuality = ANTIALIASED_QUALITY;
+        std::strcpy(pedido.lfFaceName, "Segoe UI");
+        fonte = new LICE_CachedFont;
+        fonte->SetFromHFont(CreateFontIndirectA(&pedido), LICE_FONT_FLAG_OWNS_HFONT);
+    }
+    return fonte;
+}
+
+int LarguraTexto(const char* texto, int altura) {
+    RECT medida = {};
+    FontePainel(altura)->DrawText(nullptr, texto, -1, &medida, DT_CALCRECT | DT_NOPREFIX | DT_SINGLELINE);
+    return medida.right - medida.left;
+}
+
+int TamanhoDaFonte(int largura) {
+    if (largura > 200) return 16;
+    if (largura >= 100) return 15;
+    return largura >= 50 ? 14 : 12;
+}
+
+TextoAjustado AjustarTexto(const char* texto, int tamanho, float extra, int larguraDoWidget) {
+    constexpr int menorTamanho = 9, margens = 6;
+    int largura = LarguraTexto(texto, tamanho);
+    while (largura + extra > larguraDoWidget - margens && tamanho > menorTamanho)
+        largura = LarguraTexto(texto, --tamanho);
+    return {tamanho, largura};
+}
+
+void EscreverTexto(LICE_IBitmap* bm, const char* texto, int altura, LICE_pixel cor, RECT lugar, UINT formato) {
+    LICE_CachedFont* fonte = FontePainel(altura);
+    fonte->SetTextColor(cor);
+    fonte->DrawText(bm, texto, -1, &lugar, formato);
+}
+
+void PreencheArredondado(LICE_IBitmap* bm, int x, int y, int w, int h, int raio, LICE_pixel cor, float alfa) {
+    LICE_FillRect(bm, x, y + raio, w, h - 2 * raio, cor, alfa, LICE_BLIT_MODE_COPY);
+    for (int i = 0; i < raio; ++i) {
+        const int e = raio - i;
+        const double recuoExato = raio - std::sqrt(static_cast<double>(raio * raio - e * e));
+        const int recuo = static_cast<int>(std::ceil(recuoExato));
+        const double cobertura = recuo - recuoExato;  // of the pixel at each end of the row
+        for (const int linha : {y + i, y + h - 1 - i}) {
+            if (w - 2 * recuo > 0)
+                LICE_FillRect(bm, x + recuo, linha, w - 2 * recuo, 1, cor, alfa, LICE_BLIT_MODE_COPY);
+            if (cobertura > 0.01 && recuo >= 1)
+                for (const int coluna : {x + recuo - 1, x + w - recuo})
+                    LICE_FillRect(bm, coluna, linha, 1, 1, cor, static_cast<float>(alfa * cobertura),
+                                  LICE_BLIT_MODE_COPY);
+        }
+    }
+}
+
+void ContornoArredondado(LICE_IBitmap* bm, int x, int y, int w, int h, int raio, LICE_pixel cor, float alfa) {
+    LICE_RoundRect(bm, static_cast<float>(x), static_cast<float>(y), static_cast<float>(w - 1),
+                   static_cast<float>(h - 1), raio, cor, alfa, LICE_BLIT_MODE_COPY, true);
+}
