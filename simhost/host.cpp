@@ -24,12 +24,12 @@ static bool Contains(const std::vector<std::string>& names, const std::string& n
 static void* GetFunc(const char* name) {
     Host& host = Host::Current();
     void* function = host.Function(name);
-    if (!function) host.unknownNames.push_back(name);
+    if (!function) host.unknownNames.push_back(name ? name : "");
     return function;
 }
 
 static int Register(const char* name, void* info) {
-    return Host::Current().Register(name, info);
+    return Host::Current().Register(name ? name : "", info);
 }
 
 Host::Host() : record_{VersaoDoHost, nullptr, simhost::Register, GetFunc}, counters_(FunctionCount) {

@@ -113,7 +113,7 @@ class Host {
     std::vector<ShownMessage> messages;  // shown so far
     std::vector<ShownInput> inputs;
 
-    // --- undo (undo.cpp)
+    // --- undo (undo.cpp says how): one point a block, also when the block changed nothing; inner blocks make none
     void BeginBlock();
     void EndBlock(const std::string& title, int flags);
     bool BlockOpen() const { return blockDepth_ > 0; }

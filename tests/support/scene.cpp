@@ -6,7 +6,10 @@
 #include <random>
 #include <stdexcept>
 
+#include "commands/commands.h"
 #include "host/entry.h"
+#include "panel/state.h"
+#include "slicer/preview.h"
 
 using simhost::Host;
 
@@ -30,10 +33,14 @@ Cena::~Cena() {
 }
 
 void Cena::SetUp() {
+    ModoRipple = true;
+    RestaurarEstadoFatiador();
+    RestaurarEstadoPainel();
     ASSERT_EQ(ReaperPluginEntry(nullptr, host.Record()), 1);
 }
 
 void Cena::TearDown() {
+    if (JanelaPainel) DestroyWindow(JanelaPainel);
     ReaperPluginEntry(nullptr, nullptr);
     EXPECT_TRUE(host.Check()) << host.FirstViolation() << " (" << host.ViolationCount() << " in all)";
 }

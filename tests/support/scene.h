@@ -22,8 +22,8 @@ class Cena : public testing::Test {
   protected:
     Cena();
     ~Cena() override;
-    void SetUp() override;     // loads the module
-    void TearDown() override;  // unloads it; fails the test on a violation, or on what was left open
+    void SetUp() override;     // puts the module's state back and loads it
+    void TearDown() override;  // closes the panel and unloads; fails the test on a violation or on what was left open
 
     simhost::Host host;
 };
