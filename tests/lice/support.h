@@ -88,6 +88,13 @@ class TestSurface : public LICE_IBitmap {
     }
     bool Has(int64_t x, int64_t y) const { return x >= 0 && y >= 0 && x < BackingWidth() && y < BackingHeight(); }
 
+    // Whether borders and padding are those of `before`, a copy from before something was drawn.
+    bool KeptOutside(TestSurface before) {
+        for (int y = 0; y < BackingHeight(); ++y)
+            for (int x = 0; x < BackingWidth(); ++x) before.At(x, y) = At(x, y);
+        return before.memory == memory;
+    }
+
     std::vector<LICE_pixel> memory;
 
   private:
