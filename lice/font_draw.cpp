@@ -69,7 +69,7 @@ void DrawTwoColors(const GlyphRows& rows, LICE_pixel full, LICE_pixel effect, in
 bool LICE_CachedFont::DrawGlyphAt(LICE_IBitmap* bitmap, unsigned code, int x, int y, const RECT* clip) {
     const GlyphRecord* glyph = FindDrawable(code);
     const Target target(bitmap);
-    if (!glyph || target.Empty()) return false;
+    if (!glyph) return false;
 
     // In 64 bits, because neither the pen nor the clip is bound to lie near the surface.
     int64_t left = x, top = y;
@@ -89,7 +89,7 @@ bool LICE_CachedFont::DrawGlyphAt(LICE_IBitmap* bitmap, unsigned code, int x, in
     const int drawX = static_cast<int>(left + skipX), drawY = static_cast<int>(top + skipY);
     const int w = static_cast<int>(std::min<int64_t>(glyph->width - skipX, clipRight - drawX));
     const int h = static_cast<int>(std::min<int64_t>(glyph->height - skipY, clipBottom - drawY));
-    if (w < 1 || h < 1) return false;
+    if (w < 1 || h < 1 || target.Empty()) return false;
 
     const int mode = combineMode_ & ~LICE_BLIT_USE_ALPHA;
     if (bkMode_ == OPAQUE) LICE_FillRect(bitmap, drawX, drawY, w, h, bkColor_, alpha_, mode | LICE_BLIT_IGNORE_SCALING);
