@@ -454,8 +454,8 @@ TEST(Font, TallTextIsTheSystemsOwn) {
     font.SetTextColor(0xFF4080C0);
     LICE_SysBitmap direct(420, 330), plain(420, 330);
     LICE_MemBitmap without(420, 330);
-    for (const UINT format : {DT_SINGLELINE | 0u, DT_SINGLELINE | DT_RIGHT | 0u, DT_SINGLELINE | DT_CENTER | DT_BOTTOM,
-                              DT_SINGLELINE | DT_NOCLIP | 0u}) {
+    for (const UINT alignment : std::vector<UINT>{0, DT_RIGHT, DT_CENTER | DT_BOTTOM, DT_NOCLIP}) {
+        const UINT format = alignment | DT_SINGLELINE;
         for (LICE_IBitmap* surface : {(LICE_IBitmap*)&direct, (LICE_IBitmap*)&plain, (LICE_IBitmap*)&without})
             LICE_Clear(surface, 0);
         const RECT box{30, 10, 400, 300};
