@@ -45,4 +45,7 @@ Picture PictureOf(HWND window);  // the client area as the screen shows it
 void AnswerNextMenu(const std::string& label, std::function<void()> meanwhile = nullptr);
 std::vector<std::string> LastMenu();  // labels from the top; empty: a separator
 
+// What was not given back to the desktop, as a sentence; empty when all is well or nobody counts.
+std::string Leftovers();
+
 }  // namespace driver

@@ -76,4 +76,8 @@ std::vector<std::string> LastMenu() {
     return labels;
 }
 
+std::string Leftovers() {
+    return desktop::Leftovers();
+}
+
 }  // namespace driver

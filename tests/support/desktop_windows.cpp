@@ -147,6 +147,10 @@ std::vector<std::string> LastMenu() {
     return lastMenu;
 }
 
+std::string Leftovers() {
+    return "";
+}
+
 void Start() {
     Release(Button::Left);
     Release(Button::Right);
