@@ -45,7 +45,10 @@ static void LerFaixa(const std::string& texto) {
 
 void Projeto(const std::string& retrato) {
     Host& host = Host::Current();
-    host.project = {};
+    simhost::Project novo;
+    novo.numbers = host.project.numbers;  // the settings stay: the host knows them by name
+    novo.texts = host.project.texts;
+    host.project = std::move(novo);
     std::string resto = Extrair(retrato, R"(\{(cursor|time) (-?[\d.]+)(-([\d.]+))?\})", [](const std::smatch& m) {
         if (m[1] == "cursor")
             Cursor(std::stod(m[2]));
