@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 
+#include "platform/export.h"
 #include "tests/slicer/plain_analysis.h"
 
 namespace {
@@ -220,8 +221,8 @@ TEST_F(Analise, OQueNaoCabeFicaIntacto) {
     }
 }
 
-// Memory that is asked for in vain must give null under the sanitizers too, as everywhere else.
-extern "C" const char* __asan_default_options();
-extern "C" const char* __asan_default_options() {
+// Memory that is asked for in vain gives null under the sanitizers too, as everywhere else.
+MODULE_EXPORT const char* __asan_default_options();
+const char* __asan_default_options() {
     return "allocator_may_return_null=1";
 }

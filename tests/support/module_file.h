@@ -1,0 +1,25 @@
+// tests/support/module_file.h
+// The module as its users get it: the file that the build made, loaded as a host loads it. What the test program itself
+// links of the module is another copy, with state of its own.
+#pragma once
+#include <string>
+#include <vector>
+
+std::vector<std::string> NamesExportedByModule();  // read from the file itself, sorted
+
+class ModuleFile {
+  public:
+    ModuleFile();  // throws std::runtime_error, saying why, when it does not load
+    ~ModuleFile();
+    ModuleFile(const ModuleFile&) = delete;
+    ModuleFile& operator=(const ModuleFile&) = delete;
+
+    template <class Function>
+    Function* Find(const char* name) const {
+        return reinterpret_cast<Function*>(Address(name));
+    }
+
+  private:
+    void* Address(const char* name) const;  // null when there is none
+    void* handle_;
+};

@@ -1,0 +1,48 @@
+#include "tests/support/module_file.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "platform/win32.h"
+
+// The build folder is a path of the machine that built, whose root is a drive here.
+static const char* const Path = "Z:" BUILD_FOLDER "/reaper_quilmo.dll";
+
+ModuleFile::ModuleFile() : handle_(LoadLibraryA(Path)) {
+    if (!handle_) throw std::runtime_error("LoadLibrary: error " + std::to_string(GetLastError()));
+}
+
+ModuleFile::~ModuleFile() {
+    FreeLibrary(static_cast<HMODULE>(handle_));
+}
+
+void* ModuleFile::Address(const char* name) const {
+    return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(handle_), name));
+}
+
+// The names in the file's export directory.
+std::vector<std::string> NamesExportedByModule() {
+    std::ifstream file(Path, std::ios::binary);
+    const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+    if (bytes.size() < sizeof(IMAGE_DOS_HEADER)) throw std::runtime_error("no such module");
+    const char* base = bytes.data();
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* header = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
+    const IMAGE_SECTION_HEADER* sections = IMAGE_FIRST_SECTION(header);
+    const auto at = [&](DWORD address) {  // where the loader's address stands in the file
+        for (int i = 0; i < header->FileHeader.NumberOfSections; ++i)
+            if (address - sections[i].VirtualAddress < sections[i].SizeOfRawData)
+                return base + sections[i].PointerToRawData + (address - sections[i].VirtualAddress);
+        throw std::runtime_error("an address outside all sections");
+    };
+    const auto& entry = header->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
+    const auto* exports = reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(at(entry.VirtualAddress));
+    const auto* addresses = reinterpret_cast<const DWORD*>(at(exports->AddressOfNames));
+    std::vector<std::string> names;
+    for (DWORD i = 0; i < exports->NumberOfNames; ++i) names.emplace_back(at(addresses[i]));
+    if (exports->NumberOfFunctions != exports->NumberOfNames) names.push_back("(exported without a name)");
+    std::sort(names.begin(), names.end());
+    return names;
+}
