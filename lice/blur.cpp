@@ -12,17 +12,17 @@ constexpr int StackWidth = 1024;  // the widest line whose two rows are kept on 
 
 // `upDown(x)` is what the rows above and below give to column x, a quarter of a pixel in all.
 template <class UpDown>
-void BlurRow(LICE_pixel* out, const LICE_pixel* in, int width, UpDown upDown) {
-    const int last = width - 1;
+void BlurRow(LICE_pixel* out, const LICE_pixel* in, ptrdiff_t width, UpDown upDown) {
+    const ptrdiff_t last = width - 1;
     out[0] = HalfOf(in[0]) + QuarterOf(in[1]) + upDown(0);
-    for (int x = 1; x < last; ++x) out[x] = HalfOf(in[x]) + EighthOf(in[x + 1]) + EighthOf(in[x - 1]) + upDown(x);
+    for (ptrdiff_t x = 1; x < last; ++x) out[x] = HalfOf(in[x]) + EighthOf(in[x + 1]) + EighthOf(in[x - 1]) + upDown(x);
     out[last] = HalfOf(in[last]) + QuarterOf(in[last - 1]) + upDown(last);
 }
 
 // `lines` holds two rows as they were before they were filtered, or is null where dest is another surface.
 void BlurRows(const BlitRows& rows, LICE_pixel* lines) {
-    const int last = rows.height - 1;
-    for (int y = 0; y <= last; ++y) {
+    const ptrdiff_t last = rows.height - 1;
+    for (ptrdiff_t y = 0; y <= last; ++y) {
         const LICE_pixel* row = rows.Src(y);
         if (lines) {
             LICE_pixel* kept = lines + (y & 1) * rows.width;
@@ -31,11 +31,12 @@ void BlurRows(const BlitRows& rows, LICE_pixel* lines) {
         }
         if (y == 0 || y == last) {
             const LICE_pixel* beside = rows.Src(y == 0 ? 1 : last - 1);  // in place, the one above is filtered by now
-            BlurRow(rows.Dest(y), row, rows.width, [=](int x) { return QuarterOf(beside[x]); });
+            BlurRow(rows.Dest(y), row, rows.width, [=](ptrdiff_t x) { return QuarterOf(beside[x]); });
         } else {
             const LICE_pixel* above = lines ? lines + (~y & 1) * rows.width : rows.Src(y - 1);
             const LICE_pixel* below = rows.Src(y + 1);
-            BlurRow(rows.Dest(y), row, rows.width, [=](int x) { return EighthOf(above[x]) + EighthOf(below[x]); });
+            BlurRow(rows.Dest(y), row, rows.width,
+                    [=](ptrdiff_t x) { return EighthOf(above[x]) + EighthOf(below[x]); });
         }
     }
 }

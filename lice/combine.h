@@ -308,12 +308,14 @@ struct OneColor {
     LICE_pixel color;
     LICE_pixel operator[](ptrdiff_t) const { return color; }
     FourPixels Four(ptrdiff_t) const { return FourPixels{} + color; }
+    FourPixels Some(ptrdiff_t, ptrdiff_t) const { return FourPixels{} + color; }
 };
 
 struct PixelRow {
     const LICE_pixel* pixels;
     LICE_pixel operator[](ptrdiff_t x) const { return pixels[x]; }
     FourPixels Four(ptrdiff_t x) const { return LoadFour(pixels + x); }
+    FourPixels Some(ptrdiff_t x, ptrdiff_t count) const { return LoadSome(pixels + x, count); }
 };
 
 // Combines `count` pixels in a row, four at a time where the function can. A source row that overlaps `dest` is read
@@ -324,6 +326,9 @@ void CombineRun(Combine combine, LICE_pixel* dest, ptrdiff_t count, Source sourc
     if constexpr (requires(FourPixels four) { combine(four, four, ia); }) {
 #pragma GCC unroll 4  // so that a short body's speed does not hang on where it happens to lie
         for (; x + 4 <= count; x += 4) StoreFour(dest + x, combine(LoadFour(dest + x), source.Four(x), ia));
+        if (const ptrdiff_t n = count - x; n > 0)
+            StoreSome(dest + x, combine(LoadSome(dest + x, n), source.Some(x, n), ia), n);
+    } else {
+        for (; x < count; ++x) dest[x] = combine(dest[x], source[x], ia);
     }
-    for (; x < count; ++x) dest[x] = combine(dest[x], source[x], ia);
 }

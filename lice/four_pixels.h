@@ -4,6 +4,8 @@
 #pragma once
 #include <emmintrin.h>
 
+#include <cstddef>
+
 #include "lice/pixel.h"
 
 using FourPixels = LICE_pixel __attribute__((vector_size(16)));
@@ -16,6 +18,20 @@ inline FourPixels LoadFour(const LICE_pixel* pixels) {
 
 inline void StoreFour(LICE_pixel* pixels, FourPixels four) {
     _mm_storeu_si128(reinterpret_cast<__m128i*>(pixels), (__m128i)four);
+}
+
+// The last 1 to 3 pixels of a row.
+inline FourPixels LoadSome(const LICE_pixel* pixels, ptrdiff_t count) {
+    if (count == 1) return FourPixels{pixels[0]};
+    const FourPixels two = (FourPixels)_mm_loadl_epi64(reinterpret_cast<const __m128i*>(pixels));
+    return count == 2 ? two
+                      : (FourPixels)_mm_unpacklo_epi64((__m128i)two, _mm_cvtsi32_si128(static_cast<int>(pixels[2])));
+}
+
+inline void StoreSome(LICE_pixel* pixels, FourPixels four, ptrdiff_t count) {
+    pixels[0] = four[0];
+    if (count > 1) pixels[1] = four[1];
+    if (count > 2) pixels[2] = four[2];
 }
 
 // source + (old - source) * (256 - ia) / 256 in each channel, the division toward zero; for ia from 1 to 256, given as

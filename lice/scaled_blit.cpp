@@ -1,7 +1,6 @@
 #include "lice/scaled_blit.h"
 
 #include <cmath>
-#include <functional>
 
 #include "lice/blit.h"
 #include "lice/blit_rows.h"
@@ -134,10 +133,6 @@ struct TakeFiltered final : Take {
         }
     }
 };
-
-bool SharePixels(const Target& a, const Target& b) {
-    return std::less<>{}(a.bits, b.At(0, b.height)) && std::less<>{}(b.bits, a.At(0, a.height));
-}
 
 // Surfaces that share pixels are walked one by one, so that each pixel reads what the one before it has left.
 template <class Combine>
