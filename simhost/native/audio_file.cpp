@@ -20,6 +20,28 @@ struct CloseSndfile {
 };
 using SndfileRef = std::unique_ptr<SNDFILE, CloseSndfile>;
 
+// The MP3 decoder below libsndfile tells standard error what it thinks of a damaged file. While one of these lives,
+// nobody hears it: the user gets one sentence from us.
+class Hush {
+  public:
+    explicit Hush(bool wanted) : kept_(wanted ? dup(STDERR_FILENO) : -1) {
+        const int nowhere = kept_ < 0 ? -1 : open("/dev/null", O_WRONLY | O_CLOEXEC);
+        if (nowhere < 0) return;
+        dup2(nowhere, STDERR_FILENO);
+        close(nowhere);
+    }
+    Hush(const Hush&) = delete;
+    Hush& operator=(const Hush&) = delete;
+    ~Hush() {
+        if (kept_ < 0) return;
+        dup2(kept_, STDERR_FILENO);
+        close(kept_);
+    }
+
+  private:
+    int kept_;
+};
+
 constexpr int BlockBytes = 128 * 1024;  // fits the second-level cache together with the doubles made from it
 
 constexpr int MostFramesPerByte = 4096;  // no coding comes near, not even of silence
@@ -119,6 +141,7 @@ class FileSource : public Source {
 
   protected:
     bool ReadInside(int64_t first, int frames, double* out) override {
+        const Hush hush((info_.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_MPEG);
         if (first != next_ && !GoTo(first)) return Lost();
         next_ = first + frames;
         // The samples as they are stored, where that spares libsndfile a conversion through a small buffer of its own.
@@ -186,6 +209,7 @@ SourceRef OpenAudioFile(const std::string& path, std::string* error) {
     if (!S_ISREG(status.st_mode)) return refuse("nao e um arquivo comum");  // a pipe would wait for a writer
     if (access(path.c_str(), R_OK) != 0) return refuse("nao pode ser lido");
 
+    const Hush hush(true);
     SF_INFO info{};
     SndfileRef file(sf_open(path.c_str(), SFM_READ, &info));
     if (!file) return refuse("nao e audio que se possa ler");

@@ -225,6 +225,7 @@ TEST_F(Fatiar, EntradaRuimDaUmaLinhaESaida2ENaoDeixaNada) {
     workshop.Write("vazia.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 1, {});
     const auto nine = workshop.Write("nove.wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 9, Workshop::Noise(9000));
     std::ofstream(workshop.Path("texto.wav")) << "isto nao e audio\n";
+    std::ofstream(workshop.Path("toco.mp3")) << "\xff\xfb\x90\x44" << std::string(2000, '\0');  // its decoder complains
     fs::create_directory(workshop.Path("pasta"));
     const std::string before = workshop.Listing(), sai = workshop.Path("sai");
 
@@ -235,6 +236,7 @@ TEST_F(Fatiar, EntradaRuimDaUmaLinhaESaida2ENaoDeixaNada) {
         {workshop.Path("pasta")},
         {workshop.Path("texto.wav")},
         {workshop.Path("vazia.wav")},
+        {workshop.Path("toco.mp3")},
         {"/dev/null"},
         {good, workshop.Path("texto.wav"), "-o", sai},
         {good, "-o", workshop.Path("texto.wav/sub")},
