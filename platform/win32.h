@@ -12,6 +12,13 @@
 #endif
 #include <windows.h>
 #undef DrawText  // also the name of a member function of the font classes
+// Leftovers of 16-bit memory, under names that one wants for variables. What the system's headers say is in capitals.
+#undef near
+#undef far
+#undef NEAR
+#undef FAR
+#define NEAR
+#define FAR
 #else
 #include "platform/headless/win32_gdi.h"
 #include "platform/headless/win32_types.h"
