@@ -15,7 +15,7 @@ namespace simhost {
 // temporary one. So does a header that promises frames that are not there: the source is as long as what can be read.
 SourceRef OpenAudioFile(const std::string& path, std::string* error);
 
-enum class AudioFormat { Wav, Flac };  // both with 24 bits; a WAV beyond 4 GB becomes RF64
+enum class AudioFormat { Wav, Flac, Mp3 };  // the first two with 24 bits; a WAV beyond 4 GB becomes RF64
 
 // Writes beside `path` under a hidden temporary name; only Finish gives the file its own, replacing any that was there.
 class AudioWriter {

@@ -22,6 +22,17 @@ struct AudioWriter::State {
     std::vector<int> block;
 };
 
+static int FormatCode(AudioFormat format, bool large) {
+    switch (format) {
+        case AudioFormat::Flac:
+            return SF_FORMAT_FLAC | SF_FORMAT_PCM_24;
+        case AudioFormat::Mp3:
+            return SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III;
+        default:
+            return (large ? SF_FORMAT_RF64 : SF_FORMAT_WAV) | SF_FORMAT_PCM_24;
+    }
+}
+
 const char* AudioWriter::UnfinishedPath() {
     return unfinished;
 }
@@ -35,10 +46,7 @@ std::unique_ptr<AudioWriter> AudioWriter::Create(const std::string& path, AudioF
     SF_INFO info{};
     info.samplerate = rate;
     info.channels = channels;
-    const bool large = static_cast<double>(frames) * channels * 3 > 4.29e9;
-    info.format = SF_FORMAT_PCM_24 | (format == AudioFormat::Flac ? SF_FORMAT_FLAC
-                                      : large                     ? SF_FORMAT_RF64
-                                                                  : SF_FORMAT_WAV);
+    info.format = FormatCode(format, static_cast<double>(frames) * channels * 3 > 4.29e9);
     if (!sf_format_check(&info))
         return refuse("o formato nao aceita " + std::to_string(channels) + " canais a " + std::to_string(rate) + " Hz");
 

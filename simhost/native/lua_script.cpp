@@ -1,0 +1,106 @@
+#include "simhost/native/lua_script.h"
+
+#include <lua.hpp>
+
+#include "simhost/calls.h"
+
+namespace simhost {
+
+// The calls as scripts see them: a project argument comes first where the C function has one, numbers and texts are
+// returned instead of written through pointers, and items are opaque pointers.
+static int CountProjectMarkers(lua_State* l) {
+    int markers = 0, regions = 0;
+    lua_pushinteger(l, api::CountProjectMarkers(nullptr, &markers, &regions));
+    lua_pushinteger(l, markers);
+    lua_pushinteger(l, regions);
+    return 3;
+}
+
+static int GetSet_LoopTimeRange(lua_State* l) {
+    double start = luaL_checknumber(l, 3), end = luaL_checknumber(l, 4);
+    api::GetSet_LoopTimeRange(lua_toboolean(l, 1), lua_toboolean(l, 2), &start, &end, lua_toboolean(l, 5));
+    lua_pushnumber(l, start);
+    lua_pushnumber(l, end);
+    return 2;
+}
+
+static int GetOS(lua_State* l) {
+    lua_pushstring(l, api::GetOS());
+    return 1;
+}
+
+static int GetSetProjectInfo(lua_State* l) {
+    lua_pushnumber(
+        l, api::GetSetProjectInfo(nullptr, luaL_checkstring(l, 2), luaL_checknumber(l, 3), lua_toboolean(l, 4)));
+    return 1;
+}
+
+static int GetSetProjectInfo_String(lua_State* l) {
+    std::string value = luaL_checkstring(l, 3);
+    value.resize(std::max<size_t>(value.size(), 511));  // room for an answer
+    lua_pushboolean(l,
+                    api::GetSetProjectInfo_String(nullptr, luaL_checkstring(l, 2), value.data(), lua_toboolean(l, 4)));
+    lua_pushstring(l, value.c_str());
+    return 2;
+}
+
+static int Sleep(lua_State*) {
+    return 0;  // nothing here waits for a real clock
+}
+
+static int CountMediaItems(lua_State* l) {
+    lua_pushinteger(l, api::CountMediaItems(nullptr));
+    return 1;
+}
+
+static int GetMediaItem(lua_State* l) {
+    lua_pushlightuserdata(l, api::GetMediaItem(nullptr, static_cast<int>(luaL_checkinteger(l, 2))));
+    return 1;
+}
+
+static int GetMediaItemInfo_Value(lua_State* l) {
+    auto* item = static_cast<MediaItem*>(lua_touserdata(l, 1));
+    lua_pushnumber(l, api::GetMediaItemInfo_Value(item, luaL_checkstring(l, 2)));
+    return 1;
+}
+
+static int Main_OnCommand(lua_State* l) {
+    api::Main_OnCommand(static_cast<int>(luaL_checkinteger(l, 1)), static_cast<int>(luaL_checkinteger(l, 2)));
+    return 0;
+}
+
+static int ShowMessageBox(lua_State* l) {
+    const int type = static_cast<int>(luaL_checkinteger(l, 3));
+    lua_pushinteger(l, api::ShowMessageBox(luaL_checkstring(l, 1), luaL_checkstring(l, 2), type));
+    return 1;
+}
+
+static const luaL_Reg Calls[] = {
+    {"CountProjectMarkers", CountProjectMarkers},
+    {"GetSet_LoopTimeRange", GetSet_LoopTimeRange},
+    {"GetOS", GetOS},
+    {"GetSetProjectInfo", GetSetProjectInfo},
+    {"GetSetProjectInfo_String", GetSetProjectInfo_String},
+    {"sleep", Sleep},
+    {"CountMediaItems", CountMediaItems},
+    {"GetMediaItem", GetMediaItem},
+    {"GetMediaItemInfo_Value", GetMediaItemInfo_Value},
+    {"Main_OnCommand", Main_OnCommand},
+    {"ShowMessageBox", ShowMessageBox},
+    {nullptr, nullptr},
+};
+
+void RunScriptsWithLua(Host& host) {
+    host.scriptRunner = [&host](const Script& script) {
+        lua_State* l = luaL_newstate();
+        luaL_openlibs(l);
+        luaL_newlib(l, Calls);
+        lua_setglobal(l, "reaper");
+        const bool failed =
+            luaL_loadbuffer(l, script.text.data(), script.text.size(), "script") || lua_pcall(l, 0, 0, 0);
+        if (failed) host.Violate(std::string("the script failed: ") + lua_tostring(l, -1));
+        lua_close(l);
+    };
+}
+
+}  // namespace simhost

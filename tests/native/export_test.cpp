@@ -1,0 +1,94 @@
+// The export from the click to the files on the desktop: a real interpreter, real renders.
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "render/render.h"
+#include "simhost/native/audio_file.h"
+#include "simhost/native/lua_script.h"
+#include "simhost/native/render.h"
+#include "tests/support/environment.h"
+#include "tests/support/story.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class ExportarDeVerdade : public Cena {
+  protected:
+    void SetUp() override {
+        Cena::SetUp();
+        casa = fs::path(host.resourcePath) / "casa";
+        fs::create_directories(casa / "Desktop");
+        fs::create_directories(casa / ".config" / "REAPER");
+        SetEnvironment("HOME", casa.string());
+        SetEnvironment("TEMP", host.resourcePath);
+        RunScriptsWithLua(host);
+        RenderToFiles(host);
+    }
+    std::string PresetsDoHost() {
+        std::stringstream texto;
+        texto << std::ifstream(casa / ".config" / "REAPER" / "reaper-render.ini").rdbuf();
+        return texto.str();
+    }
+    // "name.wav 2.5s", sorted.
+    std::string NaAreaDeTrabalho() {
+        std::vector<std::string> nomes;
+        for (const auto& arquivo : fs::directory_iterator(casa / "Desktop")) {
+            std::string erro;
+            const simhost::SourceRef audio = simhost::OpenAudioFile(arquivo.path().string(), &erro);
+            EXPECT_TRUE(audio) << erro;
+            if (!audio) continue;
+            EXPECT_EQ(audio->SampleRate(), 48000);
+            EXPECT_EQ(audio->Channels(), 2);
+            // MP3 pads its ends, so only its whole seconds are said.
+            const bool exato = arquivo.path().extension() == ".wav";
+            nomes.push_back(arquivo.path().filename().string() + ' ' +
+                            simhost::Number(exato ? audio->Length() : std::floor(audio->Length())) + 's');
+        }
+        std::sort(nomes.begin(), nomes.end());
+        std::string todos;
+        for (const std::string& nome : nomes) todos += (todos.empty() ? "" : " | ") + nome;
+        return todos;
+    }
+    fs::path casa;
+};
+
+TEST_F(ExportarDeVerdade, SemRegioesVaiOProjetoComSeuNome) {
+    Projeto("1: a 1-2 | b 3-4.5");
+    host.project.path = "/x/Ep \"1\" 100%.rpp";
+    std::ofstream(casa / ".config" / "REAPER" / "reaper-render.ini") << "<RENDERPRESET outro 44100\n>\n";
+    RenderPreLeigo();
+    RenderPreLeigo();
+    EXPECT_EQ(NaAreaDeTrabalho(), "Ep \"1\" 100%.mp3 4s | Ep \"1\" 100%.wav 4.5s");
+    EXPECT_EQ(host.project.timeSelection, (simhost::TimeRange{1, 4.5}));
+    EXPECT_EQ(Mensagens(), [&] {
+        const std::string uma =
+            "Quilmo - Concluido: Exportacao concluida!\n\nArquivo salvo em:\n" + (casa / "Desktop").string();
+        return uma + " | " + uma;
+    }());
+    const std::string presets = PresetsDoHost();
+    EXPECT_EQ(presets.find("<RENDERPRESET outro 44100\n>\n"), 0u);
+    const std::string nosso = "RENDERPRESET_OUTPUT VELATURNO_PRE 1 0 124.128 0 0 Ep \"1\" 100% 0 \"" +
+                              (casa / "Desktop").string() + "\" 1000 0 \"\" 0\n";
+    EXPECT_NE(presets.find(nosso), std::string::npos) << presets;
+    EXPECT_EQ(presets.find("VELATURNO_PRE"), presets.find("<RENDERPRESET VELATURNO_PRE") + 14);
+    EXPECT_EQ(presets.find("<RENDERPRESET VELATURNO_PRE"), presets.rfind("<RENDERPRESET VELATURNO_PRE"))
+        << "one, not two";
+}
+
+TEST_F(ExportarDeVerdade, ComRegioesUmArquivoParaCada) {
+    Projeto("1: a 0-9 [R1 um 1-2] [R2 dois 4-6.5] {time 7-8}");
+    fs::remove_all(casa / ".config");  // no place for the host's presets: the render goes on without
+    RenderPreLeigo();
+    EXPECT_EQ(NaAreaDeTrabalho(), "dois.mp3 2s | dois.wav 2.5s | um.mp3 1s | um.wav 1s");
+}
+
+TEST_F(ExportarDeVerdade, SemNomeVaiComADataEAHora) {
+    Projeto("1: a 0-1 {time 0-1}");
+    RenderPreLeigo();
+    EXPECT_EQ(NaAreaDeTrabalho().find("Gravacao_20"), 0u);
+}
+
+}  // namespace

@@ -1,0 +1,58 @@
+// Glue and render commands: which actions run on what, and what is left selected, active and set.
+#include "render/render.h"
+
+#include "tests/support/story.h"
+
+namespace {
+
+class Render : public Cena {
+  protected:
+    // What the commands run, with the host's own glue and takes.
+    std::string Rodar(void (*comando)(), const char* cena) {
+        Projeto(cena);
+        comando();
+        return Acoes();
+    }
+};
+
+TEST_F(Render, ColaSoQuandoHaVarios) {
+    EXPECT_EQ(Rodar(StereoRender, "1: a 0-1 *"), "41993");
+    EXPECT_EQ(Rodar(MonoRender, "1: a 0-1 *"), "40361");
+    EXPECT_EQ(Rodar(StereoRender, "1: a 0-1 * | b 1-2 *"), "40362 41993");
+    EXPECT_EQ(Rodar(MonoRender, "1: a 0-1 * | b 1-2 *"), "40362 40361");
+    EXPECT_EQ(Rodar(BounceInteligente, "1: a 0-1 * | b 1-2 *"), "40362 41993") << "the scene's sources are stereo";
+    EXPECT_EQ(Rodar(BounceInteligente, "1: a 0-1"), "");
+    Projeto("1:");
+    NovoItem(FaixaChamada("1"), {"mono", 0, 1, simhost::Silence(8000, 1, 8000)});
+    Selecionar({"mono"});
+    BounceInteligente();
+    EXPECT_EQ(Acoes(), "40361");
+}
+
+TEST_F(Render, FicaAUltimaTakeSemOsEfeitosDaFaixa) {
+    host.toggles[40435] = 1;
+    Projeto("1: a 0-1 * / 2: b 0-1");
+    StereoRender();
+    EXPECT_EQ(Acoes(), "41993 40435") << "takes in lanes go off when they are on";
+    EXPECT_EQ(Retrato(), "1 (fx off): a-render 0-1 take 2/2 / 2: b 0-1");
+    EXPECT_EQ(host.toggles[40435], 0);
+}
+
+TEST_F(Render, LimitesPelaOrdemDePrioridade) {
+    const auto limites = [this](const char* cena) {
+        Projeto(cena);
+        host.project.numbers["RENDER_BOUNDSFLAG"] = -1;
+        host.project.texts["RENDER_PATTERN"] = "antes";
+        RenderProjeto();
+        return std::to_string(static_cast<int>(host.project.numbers["RENDER_BOUNDSFLAG"])) + ' ' +
+               host.project.texts["RENDER_PATTERN"] + ' ' + Acoes() + Mensagens();
+    };
+    EXPECT_EQ(limites("1: a 0-1 [R1 x 0-1] {time 3-4}"), "3 $region 42230");
+    EXPECT_EQ(limites("1: a 0-1 [M1 x 0] {time 3-4}"), "1 antes 42230");
+    EXPECT_EQ(limites("1: a 2-3 / 2: b 5-9"), "1 antes 42230");
+    EXPECT_EQ(host.project.timeSelection, (simhost::TimeRange{2, 9}));
+    EXPECT_EQ(limites("1: [M1 x 0]"), "-1 antes Quilmo: Projeto vazio.");
+    EXPECT_EQ(Historico(), "");
+}
+
+}  // namespace
