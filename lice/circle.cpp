@@ -51,15 +51,14 @@ struct Pen {
     int xc, yc;
 
     void Point(int dx, int dy, int weight) const {
-        const int x = xc + dx, y = yc + dy;
-        if (clipped && (x < clip.left || x >= clip.right || y < clip.top || y >= clip.bottom)) return;
-        LICE_pixel* pixel = target.At(x, y);
-        *pixel = combine(*pixel, color, weight);
+        if (HasRow(yc + dy)) PointOnRow(xc + dx, yc + dy, weight);
     }
 
+    // Two pixels of one row, dx to the left and to the right.
     void Pair(int dx, int dy, int weight) const {
-        Point(-dx, dy, weight);
-        Point(dx, dy, weight);
+        if (!HasRow(yc + dy)) return;
+        PointOnRow(xc - dx, yc + dy, weight);
+        PointOnRow(xc + dx, yc + dy, weight);
     }
 
     void Four(int dx, int dy, int weight) const {
@@ -70,9 +69,8 @@ struct Pen {
     // The four ends of the axes.
     void Ends(int reach, int weight) const {
         Point(0, -reach, weight);
-        Point(reach, 0, weight);
+        Pair(reach, 0, weight);
         Point(0, reach, weight);
-        Point(-reach, 0, weight);
     }
 
     // The rows of a disc; halfWidth(dy) is how far a row reaches on both sides.
@@ -86,20 +84,34 @@ struct Pen {
         }
     }
 
-    // Calls step(i), i ascending from 1, wherever column or row i of any eighth meets the clip, until it returns false.
+    // Calls step(i), i ascending from 1, wherever a column or a row i away from the middle meets the clip, until it
+    // returns false.
     template <class Step>
     void EachStep(Step step) const {
-        struct {
-            int64_t first, last;
-        } spans[] = {{int64_t{clip.left} - xc, int64_t{clip.right} - 1 - xc},
-                     {int64_t{xc} - clip.right + 1, int64_t{xc} - clip.left},
-                     {int64_t{clip.top} - yc, int64_t{clip.bottom} - 1 - yc},
-                     {int64_t{yc} - clip.bottom + 1, int64_t{yc} - clip.top}};
-        std::sort(std::begin(spans), std::end(spans), [](auto& a, auto& b) { return a.first < b.first; });
-        int64_t i = 1;
-        for (const auto& span : spans)
-            for (i = std::max(i, span.first); i <= span.last; ++i)
+        const auto distances = [](int64_t middle, int64_t first, int64_t end) {
+            return Span{std::max({first - middle, middle - end + 1, int64_t{1}}),
+                        std::max(end - middle, middle - first + 1)};
+        };
+        Span closer = distances(xc, clip.left, clip.right), further = distances(yc, clip.top, clip.bottom);
+        if (further.first < closer.first) std::swap(closer, further);
+        further.first = std::max(further.first, closer.end);
+        for (const Span& span : {closer, further})
+            for (int64_t i = span.first; i < span.end; ++i)
                 if (!step(static_cast<int>(i))) return;
+    }
+
+  private:
+    struct Span {
+        int64_t first, end;
+    };
+
+    // One comparison each: what lies before the first wraps round to far beyond the last.
+    static bool Within(unsigned at, unsigned first, unsigned end) { return !clipped || at - first < end - first; }
+    bool HasRow(int y) const { return Within(y, clip.top, clip.bottom); }
+    void PointOnRow(int x, int y, int weight) const {
+        if (!Within(x, clip.left, clip.right)) return;
+        LICE_pixel* pixel = target.At(x, y);
+        *pixel = combine(*pixel, color, weight);
     }
 };
 
@@ -193,6 +205,18 @@ void DrawRaster(const Target& target, const Disc& disc, LICE_pixel color, int ia
     }
 }
 
+// As much of the circle as lies in the box around two of its points, a quadrant apart or less.
+void DrawBetween(const Target& target, const Disc& disc, POINT a, POINT b, LICE_pixel color, int ia, int mode,
+                 bool aa) {
+    const auto [left, right] = std::minmax(a.x, b.x);
+    const auto [top, bottom] = std::minmax(a.y, b.y);
+    // Towards the middle the box ends at the axis, which belongs to both quadrants; outward it takes the fringe in.
+    const RECT clip{std::max<LONG>(left, 0), std::max<LONG>(top, 0),
+                    std::min<LONG>(right + (static_cast<float>(right) != disc.cx) + 1, target.width),
+                    std::min<LONG>(bottom + (static_cast<float>(bottom) != disc.cy) + 1, target.height)};
+    DrawRaster(target, disc, color, ia, mode, aa, false, clip);
+}
+
 void DrawCircle(LICE_IBitmap* dest, Disc disc, LICE_pixel color, float alpha, int mode, bool aa, bool fill) {
     const Target target(dest);
     if (target.Empty()) return;
@@ -257,13 +281,7 @@ void LICE_Arc(LICE_IBitmap* dest, float cx, float cy, float r, float lowAngle, f
         quadrantEnd += kHalfPi;
         current = std::min(quadrantEnd, high);
         const POINT to = pointAt(current);
-        const auto [left, right] = std::minmax(from.x, to.x);
-        const auto [top, bottom] = std::minmax(from.y, to.y);
-        // Towards the middle the box ends at the axis, which belongs to both quadrants; outward it takes the fringe in.
-        const RECT clip{std::max<LONG>(left, 0), std::max<LONG>(top, 0),
-                        std::min<LONG>(right + (static_cast<float>(right) != disc.cx) + 1, target.width),
-                        std::min<LONG>(bottom + (static_cast<float>(bottom) != disc.cy) + 1, target.height)};
-        DrawRaster(target, disc, color, ia, mode, aa, false, clip);
+        DrawBetween(target, disc, from, to, color, ia, mode, aa);
         from = to;
     }
 }
@@ -291,11 +309,17 @@ void LICE_RoundRect(LICE_IBitmap* dest, float x, float y, float w, float h, int 
     side(x + r - 1 + o, y + h - o, x + w - r - o, y + h - o);
     side(x + w - o, y + r + o, x + w - o, y + h - r - o);
     side(x + o, y + r - 1 + o, x + o, y + h - r - o);
-    const auto corner = [&](float cx, float cy, float low, float high) {
-        LICE_Arc(dest, cx, cy, r, low, high, color, alpha, mode, aa);
+    // A corner is an arc over a quadrant; right and down are -1 or 1. Between whole pixels its ends are known.
+    const auto corner = [&](float cx, float cy, int right, int down, float low, float high) {
+        if (target.scale > 0 || r >= 1000 || !Sane(cx) || !Sane(cy))
+            return LICE_Arc(dest, cx, cy, r, low, high, color, alpha, mode, aa);
+        const Disc disc{cx, target.flipped ? static_cast<float>(target.height - 1) - cy : cy, r};
+        const int xc = static_cast<int>(cx), yc = static_cast<int>(disc.cy), reach = static_cast<int>(r);
+        const POINT one{xc + right * reach, yc}, other{xc, yc + (target.flipped ? -down : down) * reach};
+        DrawBetween(target, disc, one, other, color, Opacity(alpha), mode, aa);
     };
-    corner(x + r + o, y + r + o, -kHalfPi, 0);
-    corner(x + w - r - o, y + r + o, 0, kHalfPi);
-    corner(x + w - r - o, y + h - r - o, kHalfPi, kPi);
-    corner(x + r + o, y + h - r - o, kPi, kPi + kHalfPi);
+    corner(x + r + o, y + r + o, -1, -1, -kHalfPi, 0);
+    corner(x + w - r - o, y + r + o, 1, -1, 0, kHalfPi);
+    corner(x + w - r - o, y + h - r - o, 1, 1, kHalfPi, kPi);
+    corner(x + r + o, y + h - r - o, -1, 1, kPi, kPi + kHalfPi);
 }
