@@ -1,0 +1,155 @@
+// Circles, rounded rectangles and polygons beside Cairo, in the sizes that a panel is made of, one shape a time on a
+// surface as large as the panel's.
+#include <benchmark/benchmark.h>
+#include <cairo.h>
+
+#include <functional>
+#include <numbers>
+
+#include "bench/ratios.h"
+#include "lice/circle.h"
+#include "lice/fill.h"
+#include "lice/polygon.h"
+#include "panel/theme.h"
+
+namespace {
+
+constexpr int kWidth = 320, kHeight = 659;
+constexpr LICE_pixel kColor = LICE_RGBA(217, 64, 64, 255);
+constexpr float kAlpha = 0.95f;
+constexpr float kFace = 1.0f, kEdge = 0.12f;  // of a button
+
+void Ours(benchmark::State& state, const std::function<void(LICE_IBitmap*)>& draw) {
+    LICE_MemBitmap surface(kWidth, kHeight);
+    LICE_Clear(&surface, 0xFF0D0D0F);
+    for (auto _ : state) {
+        draw(&surface);
+        benchmark::DoNotOptimize(surface.getBits());
+        benchmark::ClobberMemory();
+    }
+}
+
+// `path` leaves the path to be filled, or stroked one pixel wide.
+void Cairo(benchmark::State& state, bool fill, cairo_antialias_t antialias, float alpha,
+           const std::function<void(cairo_t*)>& path) {
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, kWidth, kHeight);
+    cairo_t* cr = cairo_create(surface);
+    cairo_set_source_rgba(cr, 217 / 255.0, 64 / 255.0, 64 / 255.0, alpha);
+    cairo_set_line_width(cr, 1);
+    cairo_set_antialias(cr, antialias);
+    for (auto _ : state) {
+        path(cr);
+        fill ? cairo_fill(cr) : cairo_stroke(cr);
+        benchmark::ClobberMemory();
+    }
+    cairo_destroy(cr);
+    cairo_surface_destroy(surface);
+}
+
+void RoundedPath(cairo_t* cr, double x, double y, double w, double h, double r) {
+    constexpr double quarter = std::numbers::pi / 2;
+    cairo_new_sub_path(cr);
+    cairo_arc(cr, x + w - r, y + r, r, -quarter, 0);
+    cairo_arc(cr, x + w - r, y + h - r, r, 0, quarter);
+    cairo_arc(cr, x + r, y + h - r, r, quarter, 2 * quarter);
+    cairo_arc(cr, x + r, y + r, r, 2 * quarter, 3 * quarter);
+    cairo_close_path(cr);
+}
+
+void RoundedFillOurs(benchmark::State& state) {
+    Ours(state, [](LICE_IBitmap* bm) { PreencheArredondado(bm, 10, 20, 140, 36, 5, kColor, kFace); });
+}
+void RoundedFillCairo(benchmark::State& state) {
+    Cairo(state, true, CAIRO_ANTIALIAS_DEFAULT, kFace, [](cairo_t* cr) { RoundedPath(cr, 10, 20, 140, 36, 5); });
+}
+void RoundedOutlineOurs(benchmark::State& state) {
+    Ours(state, [](LICE_IBitmap* bm) { LICE_RoundRect(bm, 10, 20, 139, 35, 5, kColor, kEdge, 0, true); });
+}
+void RoundedOutlineCairo(benchmark::State& state) {
+    Cairo(state, false, CAIRO_ANTIALIAS_DEFAULT, kEdge, [](cairo_t* cr) { RoundedPath(cr, 10.5, 20.5, 139, 35, 5); });
+}
+
+// The argument is the radius.
+void RingOurs(benchmark::State& state) {
+    const auto r = static_cast<float>(state.range(0));
+    Ours(state, [r](LICE_IBitmap* bm) { LICE_Circle(bm, 100, 100, r, kColor, kAlpha, 0, true); });
+}
+void RasteredRingOurs(benchmark::State& state) {  // a radius that no mask is held for
+    const auto r = static_cast<float>(state.range(0)) + 0.25f;
+    Ours(state, [r](LICE_IBitmap* bm) { LICE_Circle(bm, 100, 100, r, kColor, kAlpha, 0, true); });
+}
+void RingCairo(benchmark::State& state) {
+    const auto r = static_cast<double>(state.range(0));
+    Cairo(state, false, CAIRO_ANTIALIAS_DEFAULT, kAlpha,
+          [r](cairo_t* cr) { cairo_arc(cr, 100.5, 100.5, r, 0, 2 * std::numbers::pi); });
+}
+void DiscOurs(benchmark::State& state) {
+    const auto r = static_cast<float>(state.range(0));
+    Ours(state, [r](LICE_IBitmap* bm) { LICE_FillCircle(bm, 100, 100, r, kColor, kAlpha, 0, true); });
+}
+void DiscCairo(benchmark::State& state) {
+    const auto r = static_cast<double>(state.range(0)) + 0.5;
+    Cairo(state, true, CAIRO_ANTIALIAS_DEFAULT, kAlpha,
+          [r](cairo_t* cr) { cairo_arc(cr, 100.5, 100.5, r, 0, 2 * std::numbers::pi); });
+}
+
+// Triangles like those on transport buttons, and an octagon. The argument is the height; none is smoothed by either.
+void TriangleOurs(benchmark::State& state) {
+    const int h = static_cast<int>(state.range(0));
+    Ours(state, [h](LICE_IBitmap* bm) {
+        LICE_FillTriangle(bm, 50, 50, 50, 50 + h, 50 + h * 3 / 4, 50 + h / 2, kColor, kAlpha, 0);
+    });
+}
+void TriangleCairo(benchmark::State& state) {
+    const auto h = static_cast<double>(state.range(0));
+    Cairo(state, true, CAIRO_ANTIALIAS_NONE, kAlpha, [h](cairo_t* cr) {
+        cairo_move_to(cr, 50, 50);
+        cairo_line_to(cr, 50, 50 + h);
+        cairo_line_to(cr, 50 + h * 3 / 4, 50 + h / 2);
+        cairo_close_path(cr);
+    });
+}
+
+constexpr int kOctagonX[] = {30, 50, 64, 64, 50, 30, 16, 16}, kOctagonY[] = {10, 10, 24, 44, 58, 58, 44, 24};
+void OctagonOurs(benchmark::State& state) {
+    Ours(state, [](LICE_IBitmap* bm) { LICE_FillConvexPolygon(bm, kOctagonX, kOctagonY, 8, kColor, kAlpha, 0); });
+}
+void OctagonCairo(benchmark::State& state) {
+    Cairo(state, true, CAIRO_ANTIALIAS_NONE, kAlpha, [](cairo_t* cr) {
+        for (int i = 0; i < 8; ++i) cairo_line_to(cr, kOctagonX[i], kOctagonY[i]);
+        cairo_close_path(cr);
+    });
+}
+
+BENCHMARK(RoundedFillOurs);
+BENCHMARK(RoundedFillCairo);
+BENCHMARK(RoundedOutlineOurs);
+BENCHMARK(RoundedOutlineCairo);
+BENCHMARK(RingOurs)->Arg(7)->Arg(40);
+BENCHMARK(RasteredRingOurs)->Arg(7);
+BENCHMARK(RingCairo)->Arg(7)->Arg(40);
+BENCHMARK(DiscOurs)->Arg(7)->Arg(40);
+BENCHMARK(DiscCairo)->Arg(7)->Arg(40);
+BENCHMARK(TriangleOurs)->Arg(14)->Arg(80);
+BENCHMARK(TriangleCairo)->Arg(14)->Arg(80);
+BENCHMARK(OctagonOurs);
+BENCHMARK(OctagonCairo);
+
+const std::vector<Ratio> kRatios = {
+    {"rounded rectangle 140x36, filled: times as fast as Cairo", "RoundedFillCairo", "RoundedFillOurs", 20},
+    {"rounded rectangle 140x36, outline", "RoundedOutlineCairo", "RoundedOutlineOurs", 20},
+    {"ring of radius 7", "RingCairo/7", "RingOurs/7", 7},
+    {"ring of radius 7.25, which has no mask", "RingCairo/7", "RasteredRingOurs/7", 7},
+    {"ring of radius 40", "RingCairo/40", "RingOurs/40", 3},
+    {"disc of radius 7", "DiscCairo/7", "DiscOurs/7", 3},
+    {"disc of radius 40", "DiscCairo/40", "DiscOurs/40", 3},
+    {"triangle 14 high", "TriangleCairo/14", "TriangleOurs/14", 3},
+    {"triangle 80 high", "TriangleCairo/80", "TriangleOurs/80", 3},
+    {"octagon", "OctagonCairo", "OctagonOurs", 3},
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return RunWithRatios(argc, argv, kRatios);
+}
