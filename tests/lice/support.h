@@ -14,7 +14,9 @@
 // Prints its seed when a test fails; QUILMO_SEED=n runs that seed again.
 class Random {
   public:
-    Random() : seed_(Seed()), engine_(seed_), trace_(__FILE__, __LINE__, "QUILMO_SEED=" + std::to_string(seed_)) {}
+    const unsigned seed;
+
+    Random() : seed(ASeed()), engine_(seed), trace_(__FILE__, __LINE__, "QUILMO_SEED=" + std::to_string(seed)) {}
 
     int In(int low, int high) { return std::uniform_int_distribution<int>(low, high)(engine_); }
     float In(float low, float high) { return std::uniform_real_distribution<float>(low, high)(engine_); }
@@ -38,11 +40,10 @@ class Random {
     }
 
   private:
-    static unsigned Seed() {
+    static unsigned ASeed() {
         const char* asked = std::getenv("QUILMO_SEED");
         return asked ? static_cast<unsigned>(std::strtoul(asked, nullptr, 10)) : std::random_device{}();
     }
-    unsigned seed_;
     std::mt19937 engine_;
     testing::ScopedTrace trace_;
 };
@@ -59,7 +60,9 @@ class TestSurface : public LICE_IBitmap {
         int border = 0;
     };
 
-    TestSurface(const Shape& shape, Random& random) : shape_(shape) {
+    // The pixels are random.Pixel().
+    template <class Pixels>
+    TestSurface(const Shape& shape, Pixels& random) : shape_(shape) {
         const int rows = BackingHeight();
         const int pixels = rows > 0 && BackingWidth() > 0 ? (rows - 1) * getRowSpan() + BackingWidth() : 0;
         memory.resize(pixels + 2 * shape.border);

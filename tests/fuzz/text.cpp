@@ -1,0 +1,78 @@
+// Bytes that may or may not be UTF-8, measured and drawn with fonts of any flags. A text's block ends with its last
+// byte, or with the zero byte that ends it.
+#include <memory>
+
+#include "lice/lice.h"
+#include "tests/fuzz/byte_eater.h"
+
+namespace {
+
+// What the system gives is kept, since making a font is slow: the cache of glyphs is each input's own.
+HFONT FontOfHeight(int height) {
+    static HFONT fonts[3] = {};
+    constexpr int heights[3] = {9, 14, 40};
+    HFONT& font = fonts[height % 3];
+    if (font) return font;
+    LOGFONTA description = {};
+    description.lfHeight = -heights[height % 3];
+    snprintf(description.lfFaceName, sizeof description.lfFaceName, "Segoe UI");
+    return font = CreateFontIndirectA(&description);
+}
+
+// Characters of one to four bytes, combining marks, line feeds, and bytes that are none of these.
+std::string Text(ByteEater& in) {
+    std::string text;
+    for (int n = in.Byte() % 24; n > 0; --n) {
+        switch (in.Byte() % 8) {
+            case 0:
+                text += static_cast<char>(in.Byte());
+                break;
+            case 1:
+                text += in.Of({"\n", "\r\n", " ", "e\xCC\x81", "\xC3\xA7", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xCC"});
+                break;
+            default:
+                text += static_cast<char>(' ' + in.Byte() % 95);
+        }
+    }
+    return text;
+}
+
+}  // namespace
+
+// The library that finds fonts keeps a little for itself at the end.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig\n";
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    ByteEater in(data, size);
+    TestSurface dest = in.Surface();
+    const TestSurface before = dest;
+    LICE_CachedFont font;
+    font.SetFromHFont(FontOfHeight(in.Byte()),
+                      (in.Bool() ? 0 : in.Raw<int16_t>()) & ~(LICE_FONT_FLAG_OWNS_HFONT | LICE_FONT_FLAG_PRECALC));
+    for (int calls = 0; calls < 4 && !in.Empty(); ++calls) {
+        font.SetTextColor(in.Pixel());
+        font.SetEffectColor(in.Pixel());
+        font.SetBkMode(in.Byte() % 3);
+        const float alpha = in.Alpha();
+        font.SetCombineMode(in.Mode(), alpha);
+        font.SetLineSpacing(in.Byte() % 4 ? 0 : in.Int());
+
+        const std::string text = Text(in);
+        const bool terminated = in.Bool();
+        const std::unique_ptr<char[]> block(new char[text.size() + terminated]);
+        memcpy(block.get(), text.c_str(), text.size() + terminated);
+        const int count = terminated && in.Bool() ? -1 : static_cast<int>(text.size());
+
+        const UINT format = in.Byte() % 4 ? in.Of({0x824u, 0x825u, 0xC20u, 0x10u}) : in.Raw<uint32_t>();
+        RECT r = {in.Int(), in.Int(), in.Int(), in.Int()};
+        font.DrawText(in.Byte() % 8 ? &dest : nullptr, block.get(), count, &r, format);
+        font.DrawText(nullptr, block.get(), count, &r, format | DT_CALCRECT);
+        const int x = in.Int(), y = in.Int();
+        font.DrawGlyphAt(&dest, in.Byte() % 4 ? static_cast<unsigned>(in.Byte()) : in.Pixel(), x, y,
+                         in.Bool() ? &r : nullptr);
+    }
+    RequireKeptOutside(dest, before);
+    return 0;
+}
