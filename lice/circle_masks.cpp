@@ -1,7 +1,7 @@
 // Radii up to 3 are drawn by hand, and the halves among them are their neighbours with the middle row and column
 // doubled. From 3.5 on a rule that the hand-drawn ones suggest gives the coverage: the ring, one pixel wide, is the
 // plain raster's and stands at 255; outside it counts the disc of radius r + 1/2, and inside it, for an outline,
-// whatever lies beyond r - 3/4, both by 4 by 4 samples a pixel. The compiler works it out, so the masks are constants
+// whatever lies beyond r - 1/2, both by 4 by 4 samples a pixel. The compiler works it out, so the masks are constants
 // all the same.
 #include "lice/circle_masks.h"
 
@@ -120,7 +120,7 @@ constexpr Cases<N> ByRule() {
             const int rest = radius * radius - shorter * shorter;
             const bool inside = longer * (longer - 1) <= rest;
             const bool ring = inside && (longer + 1) * longer > rest;
-            const uint8_t fringe = Sampled<N>(x, y, eighths - 6, eighths + 4);
+            const uint8_t fringe = Sampled<N>(x, y, eighths - 4, eighths + 4);
             const int at = y * N + x;
             result.smoothOutline[at] = ring ? 255 : fringe;
             result.smoothFill[at] = inside ? 255 : fringe;
