@@ -10,6 +10,11 @@ double Result::Kept() const {
     return sum;
 }
 
+// A sum of pieces can exceed the whole in its last bits.
+double Result::Removed() const {
+    return std::max(0.0, length - Kept());
+}
+
 std::string OnOneLine(std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](unsigned char c) { return c < 32 || c == 127; }, '?');
@@ -38,9 +43,7 @@ std::string AsTable(const std::vector<Result>& results) {
         int number = 0;
         for (const Piece& p : r.pieces)
             text += Formatted("  %6d %11.3f %11.3f %11.3f\n", ++number, p.position, p.length, p.source);
-        // A few frames may be left of a recording that is shorter than its own last frame; that is no silence.
-        const double removed = std::max(0.0, r.Removed());
-        text += Formatted("  retirado: %.3f s de silencio (%.1f%%); ", removed, 100 * removed / r.length);
+        text += Formatted("  retirado: %.3f s de silencio (%.1f%%); ", r.Removed(), 100 * r.Removed() / r.length);
         text += Formatted("restam %.3f s em %zu %s\n", r.Kept(), r.pieces.size(),
                           r.pieces.size() == 1 ? "pedaco" : "pedacos");
         if (!r.output.empty()) text += "  gravado em " + OnOneLine(r.output) + "\n";

@@ -18,7 +18,7 @@ struct Result {
     double length;              // of the recording
     std::vector<Piece> pieces;  // by position
     double Kept() const;        // all pieces, overlaps counted twice
-    double Removed() const { return length - Kept(); }
+    double Removed() const;
 };
 
 struct Settings {
