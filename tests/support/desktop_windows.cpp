@@ -55,7 +55,25 @@ void Move(HWND window, int x, int y) {
     Pump();
 }
 
+static void InjectKey(int key, bool down) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = static_cast<WORD>(key);
+    input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
+    SendInput(1, &input, sizeof input);
+}
+
+static int heldKey = 0;
+
+void HoldKey(int key, bool down) {
+    heldKey = down ? key : 0;
+    InjectKey(key, down);
+    Pump();
+}
+
 void Press(Button button) {
+    Pump();
+    if (heldKey) InjectKey(heldKey, true);  // the display forgets keys that no real keyboard holds
     Inject(button == Button::Left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
 }
 
@@ -65,15 +83,6 @@ void Release(Button button) {
 
 void Wheel(int notches) {
     Inject(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA));
-}
-
-void HoldKey(int key, bool down) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = static_cast<WORD>(key);
-    input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
-    SendInput(1, &input, sizeof input);
-    Pump();
 }
 
 bool LeaveNobodyInFront() {
