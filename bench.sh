@@ -8,6 +8,6 @@ cmake --preset native >/dev/null && cmake --build --preset native -j2 || exit 1
 for program in build/native/bench_*; do
     [ -x "$program" ] || continue
     echo "== ${program##*/}"
-    "$program" --benchmark_report_aggregates_only=true "$@" || exit 1
+    "$program" "$@" || exit 1
 done
 if [ -x scripts/bench_commands.sh ]; then scripts/bench_commands.sh; fi

@@ -2,27 +2,41 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <cstdio>
+#include <iostream>
 #include <map>
 #include <string>
 
 namespace {
 
-class FastestRuns : public benchmark::ConsoleReporter {
+// One line for each benchmark: its fastest repetition, by CPU time.
+class FastestRuns : public benchmark::BenchmarkReporter {
   public:
     std::map<std::string, double> seconds;
 
-    void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
-            const double time = run.cpu_accumulated_time / static_cast<double>(run.iterations);
-            const std::string args = run.run_name.args.empty() ? "" : "/" + run.run_name.args;
-            const auto [entry, fresh] = seconds.emplace(run.run_name.function_name + args, time);
-            if (!fresh) entry->second = std::min(entry->second, time);
-        }
+    bool ReportContext(const Context& context) override {
+        PrintBasicContext(&std::cerr, context);
+        return true;
     }
+
+    void ReportRuns(const std::vector<Run>& runs) override {
+        const Run* fastest = nullptr;
+        for (const Run& run : runs) {
+            if (run.error_occurred) std::printf("%-44s %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
+            if (run.error_occurred || run.run_type != Run::RT_Iteration) continue;
+            if (!fastest || Seconds(run) < Seconds(*fastest)) fastest = &run;
+        }
+        if (!fastest) return;
+        const std::string args = fastest->run_name.args.empty() ? "" : "/" + fastest->run_name.args;
+        const std::string name = fastest->run_name.function_name + args;
+        seconds[name] = Seconds(*fastest);
+        std::printf("%-44s %12.6f ms", name.c_str(), 1e3 * seconds[name]);
+        for (const auto& [what, counter] : fastest->counters) std::printf("   %.4g %s", counter.value, what.c_str());
+        std::printf("\n");
+    }
+
+  private:
+    static double Seconds(const Run& run) { return run.cpu_accumulated_time / static_cast<double>(run.iterations); }
 };
 
 void Print(const Ratio& ratio, const std::map<std::string, double>& seconds) {

@@ -29,7 +29,7 @@ struct TrechoSom {
 struct JanelaPico {
     int inicio = 0;
     int quadros = 0;
-    bool soa;
+    bool soa = false;
 };
 
 // An open accessor, and how it is read: as the take's source is, so that the host neither resamples nor mixes down.
@@ -45,7 +45,7 @@ struct Varredura {
     const size_t canais;
     const int tamanhoJanela;  // frames
     const int blocoMinimo;    // frames of silence that end a run
-    JanelaPico janela;
+    JanelaPico janela = {};
     TrechoSom aberto = {-1, -1};  // the open run; none while its start is negative
     int quadrosMudos = 0;         // since the open run's last sounding window
     std::vector<TrechoSom> trechos = {};
@@ -76,11 +76,6 @@ Leitura AbrirLeitura(MediaItem_Take* take) {
     return leitura;
 }
 
-// An empty window has the peak 0.0, which a threshold of 0.0 counts as sound.
-JanelaPico JanelaVazia(double limiar) {
-    return {.soa = 0.0 >= limiar};
-}
-
 // The upper halves of four samples' absolute values.
 __m128i MetadesAltas(const double* amostras) {
     const __m128 primeiras = _mm_castpd_ps(_mm_loadu_pd(amostras));
@@ -89,11 +84,12 @@ __m128i MetadesAltas(const double* amostras) {
     return _mm_and_si128(altas, _mm_set1_epi32(0x7fffffff));
 }
 
-// Whether any sample's absolute value reaches the threshold, which is above 0: the same as asking it of the largest,
-// since what is not a number neither reaches a threshold nor raises a peak. Bits without a sign order as the numbers
-// do, so a block whose upper halves are all below the threshold's cannot reach it; any other block is asked sample by
-// sample.
-bool AlgumaAlcanca(const double* amostras, size_t quantas, double limiar) {
+// Whether the samples' peak, their largest absolute value and at least 0.0, reaches the threshold. It does when any
+// sample does: what is not a number neither reaches a threshold nor raises a peak. Bits without a sign order as the
+// numbers do, so a block whose upper halves are all below the threshold's is below it; any other block is asked sample
+// by sample.
+bool PicoAlcanca(const double* amostras, size_t quantas, double limiar) {
+    if (0.0 >= limiar) return true;
     const auto alcanca = [limiar](double amostra) { return std::fabs(amostra) >= limiar; };
     const int metadeLimiar = static_cast<int>(std::bit_cast<int64_t>(limiar) >> 32);
     const __m128i abaixo = _mm_set1_epi32(metadeLimiar - 1);
@@ -124,7 +120,24 @@ void FecharJanelaPico(Varredura& v, int fim) {
         v.quadrosMudos += fim - v.janela.inicio;
         if (v.quadrosMudos >= v.blocoMinimo) FecharTrechoSom(v);
     }
-    v.janela = JanelaVazia(v.limiar);
+    v.janela = {};
+}
+
+// Inside a run, of the windows up to where the block would be full only the last that sounds matters, so it is looked
+// for from there backwards. Whole windows begin at frame p; the answer is how many frames are dealt with.
+int SeguirTrechoAberto(Varredura& v, const double* amostras, int p, int janelas) {
+    const int ateOBloco = (v.blocoMinimo - v.quadrosMudos - 1) / v.tamanhoJanela + 1;
+    const size_t amostrasDaJanela = v.tamanhoJanela * v.canais;
+    const int quantas = std::min(janelas, ateOBloco);
+    int soam = quantas;
+    while (soam > 0 && !PicoAlcanca(amostras + (soam - 1) * amostrasDaJanela, amostrasDaJanela, v.limiar)) --soam;
+    if (soam > 0) {
+        v.aberto.fim = p + soam * v.tamanhoJanela;
+        v.quadrosMudos = 0;
+    }
+    v.quadrosMudos += (quantas - soam) * v.tamanhoJanela;
+    if (v.quadrosMudos >= v.blocoMinimo) FecharTrechoSom(v);
+    return quantas * v.tamanhoJanela;
 }
 
 // Scans n frames that begin at the item's frame p. A window may begin in one call and end in the next; once it sounds,
@@ -132,9 +145,15 @@ void FecharJanelaPico(Varredura& v, int fim) {
 void VarrerLeitura(Varredura& v, const double* amostras, int p, int n) {
     for (int i = 0; i < n;) {
         JanelaPico& janela = v.janela;
+        const double* aqui = amostras + i * v.canais;
+        const int janelasInteiras = janela.quadros == 0 ? (n - i) / v.tamanhoJanela : 0;
+        if (v.aberto.inicio >= 0 && janelasInteiras > 0) {
+            i += SeguirTrechoAberto(v, aqui, p + i, janelasInteiras);
+            continue;
+        }
         if (janela.quadros == 0) janela.inicio = p + i;
         const int quadros = std::min(v.tamanhoJanela - janela.quadros, n - i);
-        janela.soa = janela.soa || AlgumaAlcanca(amostras + i * v.canais, quadros * v.canais, v.limiar);
+        janela.soa = janela.soa || PicoAlcanca(aqui, quadros * v.canais, v.limiar);
         janela.quadros += quadros;
         i += quadros;
         if (janela.quadros == v.tamanhoJanela) FecharJanelaPico(v, p + i);
@@ -166,8 +185,7 @@ std::vector<TrechoSom> TrechosDeSom(const Leitura& leitura, int totalQuadros, do
     Varredura v = {.limiar = limiar,
                    .canais = static_cast<size_t>(leitura.canais),
                    .tamanhoJanela = std::max(1, static_cast<int>(leitura.taxa * 0.01)),
-                   .blocoMinimo = std::max(1, static_cast<int>(bloco)),
-                   .janela = JanelaVazia(limiar)};
+                   .blocoMinimo = std::max(1, static_cast<int>(bloco))};
     for (int p = 0, n; p < totalQuadros; p += n) {
         n = std::min(QuadrosPorLeitura, totalQuadros - p);
         const double inicio = leitura.inicio + p / static_cast<double>(leitura.taxa);
