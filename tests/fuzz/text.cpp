@@ -39,11 +39,6 @@ std::string Text(ByteEater& in) {
 
 }  // namespace
 
-// The library that finds fonts keeps a little for itself at the end.
-extern "C" const char* __lsan_default_suppressions() {
-    return "leak:libfontconfig\n";
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     ByteEater in(data, size);
     TestSurface dest = in.Surface();

@@ -9,7 +9,6 @@
 #include <random>
 #include <string>
 
-#include "platform/export.h"
 #include "tests/slicer/plain_analysis.h"
 
 namespace {
@@ -219,10 +218,4 @@ TEST_F(Analise, OQueNaoCabeFicaIntacto) {
         EXPECT_EQ(Texto(Analisar(caso.comprimento, 0.5, 0.055)), "");
         EXPECT_EQ(g.chamadas, caso.chamadas);
     }
-}
-
-// Memory that is asked for in vain gives null under the sanitizers too, as everywhere else.
-MODULE_EXPORT const char* __asan_default_options();
-const char* __asan_default_options() {
-    return "allocator_may_return_null=1";
 }
