@@ -24,9 +24,10 @@ void GravarAjustes() {
     GravarPresets(PresetsFatiador, thresholdDb, blocoMs, fecharLacunas, CaminhoPainel);
 }
 
+// "P1" to "P6".
 struct RotuloDePreset {
-    char texto[4];
-    explicit RotuloDePreset(int n) { std::snprintf(texto, sizeof texto, "P%d", n); }
+    char texto[3] = {'P', '0', '\0'};
+    explicit RotuloDePreset(int n) { texto[1] += static_cast<char>(n); }
 };
 
 // A button of the page, which takes no mouse while the prompt is open. True: clicked.

@@ -10,6 +10,7 @@
 #include "apps/fatiar/plugin.h"
 #include "apps/fatiar/progress.h"
 #include "apps/fatiar/report.h"
+#include "simhost/arrangement.h"
 
 constexpr int Refused = 2;
 
@@ -42,6 +43,13 @@ static bool PutOnTracks(const std::vector<std::string>& inputs, simhost::Host& h
         host.project.tracks.Add(track, std::move(item));
     }
     return true;
+}
+
+// The arrangement before and after, both on the scale of what was there before.
+static bool Paint(Outputs& outputs, const simhost::Project& project, const char* name, double end, std::string* error) {
+    LICE_MemBitmap bitmap(1280, simhost::ArrangementHeight(project), 0);
+    simhost::PaintArrangement(project, &bitmap, {0, end * 1.02});
+    return outputs.WritePicture(name, &bitmap, error);
 }
 
 static Result ResultOf(const simhost::Track& track, const simhost::Source& source) {
@@ -103,6 +111,8 @@ int main(int argc, char** argv) {
         sources.push_back(host.project.tracks.ItemAt(i)->Active()->source);
         total += sources.back()->Frames();
     }
+    const double end = simhost::ProjectEnd(host.project);
+    if (outputs.HasFolder() && !Paint(outputs, host.project, "antes.png", end, &error)) return Refuse(error);
     Plugin plugin;
     if (!plugin.Load(host, &error)) return Refuse(error);
     {
@@ -117,6 +127,7 @@ int main(int argc, char** argv) {
     std::vector<Result> results;
     for (size_t i = 0; i < sources.size(); ++i) results.push_back(ResultOf(*host.project.tracks.All()[i], *sources[i]));
     if (!WriteOutputs(options, settings, host.project, outputs, results, &error)) return Refuse(error);
+    if (outputs.HasFolder() && !Paint(outputs, host.project, "depois.png", end, &error)) return Refuse(error);
 
     const std::string text = options.csv == options.json ? AsTable(results)
                              : options.csv               ? AsCsv(results)

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <set>
 
+#include "simhost/native/png_file.h"
+
 namespace fs = std::filesystem;
 
 std::string OutputFile::Beside(const char* ending) const {
@@ -41,6 +43,7 @@ bool Outputs::Plan(const Options& options, std::string* error) {
 
     // A slash at the end makes no other folder.
     const fs::path folder = oneFile ? fs::path(options.output).parent_path() : fs::path(options.output) / "";
+    if (!oneFile) folder_ = folder;
     std::set<std::string> taken;
     for (const std::string& input : options.inputs) {
         std::string format = !options.format.empty() ? options.format : oneFile ? ending : AudioEnding(input);
@@ -74,6 +77,16 @@ bool Outputs::WriteAudio(const OutputFile& file, const simhost::Track& track, co
                       [&](const double* mix, int n) { return writer->Write(mix, n) && onWritten(mix, n); });
     if (!writer->Finish(error)) return false;
     made_.push_back(file.audio);
+    return true;
+}
+
+bool Outputs::WritePicture(const char* name, LICE_IBitmap* bitmap, std::string* error) {
+    const fs::path path = folder_ / name;
+    if (!simhost::WritePng(path.string(), bitmap)) {
+        *error = "'" + path.string() + "' nao pode ser gravado";
+        return false;
+    }
+    made_.push_back(path);
     return true;
 }
 

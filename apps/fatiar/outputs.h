@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "apps/fatiar/options.h"
+#include "lice/bitmap.h"
 #include "simhost/mixdown.h"
 #include "simhost/native/audio_file.h"
 
@@ -30,6 +31,9 @@ class Outputs {
 
     bool WriteAudio(const OutputFile& file, const simhost::Track& track, const simhost::MixRange& range,
                     const simhost::MixSink& onWritten, std::string* error);
+    // Pictures go into the folder of the results, when -o names one.
+    bool HasFolder() const { return !folder_.empty(); }
+    bool WritePicture(const char* name, LICE_IBitmap* bitmap, std::string* error);
     bool WriteText(const std::string& path, const std::string& text, std::string* error);
     void Keep() { made_.clear(); }
 
@@ -37,5 +41,6 @@ class Outputs {
     bool MakeFolder(const std::filesystem::path& folder);
 
     std::vector<OutputFile> files_;
+    std::filesystem::path folder_;             // empty when the result is one named file
     std::vector<std::filesystem::path> made_;  // in the order of making
 };

@@ -1,0 +1,199 @@
+#include "simhost/arrangement.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+#include "lice/lice.h"
+#include "simhost/sound.h"
+
+namespace simhost {
+
+namespace {
+
+constexpr LICE_pixel Ground = 0xFF16171B, LaneColour = 0xFF1C1E23, Divider = 0xFF0D0D0F, HeaderColour = 0xFF24262C;
+constexpr LICE_pixel RulerColour = 0xFF1F2127, GridLine = 0xFFFFFFFF, DimText = 0xFF9AA3AD, BrightText = 0xFFE8ECF0;
+constexpr LICE_pixel ItemColour = 0xFF35566E, WaveColour = 0xFFBBE0F5, RegionColour = 0xFF2D6E4A;
+constexpr LICE_pixel CursorColour = 0xFFF0A040, SelectionColour = 0xFF4CA6F2, FadeColour = 0xFFF0D090;
+
+struct Canvas {
+    LICE_IBitmap* bm;
+    TimeRange view;
+    ArrangementLayout layout;
+
+    int Width() const { return bm->getWidth(); }
+    int Height() const { return bm->getHeight(); }
+    double PixelsPerSecond() const { return (Width() - layout.headerWidth) / (view.end - view.start); }
+    // The column of a time, held to a little outside the picture.
+    int X(double time) const {
+        const double x = layout.headerWidth + (time - view.start) * PixelsPerSecond();
+        return static_cast<int>(std::clamp(x, -100.0, Width() + 100.0));
+    }
+    double TimeAt(int x) const { return view.start + (x - layout.headerWidth) / PixelsPerSecond(); }
+    void Fill(int x, int y, int w, int h, LICE_pixel colour, float alpha = 1.0f) const {
+        LICE_FillRect(bm, x, y, w, h, colour, alpha, LICE_BLIT_MODE_COPY);
+    }
+    void Line(int x1, int y1, int x2, int y2, LICE_pixel colour, float alpha, bool smooth) const {
+        LICE_Line(bm, x1, y1, x2, y2, colour, alpha, LICE_BLIT_MODE_COPY, smooth);
+    }
+};
+
+// Fonts and their glyphs live as long as the process, as everywhere where lice draws text.
+LICE_CachedFont& Font(int height, int weight) {
+    static std::map<std::pair<int, int>, LICE_CachedFont> fonts;
+    const auto [found, fresh] = fonts.try_emplace({height, weight});
+    if (fresh) {
+        LOGFONTA wanted{};
+        wanted.lfHeight = -height;
+        wanted.lfWeight = weight;
+        wanted.lfQuality = ANTIALIASED_QUALITY;
+        std::strcpy(wanted.lfFaceName, "Segoe UI");
+        found->second.SetFromHFont(CreateFontIndirectA(&wanted), LICE_FONT_FLAG_OWNS_HFONT);
+    }
+    return found->second;
+}
+
+void Write(const Canvas& c, const std::string& text, RECT place, LICE_pixel colour, int height = 12, int weight = 600) {
+    if (place.right <= place.left) return;
+    LICE_CachedFont& font = Font(height, weight);
+    font.SetTextColor(colour);
+    font.DrawText(c.bm, text.c_str(), -1, &place, DT_SINGLELINE | DT_NOPREFIX);
+}
+
+std::string BaseName(const std::string& path) {
+    return path.substr(path.find_last_of('/') + 1);
+}
+
+// The first of 1, 2, 5, 10 ... seconds (then minutes) that leaves room for its label.
+double GridStep(const Canvas& c) {
+    for (const double step : {0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0, 30.0, 60.0, 120.0, 300.0, 600.0, 1800.0})
+        if (step * c.PixelsPerSecond() >= 70) return step;
+    return 3600.0;
+}
+
+void PaintRuler(const Canvas& c, const Project& project) {
+    const int height = c.layout.rulerHeight;
+    c.Fill(0, 0, c.Width(), height, RulerColour);
+    const double step = GridStep(c);
+    for (double i = std::ceil(c.view.start / step); i * step <= c.view.end; ++i) {
+        const double time = i * step;
+        const int x = c.X(time);
+        char label[32];
+        if (step < 1)
+            std::snprintf(label, sizeof label, "%d:%04.1f", static_cast<int>(time / 60), std::fmod(time + 1e-9, 60));
+        else
+            std::snprintf(label, sizeof label, "%d:%02d", static_cast<int>(time / 60),
+                          static_cast<int>(std::fmod(time, 60)));
+        c.Line(x, height - 6, x, height - 1, DimText, 1.0f, false);
+        c.Line(x, height, x, c.Height(), GridLine, 0.05f, false);
+        Write(c, label, {x + 4, height - 18, c.Width(), height}, DimText, 11, 400);
+    }
+    for (const Marker& marker : project.markers) {
+        const int x = c.X(marker.start), end = marker.isRegion ? c.X(marker.end) : x + 2;
+        c.Fill(x, 3, std::max(2, end - x), 18, RegionColour);
+        c.Line(x, 3, x, c.Height(), RegionColour, 0.6f, false);
+        if (marker.isRegion) Write(c, marker.name, {x + 5, 4, end - 3, 20}, BrightText);
+    }
+}
+
+struct Peak {
+    double low = 0, high = 0;
+};
+
+// The extremes of what the item plays in each of the columns from x0 on, each `step` seconds wide.
+std::vector<Peak> Peaks(const Item& item, double from, double step, int columns) {
+    std::vector<Peak> peaks(std::max(columns, 0));
+    const Take* take = item.Active();
+    if (!take || !take->source || take->source->SampleRate() <= 0) return peaks;
+    const int rate = take->source->SampleRate(), channels = take->source->Channels();
+    constexpr int block = 8192;
+    std::vector<double> samples(static_cast<size_t>(block) * channels);
+    for (size_t i = 0; i < peaks.size(); ++i) {
+        const double start = from + i * step;
+        const int frames = std::max(1, static_cast<int>(step * rate));
+        for (int done = 0, n; done < frames; done += n) {
+            n = std::min(block, frames - done);
+            if (!ReadTake(*take, rate, channels, start + static_cast<double>(done) / rate, n, samples.data())) break;
+            const auto [low, high] =
+                std::minmax_element(samples.begin(), samples.begin() + static_cast<size_t>(n) * channels);
+            peaks[i].low = std::min(peaks[i].low, *low);
+            peaks[i].high = std::max(peaks[i].high, *high);
+        }
+        const double factor = FadeAt(item, start + step / 2) * item.volume * take->volume;
+        peaks[i] = {peaks[i].low * factor, peaks[i].high * factor};
+    }
+    return peaks;
+}
+
+void PaintFade(const Canvas& c, double from, double to, int top, int bottom) {
+    if (from != to) c.Line(c.X(from), bottom, c.X(to), top, FadeColour, 0.9f, true);
+}
+
+LICE_pixel Tint(double native) {
+    const int colour = static_cast<int>(native);
+    return LICE_RGBA(colour & 255, colour >> 8 & 255, colour >> 16 & 255, 255);
+}
+
+void PaintItem(const Canvas& c, const Item& item, int top, int height) {
+    constexpr int title = 16;
+    const int left = std::max(c.X(item.position), c.layout.headerWidth), right = std::min(c.X(item.End()), c.Width());
+    const int width = std::max(right - left, 1);
+    if (c.X(item.End()) < c.layout.headerWidth || left >= c.Width()) return;
+    const float strength = item.mute ? 0.4f : 1.0f;
+    const LICE_pixel body = item.colour ? Tint(item.colour) : ItemColour;
+    c.Fill(left, top, width, height, body, strength);
+    c.Fill(left, top, width, title, 0xFF000000, 0.25f);
+
+    const int middle = top + title + (height - title) / 2, reach = (height - title) / 2 - 2;
+    const double step = 1 / c.PixelsPerSecond();
+    const std::vector<Peak> peaks = Peaks(item, c.TimeAt(left) - item.position, step, width);
+    for (int i = 0; i < width; ++i) {
+        const auto y = [&](double level) { return middle - static_cast<int>(std::clamp(level, -1.0, 1.0) * reach); };
+        c.Fill(left + i, y(peaks[i].high), 1, y(peaks[i].low) - y(peaks[i].high) + 1, WaveColour, 0.9f * strength);
+    }
+    const double in = item.autoFadeIn >= 0 ? item.autoFadeIn : item.fadeIn;
+    const double out = item.autoFadeOut >= 0 ? item.autoFadeOut : item.fadeOut;
+    PaintFade(c, item.position, item.position + in, top, top + height - 1);
+    PaintFade(c, item.End(), item.End() - out, top, top + height - 1);
+    if (item.selected) LICE_DrawRect(c.bm, left, top, width - 1, height - 1, BrightText, 0.9f, LICE_BLIT_MODE_COPY);
+    c.Line(left, top, left, top + height - 1, Divider, 1.0f, false);
+    if (width > 24) Write(c, BaseName(item.Name()), {left + 5, top + 1, right - 3, top + title}, BrightText, 11);
+}
+
+void PaintTrack(const Canvas& c, const Track& track, int index) {
+    const int top = c.layout.rulerHeight + index * c.layout.laneHeight, height = c.layout.laneHeight - 2;
+    const int header = c.layout.headerWidth;
+    for (const Box<Item>& item : track.items) PaintItem(c, *item, top + 4, height - 8);
+    c.Fill(0, top, header, height, HeaderColour);
+    c.Fill(0, top, 4, height, track.colour ? Tint(track.colour) : SelectionColour, track.selected ? 1.0f : 0.5f);
+    Write(c, std::to_string(index + 1), {12, top + 8, header, top + 26}, DimText, 11, 400);
+    Write(c, BaseName(track.name), {12, top + 26, header - 6, top + 46}, BrightText);
+    if (track.armed) LICE_FillCircle(c.bm, header - 16.0f, top + 18.0f, 5, 0xFFD94040, 1.0f, LICE_BLIT_MODE_COPY, true);
+    c.Fill(0, top + height, c.Width(), 2, Divider);
+}
+
+}  // namespace
+
+int ArrangementHeight(const Project& project, const ArrangementLayout& layout) {
+    return layout.rulerHeight + std::max(1, project.tracks.Count()) * layout.laneHeight;
+}
+
+void PaintArrangement(const Project& project, LICE_IBitmap* bitmap, TimeRange view, const ArrangementLayout& layout) {
+    if (!bitmap || !(view.end > view.start)) return;
+    const Canvas c = {bitmap, view, layout};
+    LICE_Clear(bitmap, Ground);
+    for (int i = 0; i < project.tracks.Count(); ++i)
+        c.Fill(0, layout.rulerHeight + i * layout.laneHeight, c.Width(), layout.laneHeight - 2, LaneColour);
+    PaintRuler(c, project);
+    for (int i = 0; i < project.tracks.Count(); ++i) PaintTrack(c, *project.tracks.All()[i], i);
+    const auto [start, end] = project.timeSelection;
+    if (end > start) {
+        const int x = std::max(c.X(start), layout.headerWidth);
+        c.Fill(x, 0, c.X(end) - x, c.Height(), SelectionColour, 0.15f);
+    }
+    if (const int x = c.X(project.cursor); x >= layout.headerWidth)
+        c.Line(x, 0, x, c.Height(), CursorColour, 1.0f, false);
+}
+
+}  // namespace simhost

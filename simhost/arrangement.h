@@ -1,0 +1,23 @@
+// simhost/arrangement.h
+// The picture of an arrangement: a ruler with regions, and a lane for each track with its items, their waveforms and
+// fades; the time selection and the cursor over all of it.
+#pragma once
+#include "lice/bitmap.h"
+#include "simhost/host.h"
+
+namespace simhost {
+
+// Where things stand in the picture, in pixels.
+struct ArrangementLayout {
+    int headerWidth = 120;  // of the tracks' names
+    int rulerHeight = 44;   // times and regions
+    int laneHeight = 110;
+};
+
+// The height that shows all tracks.
+int ArrangementHeight(const Project& project, const ArrangementLayout& layout = {});
+// Paints what lies between the two times over the whole surface.
+void PaintArrangement(const Project& project, LICE_IBitmap* bitmap, TimeRange view,
+                      const ArrangementLayout& layout = {});
+
+}  // namespace simhost
