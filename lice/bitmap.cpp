@@ -140,7 +140,8 @@ bool LICE_MemBitmap::resize(int width, int height) {
     width_ = width;
     height_ = height;
 
-    const int64_t bytes = ((int64_t{width} + rowMask_) & ~int64_t{rowMask_}) * height * 4;
+    const int64_t pixels = ((int64_t{width} + rowMask_) & ~int64_t{rowMask_}) * height;
+    const int64_t bytes = std::clamp<int64_t>(pixels, 0, IntMax) * 4;
     if (width < 1 || height < 1 || bytes > IntMax) {  // more than an int counts is refused like memory that isn't there
         free(buffer_);
         buffer_ = nullptr;

@@ -9,9 +9,10 @@ shift
 cmake -S . -B build/fuzz -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ \
     -DCMAKE_CXX_FLAGS_DEBUG="-O1 -g1 -fsanitize=fuzzer-no-link" -DQUILMO_SANITIZE=ON -DQUILMO_FUZZ=ON >/dev/null
 cmake --build build/fuzz -j2 --target "${@/#/fuzz_}"
+export LSAN_OPTIONS=suppressions=$PWD/tests/leaks.txt:print_suppressions=0
 cd build/fuzz
 for target in "$@"; do
     mkdir -p "corpus/$target"
     echo "== $target"
-    "./fuzz_$target" -max_total_time="$seconds" -max_len=512 -timeout=10 -verbosity=0 "corpus/$target"
+    "./fuzz_$target" -max_total_time="$seconds" -max_len=512 -timeout=10 -verbosity=0 -print_funcs=0 "corpus/$target"
 done

@@ -28,7 +28,7 @@ class ByteEater {
     T Raw() {
         T value = {};
         const size_t n = std::min(sizeof value, left_);
-        memcpy(&value, at_, n);
+        if (n > 0) memcpy(&value, at_, n);
         at_ += n;
         left_ -= n;
         return value;
