@@ -8,6 +8,7 @@
 
 #include "lice/combine.h"
 #include "lice/target.h"
+#include "lice/truncate.h"
 
 namespace {
 
@@ -175,8 +176,7 @@ void LICE_FillConvexPolygon(LICE_IBitmap* dest, const int* x, const int* y, int 
     for (int i = 0; i < count; ++i) {
         Point p{x[i], y[i]};
         if (target.Scales(mode)) p = {LICE_ScaleCoord(p.x, target.scale), LICE_ScaleCoord(p.y, target.scale)};
-        // Turned round in 64 bits and held: the very last int has no counterpart.
-        if (target.flipped) p.y = static_cast<int>(std::min<int64_t>(int64_t{target.height} - 1 - p.y, INT32_MAX));
+        if (target.flipped) p.y = HeldInInt(int64_t{target.height} - 1 - p.y);
         leftmost = std::min(leftmost, p.x);
         rightmost = std::max(rightmost, p.x);
         points[i] = p;
