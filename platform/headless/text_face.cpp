@@ -30,6 +30,7 @@ using FaceKey = std::tuple<std::string, int, bool>;  // family, weight, italic
 
 FaceFile AskFontconfig(const FaceKey& key) {
     const auto& [family, weight, italic] = key;
+    FcConfig* config = FcInitLoadConfigAndFonts();  // our own, since hardly ever a second face is looked for
     FcPattern* pattern = FcPatternCreate();
     const auto addFamily = [&](const char* name) {
         FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(name));
@@ -40,12 +41,12 @@ FaceFile AskFontconfig(const FaceKey& key) {
     FcPatternAddInteger(pattern, FC_SLANT, italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
     FcPatternAddBool(pattern, FC_SCALABLE, FcTrue);
     FcPatternAddBool(pattern, FC_VARIABLE, FcFalse);  // a named instance rather than a range
-    FcConfigSubstitute(nullptr, pattern, FcMatchPattern);
+    FcConfigSubstitute(config, pattern, FcMatchPattern);
     FcDefaultSubstitute(pattern);
 
     FaceFile file;
     FcResult result;
-    if (FcPattern* match = FcFontMatch(nullptr, pattern, &result)) {
+    if (FcPattern* match = FcFontMatch(config, pattern, &result)) {
         FcChar8* path = nullptr;
         if (FcPatternGetString(match, FC_FILE, 0, &path) == FcResultMatch) {
             file.path = reinterpret_cast<const char*>(path);
@@ -54,6 +55,7 @@ FaceFile AskFontconfig(const FaceKey& key) {
         FcPatternDestroy(match);
     }
     FcPatternDestroy(pattern);
+    FcConfigDestroy(config);
     return file;
 }
 
