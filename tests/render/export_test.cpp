@@ -29,7 +29,13 @@ class Exportar : public Cena {
         host.project.path = caminho;
         host.scriptsRun.clear();
         RenderPreLeigo();
-        return host.scriptsRun.empty() ? "" : host.scriptsRun[0].text.substr(0, host.scriptsRun[0].text.find('\n'));
+        return Script().substr(0, Script().find('\n'));
+    }
+    // The one that was run. It is a text file, whose lines end as the system's do.
+    std::string Script() {
+        std::string texto = host.scriptsRun.empty() ? "" : host.scriptsRun[0].text;
+        std::erase(texto, '\r');
+        return texto;
     }
     std::string script;
 };
@@ -51,7 +57,7 @@ TEST_F(Exportar, NomeDoProjetoChegaInteiroAoScript) {
     };
     for (const auto& caso : casos)
         EXPECT_EQ(Cabecalho(caso.caminho), std::string("local proj_name_cpp = \"") + caso.nome + '"') << caso.caminho;
-    const std::string& texto = host.scriptsRun[0].text;
+    const std::string texto = Script();
     EXPECT_NE(texto.find("\nlocal proj_name = (proj_name_cpp ~= \"\") and proj_name_cpp or "
                          "os.date(\"Gravacao_%Y-%m-%d_%Hh%M\")\n"),
               std::string::npos);
