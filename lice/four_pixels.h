@@ -29,9 +29,12 @@ inline FourPixels LoadSome(const LICE_pixel* pixels, ptrdiff_t count) {
 }
 
 inline void StoreSome(LICE_pixel* pixels, FourPixels four, ptrdiff_t count) {
-    pixels[0] = four[0];
-    if (count > 1) pixels[1] = four[1];
-    if (count > 2) pixels[2] = four[2];
+    if (count == 1) {
+        pixels[0] = four[0];
+        return;
+    }
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels), (__m128i)four);
+    if (count == 3) pixels[2] = four[2];
 }
 
 // source + (old - source) * (256 - ia) / 256 in each channel, the division toward zero; for ia from 1 to 256, given as
@@ -51,14 +54,14 @@ struct FourWeights {
     EightWords keep;  // as above; the same in both words of a pixel
     FourPixels none;  // all bits set where the opacity is 0, which `keep` cannot say
 
-    // `shares`, 0 to 256, times an opacity of 1 to 256, divided by 256; the weights must come out below 256.
-    static FourWeights Times(EightWords shares, int ia) {
-        const EightWords weight256 = shares * static_cast<uint16_t>(ia) & 0xFF00;
-        return {1 - weight256, (FourPixels)((FourPixels)weight256 == 0)};
-    }
+    // From 256 times the weight, which must be below 256.
+    static FourWeights Of(EightWords weight256) { return {1 - weight256, (FourPixels)((FourPixels)weight256 == 0)}; }
+
+    // `shares`, 0 to 256, times an opacity of 1 to 256, divided by 256.
+    static EightWords Times(EightWords shares, int ia) { return shares * static_cast<uint16_t>(ia) & 0xFF00; }
 
     // The same four bytes of coverage as a mask holds them, the first in the low byte.
-    static FourWeights Coverage(uint32_t mask, int ia) { return Times(Spread(mask), ia); }
+    static FourWeights Coverage(uint32_t mask, int ia) { return Of(Times(Spread(mask), ia)); }
 
     // Coverage plus 1, but 0 for coverage 0.
     static FourWeights CoverageOpaque(uint32_t mask) { return Opaque(Spread(mask)); }
@@ -66,7 +69,7 @@ struct FourWeights {
     // Each pixel's own alpha plus 1, times an opacity below 256.
     static FourWeights Alpha(FourPixels source, int ia) {
         const FourPixels alpha = source >> 24;
-        return Times((EightWords)(alpha | alpha << 16) + 1, ia);
+        return Of(Times((EightWords)(alpha | alpha << 16) + 1, ia));
     }
 
     // Each pixel's own alpha plus 1, but 0 for alpha 0.
@@ -89,12 +92,25 @@ struct FourWeights {
     }
 };
 
+// Two times four weights, which cost little more than four when they are made together.
+struct EightWeights {
+    FourWeights first, second;
+
+    static EightWeights Coverage(uint64_t mask, int ia) {
+        const __m128i bytes = _mm_cvtsi64_si128(static_cast<int64_t>(mask));
+        const EightWords weight256 = FourWeights::Times((EightWords)_mm_unpacklo_epi8(bytes, _mm_setzero_si128()), ia);
+        const __m128i w = (__m128i)weight256;
+        return {FourWeights::Of((EightWords)_mm_unpacklo_epi16(w, w)),
+                FourWeights::Of((EightWords)_mm_unpackhi_epi16(w, w))};
+    }
+};
+
 inline FourPixels Mix(FourPixels old, FourPixels source, int ia) {  // ia: 1 to 256
     return MixKeeping(old, source, EightWords{} + static_cast<uint16_t>((256 - ia) * 256 + 1));
 }
 
 inline FourPixels Mix(FourPixels old, FourPixels source, const FourWeights& ia) {
-    return MixKeeping(old, (old & ia.none) | (source & ~ia.none), ia.keep);
+    return (old & ia.none) | (MixKeeping(old, source, ia.keep) & ~ia.none);
 }
 
 inline LICE_pixel Mix(LICE_pixel old, LICE_pixel source, int ia) {  // ia: 0 to 256

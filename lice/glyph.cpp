@@ -21,22 +21,46 @@ struct Glyph {
     int Weight(int coverage) const { return static_cast<int>(Wide{coverage} * ia / 256); }
 };
 
-// Four pixels at a time where the function can weigh each; weight 0 then leaves its pixel as it is.
 template <class Combine>
 void DrawMask(Combine combine, Glyph g) {
-    for (; g.height > 0; --g.height, g.row += g.rowStep, g.mask += g.maskSpan) {
-        int x = 0;
-        if constexpr (requires(FourPixels four, FourWeights weights) { combine(four, four, weights); }) {
-            for (uint32_t coverage; x + 4 <= g.width; x += 4) {
-                memcpy(&coverage, g.mask + x, 4);
-                if (coverage == 0) continue;
-                const FourPixels mixed =
-                    combine(LoadFour(g.row + x), OneColor{g.color}.Four(0), FourWeights::Coverage(coverage, g.ia));
-                StoreFour(g.row + x, mixed);
-            }
-        }
-        for (; x < g.width; ++x)
+    for (; g.height > 0; --g.height, g.row += g.rowStep, g.mask += g.maskSpan)
+        for (int x = 0; x < g.width; ++x)
             if (g.mask[x]) g.row[x] = combine(g.row[x], g.color, g.Weight(g.mask[x]));
+}
+
+// As many bytes of a mask as the type has.
+template <class Bytes>
+Bytes LoadMask(const unsigned char* mask) {
+    Bytes bytes;
+    memcpy(&bytes, mask, sizeof bytes);
+    return bytes;
+}
+
+// Eight pixels at a time, then four, then what is left; weight 0 leaves its pixel as it is.
+void DrawMask(CombineCopy combine, Glyph g) {
+    const FourPixels color = OneColor{g.color}.Four(0);
+    for (; g.height > 0; --g.height, g.row += g.rowStep, g.mask += g.maskSpan) {
+        LICE_pixel* row = g.row;
+        const unsigned char* mask = g.mask;
+        const auto drawFour = [&](const FourWeights& weights) {
+            StoreFour(row, combine(LoadFour(row), color, weights));
+            row += 4;
+        };
+        for (int x = 0; x + 8 <= g.width; x += 8, mask += 8) {
+            const auto weights = EightWeights::Coverage(LoadMask<uint64_t>(mask), g.ia);
+            drawFour(weights.first);
+            drawFour(weights.second);
+        }
+        if (g.width & 4) {
+            drawFour(FourWeights::Coverage(LoadMask<uint32_t>(mask), g.ia));
+            mask += 4;
+        }
+        if (const int some = g.width & 3) {
+            uint32_t coverage = some == 1 ? *mask : LoadMask<uint16_t>(mask);
+            if (some == 3) coverage |= uint32_t{mask[2]} << 16;
+            const FourPixels mixed = combine(LoadSome(row, some), color, FourWeights::Coverage(coverage, g.ia));
+            StoreSome(row, mixed, some);
+        }
     }
 }
 
