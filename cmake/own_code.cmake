@@ -10,7 +10,9 @@ if(QUILMO_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
     # Behind the instrumentation GCC no longer sees which values can occur, and these two warn of what the others show
     # to be fine.
-    target_compile_options(own_code INTERFACE -Wno-maybe-uninitialized -Wno-format-truncation)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        target_compile_options(own_code INTERFACE -Wno-maybe-uninitialized -Wno-format-truncation)
+    endif()
 endif()
 
 # Gives `out` the .cpp files of the named folders, below the source tree's root. New files are noticed at the next build.
