@@ -93,13 +93,16 @@ bool PicoAlcanca(const double* amostras, size_t quantas, double limiar) {
     const auto alcanca = [limiar](double amostra) { return std::fabs(amostra) >= limiar; };
     const int metadeLimiar = static_cast<int>(std::bit_cast<int64_t>(limiar) >> 32);
     const __m128i abaixo = _mm_set1_epi32(metadeLimiar - 1);
-    const auto chegaPerto = [abaixo](const double* quatro) { return _mm_cmpgt_epi32(MetadesAltas(quatro), abaixo); };
+    const auto chegaPerto = [abaixo](const double* oito) {
+        return _mm_or_si128(_mm_cmpgt_epi32(MetadesAltas(oito), abaixo),
+                            _mm_cmpgt_epi32(MetadesAltas(oito + 4), abaixo));
+    };
     size_t i = 0;
-    for (; i + 16 <= quantas; i += 16) {
+    for (; i + 32 <= quantas; i += 32) {
         const double* bloco = amostras + i;
-        const __m128i a = _mm_or_si128(chegaPerto(bloco), chegaPerto(bloco + 4));
-        const __m128i b = _mm_or_si128(chegaPerto(bloco + 8), chegaPerto(bloco + 12));
-        if (_mm_movemask_epi8(_mm_or_si128(a, b)) && std::any_of(bloco, bloco + 16, alcanca)) return true;
+        const __m128i a = _mm_or_si128(chegaPerto(bloco), chegaPerto(bloco + 8));
+        const __m128i b = _mm_or_si128(chegaPerto(bloco + 16), chegaPerto(bloco + 24));
+        if (_mm_movemask_epi8(_mm_or_si128(a, b)) && std::any_of(bloco, bloco + 32, alcanca)) return true;
     }
     return std::any_of(amostras + i, amostras + quantas, alcanca);
 }
