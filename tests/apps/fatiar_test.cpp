@@ -160,7 +160,8 @@ TEST_F(Fatiar, OAudioGravadoTemOsPedacosComFadesNasEmendas) {
         EXPECT_EQ(Call(arguments).status, 0);
     }
     EXPECT_EQ(workshop.Listing(),
-              "Um Nome.FLAC fala.wav sai sai/fala-fatiado.wav sai/fundo sai/fundo/fala-fatiado.flac ");
+              "Um Nome.FLAC fala.wav sai sai/antes.png sai/depois.png sai/fala-fatiado.wav sai/fundo "
+              "sai/fundo/antes.png sai/fundo/depois.png sai/fundo/fala-fatiado.flac ");
     for (const char* name : {"sai/fala-fatiado.wav", "sai/fundo/fala-fatiado.flac", "Um Nome.FLAC"}) {
         SCOPED_TRACE(name);
         const std::vector<double> found = ReadAll(workshop.Path(name), &info);
