@@ -76,12 +76,12 @@ struct Pen {
 
     void Draw(LICE_pixel* pixel, int weight) const { *pixel = combine(*pixel, color, weight); }
     void Draw(LICE_pixel* pixel) const { Draw(pixel, ia); }
-    // A pixel and its neighbour across the line, by how far the line has moved from one to the other, in 1/65536.
+    // Of a pixel and its neighbour across the line, each gets its share of the opacity, in 1/256.
+    int Share(int part) const { return ia == 256 ? part : static_cast<int>(Wide{ia} * part >> 8); }
+    // `moved` is how far the line has come from the one to the other, in 1/65536.
     void DrawPair(LICE_pixel* pixel, LICE_pixel* neighbour, int moved) const {
-        const int h = moved >> 8;
-        const bool opaque = ia == 256;
-        Draw(pixel, opaque ? 255 - h : static_cast<int>(Wide{ia} * (255 - h) >> 8));
-        Draw(neighbour, opaque ? h : static_cast<int>(Wide{ia} * h >> 8));
+        Draw(pixel, Share(255 - (moved >> 8)));
+        Draw(neighbour, Share(moved >> 8));
     }
 };
 
@@ -189,13 +189,14 @@ void DrawFloatLine(Segment<FloatEdge> s, const Target& target, LICE_pixel color,
     const int step = static_cast<int>(65536.0f * std::abs(slope));
     int minor = static_cast<int>(m) + (direction < 0 ? 1 : 0);
 
-    WithCombine<CopyForms::General>(mode, ia, [&](auto combine) {
+    const auto inside = [minorSize](int place) { return place >= 0 && place < minorSize; };
+    const auto draw = [&](auto combine) {
         const Pen<decltype(combine)> pen = {combine, color, ia};
         LICE_pixel* pixel = target.bits + first * majorStep + minor * minorStep;
         for (int i = 0; i <= n; ++i, pixel += majorStep) {
-            // Rounding alone could carry the line a pixel past the edge that it was clipped to.
-            if (minor >= 0 && minor < minorSize && minor + direction >= 0 && minor + direction < minorSize)
-                pen.DrawPair(pixel, pixel + direction * minorStep, moved);
+            // Rounding alone may carry a line past the edge that it was clipped to.
+            if (inside(minor)) pen.Draw(pixel, pen.Share(255 - (moved >> 8)));
+            if (inside(minor + direction)) pen.Draw(pixel + direction * minorStep, pen.Share(moved >> 8));
             moved += step;
             if (moved >= 0x10000) {
                 minor += direction;
@@ -203,7 +204,14 @@ void DrawFloatLine(Segment<FloatEdge> s, const Target& target, LICE_pixel color,
                 moved -= 0x10000;
             }
         }
-    });
+    };
+    // A line that rounding starts a hair off the surface begins with a weight of -1, which plain copying
+    // does not take.
+    if (moved < 0 && ia > 0 && (mode & LICE_BLIT_MODE_MASK) == LICE_BLIT_MODE_COPY) {
+        draw(CombineCopyBeyond{});
+    } else {
+        WithCombine<CopyForms::General>(mode, ia, draw);
+    }
 }
 
 }  // namespace
