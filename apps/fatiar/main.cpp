@@ -5,9 +5,11 @@
 #include <csignal>
 #include <cstdio>
 
+#include "apps/common/one_line.h"
+#include "apps/common/plugin.h"
+#include "apps/common/recording.h"
 #include "apps/fatiar/options.h"
 #include "apps/fatiar/outputs.h"
-#include "apps/fatiar/plugin.h"
 #include "apps/fatiar/progress.h"
 #include "apps/fatiar/report.h"
 #include "simhost/arrangement.h"
@@ -30,19 +32,6 @@ static void AllowManyFiles() {
     if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
     limit.rlim_cur = limit.rlim_max;
     setrlimit(RLIMIT_NOFILE, &limit);
-}
-
-// One track and one selected item for each recording.
-static bool PutOnTracks(const std::vector<std::string>& inputs, simhost::Host& host, std::string* error) {
-    for (const std::string& input : inputs) {
-        const simhost::SourceRef source = simhost::OpenAudioFile(input, error);
-        if (!source) return false;
-        simhost::Track& track = AddTrack(host.project, input);
-        simhost::Item item = simhost::MakeItem(input, 0, source->Length(), source);
-        item.selected = true;
-        host.project.tracks.Add(track, std::move(item));
-    }
-    return true;
 }
 
 // The arrangement before and after, both on the scale of what was there before.
@@ -101,7 +90,8 @@ int main(int argc, char** argv) {
 
     simhost::Host host;
     host.resourcePath = "/dev/null";  // no folder, so the module's log is lost: a tool leaves nothing behind
-    if (!PutOnTracks(options.inputs, host, &error)) return Refuse(error);
+    for (const std::string& input : options.inputs)
+        if (!PutOnTrack(input, host, &error)) return Refuse(error);
     Outputs outputs;
     if (!outputs.Plan(options, &error)) return Refuse(error);
 

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cstdio>
 
+#include "apps/common/one_line.h"
+
 double Result::Kept() const {
     double sum = 0;
     for (const Piece& piece : pieces) sum += piece.length;
@@ -13,12 +15,6 @@ double Result::Kept() const {
 // A sum of pieces can exceed the whole in its last bits.
 double Result::Removed() const {
     return std::max(0.0, length - Kept());
-}
-
-std::string OnOneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < 32 || c == 127; }, '?');
-    return text;
 }
 
 // The shortest text that reads back as the same double.

@@ -30,6 +30,3 @@ struct Settings {
 std::string AsTable(const std::vector<Result>& results);  // for the screen
 std::string AsCsv(const std::vector<Result>& results);    // one line a piece, below a heading; to the nanosecond
 std::string AsJson(const std::vector<Result>& results, const Settings& settings);  // one object; exact doubles
-
-// The text without control characters, so that a file's name stays on one line.
-std::string OnOneLine(std::string text);

@@ -1,27 +1,17 @@
 // Runs the real program on recordings made here, and compares with what follows from how they were made.
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sndfile.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "tests/apps/json.h"
+#include "tests/apps/program.h"
 #include "tests/apps/workshop.h"
 
 namespace fs = std::filesystem;
-
-struct Outcome {
-    int status;
-    std::string out, err;
-};
 
 struct Sound {
     double start, length;  // seconds, whole windows of 10 ms
@@ -39,40 +29,10 @@ static std::vector<double> Recording(int rate, double seconds, const std::vector
     return samples;
 }
 
-static std::vector<double> ReadAll(const std::string& path, SF_INFO* info) {
-    *info = {};
-    SNDFILE* file = sf_open(path.c_str(), SFM_READ, info);
-    if (!file) return {};
-    std::vector<double> samples(static_cast<size_t>(info->frames) * info->channels);
-    sf_readf_double(file, samples.data(), info->frames);
-    sf_close(file);
-    return samples;
-}
-
-static std::string Text(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 class Fatiar : public testing::Test {
   protected:
     Outcome Call(std::vector<std::string> arguments, const char* out = nullptr) {
-        Workshop streams;
-        const std::string outPath = out ? out : streams.Path("out"), errPath = streams.Path("err");
-        posix_spawn_file_actions_t files;
-        posix_spawn_file_actions_init(&files);
-        posix_spawn_file_actions_addopen(&files, 0, "/dev/null", O_RDONLY, 0);
-        posix_spawn_file_actions_addopen(&files, 1, outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        posix_spawn_file_actions_addopen(&files, 2, errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        arguments.insert(arguments.begin(), BUILD_FOLDER "/fatiar");
-        std::vector<char*> argv;
-        for (std::string& a : arguments) argv.push_back(a.data());
-        argv.push_back(nullptr);
-        pid_t child = 0;
-        int status = -1;
-        if (posix_spawn(&child, argv[0], &files, nullptr, argv.data(), environ) == 0) waitpid(child, &status, 0);
-        posix_spawn_file_actions_destroy(&files);
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out ? "" : Text(outPath), Text(errPath)};
+        return RunProgram("fatiar", std::move(arguments), out);
     }
 
     // Start of each piece on the track, its length and its place in the recording, as --json tells them.

@@ -1,4 +1,4 @@
-#include "apps/fatiar/plugin.h"
+#include "apps/common/plugin.h"
 
 #include <dlfcn.h>
 

@@ -1,0 +1,249 @@
+// passeio: walks a user's path through the real module's panel, by mouse alone, and leaves in a folder what was seen
+// and heard on the way. What the module does is read from the host's project and from the window's pixels; each step
+// that does not have its effect ends the walk.
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <set>
+#include <stdexcept>
+
+#include "apps/common/one_line.h"
+#include "apps/common/plugin.h"
+#include "apps/common/recording.h"
+#include "apps/passeio/user.h"
+#include "simhost/arrangement.h"
+#include "simhost/native/audio_file.h"
+#include "simhost/native/lua_script.h"
+#include "simhost/native/png_file.h"
+#include "simhost/native/render.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Where a user sees them. The slider runs from -80 dB at x = 53 to -6 dB at x = 267.
+constexpr Place AutoSlicer = {84, 287}, DesktopExport = {123, 548};
+constexpr Place SliderAtMinus37 = {177, 87}, SliderAtMinus20 = {227, 87}, SecondPreset = {82, 47};
+constexpr Place SavePreset = {160, 220}, CancelPrompt = {160, 397}, ApplySlices = {236, 261};
+
+// All that the module keeps between runs lies in this home, and it goes at the start: each walk is a first one.
+constexpr char HomeName[] = "casa-do-passeio";
+
+void Expect(bool condition, const std::string& otherwise) {
+    if (!condition) throw std::runtime_error(otherwise);
+}
+
+void Tell(const char* step, const char* format, auto... values) {
+    std::printf("  %-24s ", step);
+    std::printf(format, values...);
+    std::printf("\n");
+}
+
+HWND OpenMainWindow() {
+    WNDCLASSA shape{};
+    shape.lpfnWndProc = DefWindowProcA;
+    shape.lpszClassName = "HostMainWindow";
+    RegisterClassA(&shape);
+    const HWND window = CreateWindowExA(0, shape.lpszClassName, "Host", WS_OVERLAPPEDWINDOW, 0, 0, 1280, 800, nullptr,
+                                        nullptr, nullptr, nullptr);
+    ShowWindow(window, SW_SHOW);
+    return window;
+}
+
+// Seconds of pauses: stretches of at least 100 ms in which no sample reaches -40 dB.
+double Pauses(simhost::Source& source) {
+    constexpr double blockSeconds = 0.01, loud = 0.01;
+    constexpr int fewestBlocks = 10;
+    const int frames = std::max(1, static_cast<int>(source.SampleRate() * blockSeconds));
+    std::vector<double> block(static_cast<size_t>(frames) * source.Channels());
+    int64_t quiet = 0, run = 0;
+    for (int64_t at = 0; at < source.Frames(); at += frames) {
+        Expect(source.Read(at, frames, block.data()), "a gravacao nao pode ser lida ate o fim");
+        const bool pause = std::all_of(block.begin(), block.end(), [](double x) { return std::fabs(x) < loud; });
+        run = pause ? run + 1 : 0;
+        if (run == fewestBlocks) quiet += fewestBlocks;
+        if (run > fewestBlocks) ++quiet;
+    }
+    return static_cast<double>(quiet) * frames / source.SampleRate();
+}
+
+class Walk {
+  public:
+    Walk(const fs::path& recording, const fs::path& folder);
+
+    void OpenPanel();
+    void Slice();
+    void Adjust();
+    void AskAndCancel();
+    void Apply();
+    void Export();
+    void Finish();
+
+  private:
+    void Photograph(const char* name) {
+        const fs::path path = folder_ / name;
+        Expect(user_.Photograph(path.string()), "'" + path.string() + "' nao pode ser gravado");
+    }
+    void PaintArrangement(const char* name);
+    // Clicks or drags that make the module cut anew: one undo, and cuts on top of the history again.
+    template <class Deed>
+    void CutAnew(const char* step, Deed deed);
+    void TellPieces(const char* step);
+    bool InPreview() const { return host_.UndoTitle() && host_.UndoTitle() == std::string("Fatiador Preview"); }
+
+    const fs::path folder_, home_;
+    simhost::Host host_;
+    simhost::SourceRef source_;
+    double length_ = 0;  // of the recording, in seconds
+    Plugin plugin_;
+    User user_{nullptr};
+};
+
+Walk::Walk(const fs::path& recording, const fs::path& folder)
+    : folder_(folder), home_(fs::absolute(folder) / HomeName) {
+    fs::remove_all(home_);
+    for (const char* name : {"Desktop", ".config/REAPER", "recursos", "temp"}) fs::create_directories(home_ / name);
+    setenv("HOME", home_.c_str(), 1);
+    setenv("TEMP", (home_ / "temp").c_str(), 1);
+    unsetenv("XDG_CACHE_HOME");  // the fonts' cache goes below HOME, too
+    host_.resourcePath = (home_ / "recursos").string();
+    host_.mainWindow = OpenMainWindow();
+    simhost::RunScriptsWithLua(host_);
+    simhost::RenderToFiles(host_);
+
+    std::string error;
+    Expect(PutOnTrack(recording.string(), host_, &error), error);
+    simhost::Item& item = *host_.project.tracks.ItemAt(0);
+    item.track->name = item.Active()->name = OnOneLine(recording.stem().string());
+    source_ = item.Active()->source;
+    length_ = source_->Length();
+    host_.project.path = (home_ / recording.stem()).string() + ".rpp";
+    Expect(plugin_.Load(host_, &error), error);
+}
+
+void Walk::PaintArrangement(const char* name) {
+    const fs::path path = folder_ / name;
+    LICE_MemBitmap bitmap(1280, simhost::ArrangementHeight(host_.project));
+    simhost::PaintArrangement(host_.project, &bitmap, {0, length_ * 1.02});
+    Expect(simhost::WritePng(path.string(), &bitmap), "'" + path.string() + "' nao pode ser gravado");
+}
+
+void Walk::TellPieces(const char* step) {
+    double kept = 0;
+    const int pieces = host_.project.tracks.ItemCount();
+    for (int i = 0; i < pieces; ++i) kept += host_.project.tracks.ItemAt(i)->length;
+    Tell(step, "%d %s, %.3f s de %.3f s", pieces, pieces == 1 ? "pedaco" : "pedacos", kept, length_);
+}
+
+void Walk::OpenPanel() {
+    PaintArrangement("arranjo-antes.png");
+    Expect(host_.RunAction("_QUILMO_ABRIR_PAINEL"), "a acao que abre o painel nao existe");
+    desktop::Pump();
+    const HWND panel = GetForegroundWindow();
+    Expect(panel && panel != host_.mainWindow, "o painel nao veio para a frente");
+    user_ = User(panel);
+    Photograph("painel.png");
+    const desktop::Picture idle = user_.Look();
+    Tell("abrir o painel", "%d x %d pontos", idle.width, idle.height);
+
+    user_.PointAt(AutoSlicer);
+    const desktop::Picture lit = user_.Look();
+    size_t changed = 0;
+    for (size_t i = 0; i < lit.pixels.size(); ++i) changed += lit.pixels[i] != idle.pixels[i];
+    Expect(changed > 0, "o botao sob o mouse nao se acende");
+    Tell("passar o mouse", "botao aceso e dica na barra: %zu pontos mudaram", changed);
+}
+
+void Walk::Slice() {
+    user_.Click(AutoSlicer);
+    Expect(host_.messages.empty(), host_.messages.empty() ? "" : "o painel recusou: " + host_.messages[0].text);
+    Expect(InPreview(), "AUTO FATIADOR nao fatiou");
+    TellPieces("AUTO FATIADOR (-37 dB)");
+    Photograph("fatiador.png");
+}
+
+template <class Deed>
+void Walk::CutAnew(const char* step, Deed deed) {
+    const int64_t undone = host_.CallCount("Undo_DoUndo2");
+    deed();
+    Expect(host_.CallCount("Undo_DoUndo2") == undone + 1 && InPreview(), std::string(step) + " nao fatiou de novo");
+    TellPieces(step);
+}
+
+void Walk::Adjust() {
+    CutAnew("arrastar para -20 dB", [this] { user_.Drag(SliderAtMinus37, SliderAtMinus20); });
+    PaintArrangement("arranjo-previa.png");
+    CutAnew("preset P2 (-40 dB)", [this] { user_.Click(SecondPreset); });
+}
+
+void Walk::AskAndCancel() {
+    user_.PointAt(SavePreset);
+    const desktop::Picture before = user_.Look();
+    user_.Click(SavePreset);
+    Photograph("pergunta.png");
+    Expect(user_.Look().pixels != before.pixels, "SALVAR PRESET nao perguntou nada");
+    user_.Click(CancelPrompt);
+    user_.PointAt(SavePreset);
+    Expect(user_.Look().pixels == before.pixels, "depois de CANCELAR a pagina nao e a de antes");
+    Tell("SALVAR PRESET", "a pergunta abriu; CANCELAR voltou a pagina como era");
+}
+
+void Walk::Apply() {
+    const desktop::Picture slicer = user_.Look();
+    user_.Click(ApplySlices);
+    Expect(InPreview() && user_.Look().pixels != slicer.pixels, "APLICAR FATIAS nao ficou com as fatias");
+    TellPieces("APLICAR FATIAS");
+    PaintArrangement("arranjo-aplicado.png");
+}
+
+void Walk::Export() {
+    user_.Click(DesktopExport);
+    const fs::path wav = home_ / "Desktop" / (fs::path(host_.project.path).stem().string() + ".wav");
+    std::string error;
+    Expect(host_.Check(), "o modulo usou mal o host: " + host_.FirstViolation());
+    const simhost::SourceRef exported = simhost::OpenAudioFile(wav.string(), &error);
+    Expect(exported != nullptr, "DESKTOP nao deixou a exportacao: " + error);
+    std::set<fs::directory_entry> files(fs::directory_iterator(home_ / "Desktop"), {});
+    for (const fs::directory_entry& file : files)
+        Tell("DESKTOP", "%s, %ju bytes", OnOneLine(file.path().filename().string()).c_str(),
+             static_cast<uintmax_t>(file.file_size()));
+    Tell("ouvir a exportacao", "%.3f s, dos quais %.2f antes da primeira fatia", exported->Length(),
+         host_.project.tracks.ItemAt(0)->position);
+    Tell("pausas", "%.2f s na gravacao, %.2f s na exportacao", Pauses(*source_), Pauses(*exported));
+}
+
+void Walk::Finish() {
+    user_.CloseWindow();
+    DestroyWindow(host_.mainWindow);
+    Expect(host_.Check(), "o modulo usou mal o host: " + host_.FirstViolation());
+    Expect(desktop::Leftovers().empty(), "o modulo nao devolveu tudo: " + desktop::Leftovers());
+    std::printf("  nenhum uso indevido do host; imagens em %s, exportacao em %s\n", OnOneLine(folder_.string()).c_str(),
+                OnOneLine((folder_ / HomeName / "Desktop").string()).c_str());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fputs("Uso: passeio gravacao pasta\n", stderr);
+        return 2;
+    }
+    try {
+        Walk walk(argv[1], argv[2]);
+        std::printf("Passeio pelo painel, so com o mouse:\n");
+        walk.OpenPanel();
+        walk.Slice();
+        walk.Adjust();
+        walk.AskAndCancel();
+        walk.Apply();
+        walk.Export();
+        walk.Finish();
+    } catch (const std::exception& why) {
+        std::fflush(stdout);
+        std::fprintf(stderr, "passeio: %s\n", OnOneLine(why.what()).c_str());
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,26 @@
+// The user in front of the panel: a hand on the mouse and an eye on the window. All places are in the panel's client
+// area. Between two moves time passes as it does for people, so that the panel's timers tick on the way.
+#pragma once
+#include <string>
+
+#include "platform/headless/desktop.h"
+
+struct Place {
+    int x, y;
+};
+
+class User {
+  public:
+    explicit User(HWND panel) : panel_(panel) {}
+
+    void PointAt(Place place);
+    void Click(Place place);
+    void Drag(Place from, Place to);
+    void CloseWindow();  // by the button in its title bar
+    desktop::Picture Look() const { return desktop::PictureOf(panel_); }
+    // False when the file cannot be written.
+    bool Photograph(const std::string& pngPath) const;
+
+  private:
+    HWND panel_;
+};

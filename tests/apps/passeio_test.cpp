@@ -1,0 +1,66 @@
+// A user's whole path through the panel of the real module, on a real recording, heard again at its end.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "tests/apps/program.h"
+#include "tests/apps/workshop.h"
+
+// Peaks of blocks of 10 ms, over all channels.
+static std::vector<double> Peaks(const std::vector<double>& samples, const SF_INFO& info) {
+    const size_t block = static_cast<size_t>(info.samplerate / 100 * info.channels);
+    std::vector<double> peaks;
+    for (size_t at = 0; at < samples.size(); at += block) {
+        double peak = 0;
+        for (size_t i = at; i < std::min(samples.size(), at + block); ++i) peak = std::max(peak, std::fabs(samples[i]));
+        peaks.push_back(peak);
+    }
+    return peaks;
+}
+
+static double Energy(const std::vector<double>& samples, const SF_INFO& info) {
+    double sum = 0;
+    for (const double x : samples) sum += x * x;
+    return sum / info.channels / info.samplerate;
+}
+
+TEST(Passeio, OSilencioSaiEAFalaFica) {
+    const std::string recording = SOURCE_FOLDER "/data/fala.flac";
+    Workshop workshop;
+    const Outcome run = RunProgram("passeio", {recording, workshop.Path("")});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err, "");
+    EXPECT_LE(std::count(run.out.begin(), run.out.end(), '\n'), 24) << run.out;
+    for (const char* picture :
+         {"painel", "fatiador", "pergunta", "arranjo-antes", "arranjo-previa", "arranjo-aplicado"})
+        EXPECT_GT(Text(workshop.Path(picture + std::string(".png"))).size(), 2000u) << picture;
+
+    SF_INFO before, after;
+    const std::vector<double> spoken = ReadAll(recording, &before);
+    const std::vector<double> exported = ReadAll(workshop.Path("casa-do-passeio/Desktop/fala.wav"), &after);
+    ASSERT_FALSE(exported.empty());
+    EXPECT_EQ(after.samplerate, 48000);
+    EXPECT_EQ(after.channels, 2);
+    EXPECT_GT(ReadAll(workshop.Path("casa-do-passeio/Desktop/fala.mp3"), &after).size(), exported.size() / 2);
+    ReadAll(workshop.Path("casa-do-passeio/Desktop/fala.wav"), &after);
+
+    // The first word stays where it was; from there on no pause is as long as a tenth of a second.
+    const std::vector<double> peaks = Peaks(exported, after);
+    const auto quiet = [](double peak) { return peak < 0.01; };
+    const auto word = std::find_if_not(peaks.begin(), peaks.end(), quiet);
+    EXPECT_NEAR(static_cast<double>(word - peaks.begin()), 61, 1);
+    EXPECT_EQ(std::search_n(word, peaks.end(), 10, true, [&](double peak, bool) { return quiet(peak); }), peaks.end());
+    // No word is lost, none said twice: fades at the cuts take less than a hundredth of the sound.
+    EXPECT_NEAR(Energy(exported, after) / Energy(spoken, before), 1, 0.01);
+    EXPECT_LT(peaks.size(), Peaks(spoken, before).size() * 2 / 3);
+}
+
+TEST(Passeio, DizEmUmaLinhaPorQueNaoAnda) {
+    Workshop workshop;
+    const Outcome none = RunProgram("passeio", {workshop.Path("nada.wav"), workshop.Path("out")});
+    EXPECT_EQ(none.status, 1);
+    EXPECT_EQ(none.err.find("passeio: "), 0u);
+    EXPECT_EQ(std::count(none.err.begin(), none.err.end(), '\n'), 1);
+    EXPECT_EQ(RunProgram("passeio", {}).status, 2);
+}

@@ -1,0 +1,17 @@
+// The built programs run as users run them, and what they leave behind read back.
+#pragma once
+#include <sndfile.h>
+
+#include <string>
+#include <vector>
+
+struct Outcome {
+    int status;  // -1: it did not end by itself
+    std::string out, err;
+};
+
+// `out`: a file for what the program prints, in place of Outcome::out.
+Outcome RunProgram(const std::string& name, std::vector<std::string> arguments, const char* out = nullptr);
+
+std::string Text(const std::string& path);
+std::vector<double> ReadAll(const std::string& path, SF_INFO* info);  // interleaved; empty when it is no recording
