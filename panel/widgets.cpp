@@ -127,7 +127,8 @@ ResultadoSlider SliderPainel(LICE_IBitmap* bm, const EstadoMouse& mouse, const c
     }
 
     PreencheArredondado(bm, c.x, c.y, c.w, c.h, RaioDoCanto, aceso ? 0xFF2E2E32 : 0xFF262628, 1.0f);
-    const float parte = std::clamp((resultado.valor - aspecto.minimo) / extensao, 0.0f, 1.0f);
+    // In this order what is not a number counts as nothing.
+    const float parte = std::max(0.0f, std::min((resultado.valor - aspecto.minimo) / extensao, 1.0f));
     const int cheio = static_cast<int>(c.w * parte + 0.5f);
     if (cheio > 2)
         PreencheArredondado(bm, c.x, c.y, cheio, c.h, std::min(RaioDoCanto, cheio / 2),

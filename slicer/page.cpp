@@ -65,7 +65,7 @@ template <class Valor>
 void LinhaDeAjuste(ContextoGrade& contexto, int y, const Ajuste<Valor>& a) {
     constexpr CorBase corDoPasso = {100, 100, 100};
     if (Clicou(contexto, {Esquerda, y, 40, Altura}, {.rotulo = "-", .cor = corDoPasso, .dica = a.dicaMenos})) {
-        a.valor = std::max(a.menor, a.valor - 1);
+        a.valor = std::max(a.menor + 1, a.valor) - 1;  // the limit first: a step from the type's own end would overflow
         Recalcular();
     }
     char rotulo[ComTitulo];
@@ -85,7 +85,7 @@ void LinhaDeAjuste(ContextoGrade& contexto, int y, const Ajuste<Valor>& a) {
         if (slider.soltou) Recalcular();
     }
     if (Clicou(contexto, {272, y, 40, Altura}, {.rotulo = "+", .cor = corDoPasso, .dica = a.dicaMais})) {
-        a.valor = std::min(a.maior, a.valor + 1);
+        a.valor = std::min(a.maior - 1, a.valor) + 1;
         Recalcular();
     }
 }

@@ -138,6 +138,7 @@ void AplicarFatias() {
 void RestaurarEstadoFatiador() {
     ModoFatiadorAtivo = PainelEmFrente = SalvarPresetAberto = PreviewAtivo = BounceEntradaAtivo = false;
     PresetsCarregados = false;
+    SliderArrastado = nullptr;
     thresholdDb = -37.0;
     blocoMs = 55;
     fecharLacunas = true;

@@ -10,6 +10,7 @@
 
 #include "host/imports.h"
 #include "host/log.h"
+#include "panel/window.h"
 
 namespace fs = std::filesystem;
 
@@ -141,6 +142,9 @@ TEST_F(Entrada, RecusaSemDeixarRastro) {
         EXPECT_EQ(Carregar(), 0) << nome;
         EXPECT_EQ(procurados.size(), 76u) << "the look-up goes on behind a name that is missing";
         EXPECT_EQ(reinterpret_cast<void*>(host::GetResourcePath), reinterpret_cast<void*>(DarRecursos));
+        Quilmo_AbrirPainel();  // whoever finds the exports by name does no harm
+        EXPECT_FALSE(Quilmo_AutoSplit(true, 55, -37));
+        EXPECT_FALSE(JanelaPainelAberta());
     }
     EXPECT_TRUE(registros.empty());
     EXPECT_TRUE(Log().empty());

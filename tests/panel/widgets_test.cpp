@@ -173,7 +173,7 @@ TEST_F(Slider, DesativadoNaoPegaEForaDosLimitesFicaNaPonta) {
     const struct {
         float valor;
         int cheio;
-    } casos[] = {{-90, 0}, {-79.3f, 0}, {-43, 100}, {-6, 200}, {3, 200}};
+    } casos[] = {{-90, 0}, {-79.3f, 0}, {-43, 100}, {-6, 200}, {3, 200}, {HUGE_VALF, 200}, {std::nanf(""), 0}};
     for (const auto& caso : casos) {
         tela.Limpar();
         y = 0;

@@ -204,12 +204,16 @@ TEST_F(Previa, PassosTestamSoOSeuLimite) {
         EXPECT_EQ(thresholdDb, caso.depois) << caso.db;
         EXPECT_EQ(host.CallCount("Undo_EndBlock2"), cortes + 1) << "cut anew also at the limit";
     }
-    blocoMs = 500;
-    Clicar(292, 133);
-    EXPECT_EQ(blocoMs, 500);
-    blocoMs = 1;
-    Clicar(28, 133);
-    EXPECT_EQ(blocoMs, 1);
+    for (const int ms : {500, 2147483647}) {
+        blocoMs = ms;
+        Clicar(292, 133);
+        EXPECT_EQ(blocoMs, 500) << ms;
+    }
+    for (const int ms : {-2147483647 - 1, 1}) {
+        blocoMs = ms;
+        Clicar(28, 133);
+        EXPECT_EQ(blocoMs, 1) << ms;
+    }
     Clicar(160, 180);
     EXPECT_FALSE(fecharLacunas);
     Clicar(28 + 2 * 51, 47, driver::Button::Right);
