@@ -1,8 +1,6 @@
 #include "panel/pass.h"
 
-#include "lice/fill.h"
-
-static constexpr LICE_pixel CorDoFundo = 0xFF0D0D0F;
+#include "panel/theme.h"
 
 static LICE_SysBitmap* fundo = nullptr;  // made by the first pass
 static int passesAbertos = 0;            // more than one while a command inside a pass runs its own message loop
@@ -29,7 +27,7 @@ LICE_IBitmap* ComecarPasse(HWND janela) {
     GetClientRect(janela, &cliente);
     if (!fundo) fundo = new LICE_SysBitmap(0, 0);
     if (++passesAbertos == 1) fundo->resize(cliente.right, cliente.bottom);
-    LICE_Clear(fundo, CorDoFundo);
+    LICE_Clear(fundo, CorFundo);
     return fundo;
 }
 
