@@ -9,7 +9,7 @@
 #include "lice/heap_buffer.h"
 
 class NativeText;
-struct TextReader;
+class TextReader;
 
 // Flags of SetFromHFont.
 inline constexpr int LICE_FONT_FLAG_VERTICAL = 1;           // text runs down, lines step to the right
@@ -86,8 +86,13 @@ class LICE_CachedFont : public LICE_IFont {
     bool BottomUp() const { return (flags_ & 3) == (LICE_FONT_FLAG_VERTICAL | LICE_FONT_FLAG_VERTICAL_BOTTOMUP); }
 
     // font_glyphs.cpp
-    GlyphRecord* FindRecord(unsigned code);
-    const GlyphRecord* FindDrawable(unsigned code);
+    GlyphRecord* FindRecord(unsigned code) { return code < 128 ? &lowGlyphs[code] : FindExtended(code); }
+    GlyphRecord* FindExtended(unsigned code);
+    // With a mask; null for what takes no room.
+    const GlyphRecord* FindDrawable(unsigned code) {
+        const GlyphRecord* record = FindRecord(code);
+        return record && record->offset > 0 && record->offset < GlyphStore.Size() ? record : nullptr;
+    }
     GlyphRecord* AddRecord(unsigned code);
     void RenderGlyph(unsigned code);
     void StoreMask(GlyphRecord& record, int advance, int w, int h, int leftMargin);

@@ -39,19 +39,31 @@ void DrawShades(const GlyphRows& rows, LICE_pixel color, int mode, int ia) {
     });
 }
 
-// Plain copying, four pixels at a time, the same to the bit. Uncovered pixels get weight 0, which keeps them.
+// Plain copying, four pixels at a time, the same to the bit. Uncovered pixels get weight 0, which keeps them. A row
+// that is no multiple of four begins with two steps that overlap, both made from the old pixels.
 template <class Weights>
-void DrawShadesFour(GlyphRows rows, LICE_pixel color, int ia, Weights weights) {
-    const FourPixels source = FourPixels{} + color;
-    for (; rows.h > 0; --rows.h, rows.mask += rows.maskSpan, rows.pixels += rows.span) {
-        int x = 0;
-        for (; x + 4 <= rows.w; x += 4) {
-            uint32_t four;
-            std::memcpy(&four, rows.mask + x, sizeof four);
-            if (four != 0) StoreFour(rows.pixels + x, Mix(LoadFour(rows.pixels + x), source, weights(four)));
+void DrawShadesFour(const GlyphRows& rows, LICE_pixel color, int ia, Weights weights) {
+    if (rows.w < 4) return DrawShades(rows, color, LICE_BLIT_MODE_COPY, ia);
+    const auto coverage = [](const uint8_t* mask) {
+        uint32_t four;
+        std::memcpy(&four, mask, sizeof four);
+        return four;
+    };
+    const auto mixed = [source = FourPixels{} + color, weights](const LICE_pixel* pixels, uint32_t four) {
+        return Mix(LoadFour(pixels), source, weights(four));
+    };
+    const int w = rows.w, second = w == 4 ? 0 : (w - 1) % 4 + 1;
+    const uint8_t* mask = rows.mask;
+    LICE_pixel* pixels = rows.pixels;
+    for (int h = rows.h; h > 0; --h, mask += rows.maskSpan, pixels += rows.span) {
+        const uint32_t a = coverage(mask), b = coverage(mask + second);
+        if ((a | b) != 0) {
+            const FourPixels mixedA = mixed(pixels, a), mixedB = mixed(pixels + second, b);
+            StoreFour(pixels, mixedA);
+            StoreFour(pixels + second, mixedB);
         }
-        for (; x < rows.w; ++x)
-            if (rows.mask[x] != 0) rows.pixels[x] = Mix(rows.pixels[x], color, Weight(rows.mask[x], ia));
+        for (int x = second + 4; x < w; x += 4)
+            if (const uint32_t four = coverage(mask + x)) StoreFour(pixels + x, mixed(pixels + x, four));
     }
 }
 

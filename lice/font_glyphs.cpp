@@ -61,18 +61,11 @@ struct Mask {
 
 }  // namespace
 
-GlyphRecord* LICE_CachedFont::FindRecord(unsigned code) {
-    if (code < 128) return &lowGlyphs[code];
+GlyphRecord* LICE_CachedFont::FindExtended(unsigned code) {
     GlyphRecord* const first = ExtendedGlyphs.Items<GlyphRecord>();
     GlyphRecord* const end = first + ExtendedGlyphs.Count<GlyphRecord>();
     GlyphRecord* const found = std::lower_bound(first, end, GlyphRecord{.code = code}, ByCode);
     return found != end && found->code == code ? found : nullptr;
-}
-
-// With a mask; null for what takes no room.
-const GlyphRecord* LICE_CachedFont::FindDrawable(unsigned code) {
-    const GlyphRecord* record = FindRecord(code);
-    return record && record->offset > 0 && record->offset < GlyphStore.Size() ? record : nullptr;
 }
 
 // Behind the others, to be sorted in when it is rendered. Null when there may be no more.

@@ -37,7 +37,7 @@ bool IsLetter(unsigned code) {
 
 }  // namespace
 
-unsigned TextReader::Next() {
+unsigned TextReader::NextSequence() {
     const Utf8Character first = Decode(at, left);
     unsigned code = first.value;
     int bytes = first.bytes;

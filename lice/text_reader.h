@@ -7,12 +7,23 @@
 
 inline constexpr int MarkShift = 20;
 
-struct TextReader {
+class TextReader {
+  public:
+    TextReader(const char* text, int count) : at(text), left(count) {}
+
     const char* at;
     int left;  // bytes; negative: up to the zero byte
 
     bool AtEnd() const { return left == 0 || *at == 0; }
-    unsigned Next();  // not at the end
+    unsigned Next() {  // not at the end
+        const bool plain = static_cast<signed char>(*at) >= 0 && (left == 1 || static_cast<signed char>(at[1]) >= 0);
+        if (!plain) return NextSequence();
+        if (left > 0) --left;
+        return static_cast<unsigned>(*at++);
+    }
+
+  private:
+    unsigned NextSequence();
 };
 
 // Whether there is any sequence of several bytes, as GDI has to be told.

@@ -1,0 +1,176 @@
+// A button's label of nine letters and one of twelve characters, drawn and measured with cached glyphs, beside Cairo
+// (its text call, and its glyph call with all glyphs looked up beforehand) and pixman's glyph cache.
+#include <benchmark/benchmark.h>
+#include <cairo.h>
+#include <pixman.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "bench/ratios.h"
+#include "lice/lice.h"
+
+namespace {
+
+constexpr const char* Nine = "Renderiza";
+constexpr const char* Twelve = "Fechar tudo!";
+constexpr int FontSize = 14;
+constexpr int Width = 140, Height = 36;
+constexpr UINT Centred = DT_NOPREFIX | DT_SINGLELINE | DT_VCENTER | DT_CENTER;
+constexpr UINT FromTheLeft = DT_NOPREFIX | DT_SINGLELINE;
+
+LICE_CachedFont& Font() {
+    static LICE_CachedFont& font = *[] {
+        LOGFONTA asked{};
+        asked.lfHeight = -FontSize;
+        asked.lfWeight = 600;
+        asked.lfQuality = ANTIALIASED_QUALITY;
+        std::strcpy(asked.lfFaceName, "Segoe UI");
+        auto* made = new LICE_CachedFont;
+        made->SetFromHFont(CreateFontIndirectA(&asked), LICE_FONT_FLAG_OWNS_HFONT);
+        made->SetTextColor(0xFFF0F0F0);
+        return made;
+    }();
+    return font;
+}
+
+void Draw(benchmark::State& state, const char* text, UINT format) {
+    LICE_MemBitmap bitmap(Width, Height);
+    LICE_Clear(&bitmap, 0xFF223344);
+    for (auto _ : state) {
+        RECT rect{4, 0, Width, Height};
+        Font().DrawText(&bitmap, text, -1, &rect, format);
+        benchmark::ClobberMemory();
+    }
+}
+
+void Measure(benchmark::State& state, const char* text) {
+    for (auto _ : state) {
+        RECT rect{};
+        Font().DrawText(nullptr, text, -1, &rect, DT_CALCRECT | FromTheLeft);
+        benchmark::DoNotOptimize(rect);
+    }
+}
+
+struct CairoPage {
+    LICE_MemBitmap bitmap{Width, Height, 4};
+    cairo_surface_t* surface;
+    cairo_t* cairo;
+
+    CairoPage() {
+        LICE_Clear(&bitmap, 0xFF223344);
+        surface = cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(bitmap.getBits()),
+                                                      CAIRO_FORMAT_ARGB32, Width, Height, bitmap.getRowSpan() * 4);
+        cairo = cairo_create(surface);
+        cairo_select_font_face(cairo, "Open Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_BOLD);
+        cairo_set_font_size(cairo, FontSize);
+        cairo_font_options_t* options = cairo_font_options_create();
+        cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
+        cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
+        cairo_set_font_options(cairo, options);
+        cairo_font_options_destroy(options);
+        cairo_set_source_rgb(cairo, 0.94, 0.94, 0.94);
+    }
+    ~CairoPage() {
+        cairo_destroy(cairo);
+        cairo_surface_destroy(surface);
+    }
+};
+
+void CairoText(benchmark::State& state, const char* text) {
+    const CairoPage page;
+    for (auto _ : state) {
+        cairo_move_to(page.cairo, 4, 22);
+        cairo_show_text(page.cairo, text);
+        benchmark::ClobberMemory();
+    }
+}
+
+void CairoGlyphs(benchmark::State& state, const char* text) {
+    const CairoPage page;
+    cairo_glyph_t* glyphs = nullptr;
+    int count = 0;
+    cairo_scaled_font_text_to_glyphs(cairo_get_scaled_font(page.cairo), 4, 22, text, -1, &glyphs, &count, nullptr,
+                                     nullptr, nullptr);
+    for (auto _ : state) {
+        cairo_show_glyphs(page.cairo, glyphs, count);
+        benchmark::ClobberMemory();
+    }
+    cairo_glyph_free(glyphs);
+}
+
+void CairoMeasure(benchmark::State& state, const char* text) {
+    const CairoPage page;
+    for (auto _ : state) {
+        cairo_text_extents_t extents;
+        cairo_text_extents(page.cairo, text, &extents);
+        benchmark::DoNotOptimize(extents);
+    }
+}
+
+// The same masks at the same places, handed to the cache that other toolkits draw their text with.
+void PixmanGlyphs(benchmark::State& state, const char* text) {
+    LICE_MemBitmap bitmap(Width, Height);
+    LICE_Clear(&bitmap, 0xFF223344);
+    pixman_image_t* dest = pixman_image_create_bits(PIXMAN_a8r8g8b8, Width, Height, bitmap.getBits(), Width * 4);
+    const pixman_color_t color = {0xF0F0, 0xF0F0, 0xF0F0, 0xFFFF};
+    pixman_image_t* source = pixman_image_create_solid_fill(&color);
+    pixman_glyph_cache_t* cache = pixman_glyph_cache_create();
+    pixman_glyph_cache_freeze(cache);
+    std::vector<pixman_glyph_t> glyphs;
+    int pen = 4;
+    for (const char* at = text; *at; ++at) {
+        const std::string letter(1, *at);
+        RECT cell{};
+        Font().DrawText(nullptr, letter.c_str(), -1, &cell, DT_CALCRECT | FromTheLeft);
+        LICE_MemBitmap ink(cell.right, cell.bottom);
+        LICE_Clear(&ink, 0);
+        Font().DrawText(&ink, letter.c_str(), -1, &cell, FromTheLeft);
+        const int stride = (static_cast<int>(cell.right) + 3) / 4 * 4;
+        std::vector<uint32_t> words(stride / 4 * cell.bottom);
+        for (int y = 0; y < cell.bottom; ++y)
+            for (int x = 0; x < cell.right; ++x)
+                reinterpret_cast<uint8_t*>(words.data())[y * stride + x] =
+                    ink.getBits()[y * ink.getRowSpan() + x] >> 16 & 0xFF;
+        pixman_image_t* mask = pixman_image_create_bits(PIXMAN_a8, cell.right, cell.bottom, words.data(), stride);
+        const void* key = reinterpret_cast<void*>(static_cast<uintptr_t>(*at));
+        const void* cached = pixman_glyph_cache_lookup(cache, const_cast<void*>(key), nullptr);
+        if (!cached) cached = pixman_glyph_cache_insert(cache, const_cast<void*>(key), nullptr, 0, 0, mask);
+        glyphs.push_back({pen, 9, cached});
+        pixman_image_unref(mask);
+        pen += cell.right;
+    }
+    for (auto _ : state) {
+        pixman_composite_glyphs_no_mask(PIXMAN_OP_OVER, source, dest, 0, 0, 0, 0, cache,
+                                        static_cast<int>(glyphs.size()), glyphs.data());
+        benchmark::ClobberMemory();
+    }
+    pixman_glyph_cache_thaw(cache);
+    pixman_glyph_cache_destroy(cache);
+    pixman_image_unref(source);
+    pixman_image_unref(dest);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    for (const auto& [size, text] : {std::pair{"9", Nine}, std::pair{"12", Twelve}}) {
+        const auto add = [size = std::string("/") + size](const char* name, auto... what) {
+            benchmark::RegisterBenchmark((name + size).c_str(), what...)->Repetitions(5);
+        };
+        add("draw", Draw, text, FromTheLeft);
+        add("draw_centred", Draw, text, Centred);
+        add("measure", Measure, text);
+        add("cairo_text", CairoText, text);
+        add("cairo_glyphs", CairoGlyphs, text);
+        add("cairo_measure", CairoMeasure, text);
+        add("pixman", PixmanGlyphs, text);
+    }
+    return RunWithRatios(argc, argv,
+                         {{"Nine letters: speed, of Cairo's text", "cairo_text/9", "draw/9", 3.0},
+                          {"The same, of Cairo's glyphs without look-up", "cairo_glyphs/9", "draw/9", 3.0},
+                          {"The same, ours centred, so measured too", "cairo_glyphs/9", "draw_centred/9", 0},
+                          {"Measuring twelve characters: speed, of Cairo", "cairo_measure/12", "measure/12", 0},
+                          {"Twelve characters: speed, of pixman's glyph cache", "pixman/12", "draw/12", 0}});
+}
