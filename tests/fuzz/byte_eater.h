@@ -38,17 +38,17 @@ class ByteEater {
     int Int() {
         constexpr int Max = std::numeric_limits<int>::max(), Min = std::numeric_limits<int>::min();
         const int kind = Byte();
-        if (kind < 192) return Byte() % 72 - 20;
-        if (kind < 224) return Raw<int16_t>();
-        return kind < 240 ? Raw<int>() : Of({Max, Max - 1, Max / 2, Min, Min + 1, Min / 2, 1 << 24, 65536});
+        if (kind < 232) return Byte() % 40 - 8;
+        if (kind < 240) return Raw<int16_t>();
+        return kind < 248 ? Raw<int>() : Of({Max, Max - 1, Max / 2, Min, Min + 1, Min / 2, 1 << 24, 65536});
     }
     template <class Float>
     Float Real() {
         using Limits = std::numeric_limits<Float>;
         const int kind = Byte();
-        if (kind < 192) return static_cast<Float>(Raw<int16_t>() % 4096) / 64;
-        if (kind < 224) return static_cast<Float>(Int());
-        if (kind < 240) return Raw<Float>();
+        if (kind < 232) return static_cast<Float>(Raw<int16_t>() % 2048) / 64;
+        if (kind < 240) return static_cast<Float>(Int());
+        if (kind < 248) return Raw<Float>();
         return Of({Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(), Limits::max(), Limits::lowest(),
                    Limits::denorm_min(), static_cast<Float>(2147483648.0), static_cast<Float>(-2147483904.0)});
     }
@@ -63,7 +63,7 @@ class ByteEater {
     TestSurface Surface() {
         NoisyPixels noise{static_cast<uint32_t>(Byte()) + 1};
         return {{Byte() % 48 + 1, Byte() % 48 + 1, Byte() % 4, Bool(),
-                 Of({0, 0, 0, 0, 256, 512, 384, 300, 128, 100, 1, -7}), Bool() ? 16 : 0},
+                 Of({0, 0, 0, 0, 0, 0, 0, 0, 0, 256, 512, 300, 100, 1, -7}), Bool() ? 16 : 0},
                 noise};
     }
 

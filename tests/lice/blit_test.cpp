@@ -81,8 +81,11 @@ TEST(Blit, OverlapIsWalkedInPlainOrder) {
     for (int round = 0; round < 5000; ++round) {
         TestSurface both = TestSurface::Any(random, 20, false, 8);
         TestSurface expected = both;
-        const RECT r = {random.In(0, 4), random.In(0, 4), random.In(1, 20), random.In(1, 20)};
-        const int dstx = r.left + random.In(-6, 6), dsty = r.top + random.In(-1, 1), mode = AnyMode(random);
+        const bool wholeRows = random.Chance(3);
+        const RECT r = wholeRows ? RECT{0, random.In(0, 4), 20, random.In(1, 20)}
+                                 : RECT{random.In(0, 4), random.In(0, 4), random.In(1, 20), random.In(1, 20)};
+        const int dstx = wholeRows ? 0 : r.left + random.In(-9, 9), dsty = r.top + random.In(-1, 1);
+        const int mode = AnyMode(random);
         const float alpha = random.Alpha();
         SlowBlit(expected, expected, dstx, dsty, &r, alpha, mode);
         LICE_Blit(&both, &both, dstx, dsty, &r, alpha, mode);
