@@ -29,7 +29,7 @@ LICE_SysBitmap& NativeScratch(int width, int height) {
     return *ScratchNative;
 }
 
-void ReleaseScratch() {
+static void ReleaseScratch() {
     delete std::exchange(ScratchMeasure, nullptr);
     delete std::exchange(ScratchNative, nullptr);
 }
@@ -55,8 +55,8 @@ void LICE_CachedFont::SetFromHFont(HFONT font, int flags) {
         lineHeight_ = metrics.tmHeight;
     }
     std::fill(std::begin(lowGlyphs), std::end(lowGlyphs), GlyphRecord{});
-    ExtendedGlyphs.Resize(0, false);
-    GlyphStore.Resize(0, true);
+    ExtendedGlyphs.resize(0, false);
+    GlyphStore.resize(0, true);
     if (flags & LICE_FONT_FLAG_PRECALC)
         for (unsigned code = 0; code < 128; ++code) RenderGlyph(code);
 }

@@ -72,7 +72,7 @@ GlyphRecord* LICE_CachedFont::FindExtended(unsigned code) {
 GlyphRecord* LICE_CachedFont::AddRecord(unsigned code) {
     if (flags_ & LICE_FONT_FLAG_PRECALC) return nullptr;
     const int size = ExtendedGlyphs.Size();
-    ExtendedGlyphs.Resize(size + static_cast<int>(sizeof(GlyphRecord)), true);
+    ExtendedGlyphs.resize(size + static_cast<int>(sizeof(GlyphRecord)), true);
     if (ExtendedGlyphs.Size() == size) return nullptr;  // out of memory: the character stays unknown
     GlyphRecord* const added = ExtendedGlyphs.Items<GlyphRecord>() + ExtendedGlyphs.Count<GlyphRecord>() - 1;
     *added = GlyphRecord{.code = code};
@@ -124,7 +124,7 @@ void LICE_CachedFont::RenderGlyph(unsigned code) {
 void LICE_CachedFont::StoreMask(GlyphRecord& record, int advance, int w, int h, int leftMargin) {
     const int start = GlyphStore.Size();
     const int wanted = static_cast<int>(std::min<int64_t>(start + int64_t{w} * h, INT32_MAX));
-    GlyphStore.Resize(wanted, true);
+    GlyphStore.resize(wanted, true);
     if (GlyphStore.Size() != start + int64_t{w} * h) {
         record = {.offset = -1, .code = record.code};
         return;
@@ -145,7 +145,7 @@ void LICE_CachedFont::StoreMask(GlyphRecord& record, int advance, int w, int h, 
     }
     lastCol = std::min(lastCol, w);  // a very wide character fills the surface
     if (lastCol < w || firstCol >= 1) mask.Crop(firstCol, lastCol);
-    GlyphStore.Resize(start + mask.w * mask.h, false);
+    GlyphStore.resize(start + mask.w * mask.h, false);
 
     if (Vertical()) mask.Rotate(BottomUp(), reinterpret_cast<uint8_t*>(ScratchMeasure->getBits()));
     const bool hasEffect = flags_ & (LICE_FONT_FLAG_SHADOW | LICE_FONT_FLAG_OUTLINE);

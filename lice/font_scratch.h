@@ -11,7 +11,6 @@ extern int ScratchUsers;                // living fonts
 // Makes the surface if there is none, and enlarges it if it is smaller than that on either axis.
 LICE_SysBitmap& MeasureScratch(int size);
 LICE_SysBitmap& NativeScratch(int width, int height);
-void ReleaseScratch();
 
 // Selects a font for the time of a block; null leaves what is selected.
 class SelectedFont {

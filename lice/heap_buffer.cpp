@@ -27,7 +27,7 @@ HeapBuffer::~HeapBuffer() {
     std::free(block_);
 }
 
-void* HeapBuffer::Resize(int newSize, bool mayShrink) {
+void* HeapBuffer::resize(int newSize, bool mayShrink) {
     newSize = std::max(newSize, 0);
     if (newSize == used_ && (!mayShrink || newSize >= allocated_ / 2)) return Get();
 

@@ -11,7 +11,7 @@ class HeapBuffer {
     HeapBuffer& operator=(const HeapBuffer&) = delete;
 
     // Gives the block, which may have moved. When memory runs out everything stays as it was: ask Size afterwards.
-    void* Resize(int newSize, bool mayShrink);
+    void* resize(int newSize, bool mayShrink);
     void* Get() const { return used_ > 0 ? block_ : nullptr; }  // null when nothing is in use
     int Size() const { return used_; }
     int Allocated() const { return allocated_; }

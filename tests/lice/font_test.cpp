@@ -516,7 +516,7 @@ TEST(HeapBuffer, GrowsByHalvesInPagesAndShrinksWhenAskedTo) {
         for (const Step& step : row.steps) {
             if (buffer.Size() > 0) buffer.Items<char>()[0] = 'k';
             const bool had = buffer.Size() > 0 && step.size > 0;
-            void* block = buffer.Resize(step.size, step.mayShrink);
+            void* block = buffer.resize(step.size, step.mayShrink);
             EXPECT_EQ(buffer.Size(), step.used);
             EXPECT_EQ(buffer.Allocated(), step.allocated) << step.size;
             EXPECT_EQ(block == nullptr, step.used == 0);
