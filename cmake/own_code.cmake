@@ -4,6 +4,10 @@ add_library(own_code INTERFACE)
 target_include_directories(own_code INTERFACE ${CMAKE_SOURCE_DIR})
 # Pixel and time arithmetic is exact: no contraction into fused operations, on any compiler.
 target_compile_options(own_code INTERFACE -Wall -Wextra -Wshadow -Werror -ffp-contract=off)
+if(WIN32)
+    # What is built does not tell where: neither the module nor its debug file.
+    target_compile_options(own_code INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}=quilmo>)
+endif()
 if(QUILMO_SANITIZE)
     # float-cast-overflow is asked for by name: a double that does not fit its integer is a fault here.
     add_compile_options(-fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -12,7 +12,7 @@
 #include "apps/common/one_line.h"
 #include "apps/common/plugin.h"
 #include "apps/common/recording.h"
-#include "apps/passeio/user.h"
+#include "apps/common/user.h"
 #include "simhost/arrangement.h"
 #include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
@@ -39,17 +39,6 @@ void Tell(const char* step, const char* format, auto... values) {
     std::printf("  %-24s ", step);
     std::printf(format, values...);
     std::printf("\n");
-}
-
-HWND OpenMainWindow() {
-    WNDCLASSA shape{};
-    shape.lpfnWndProc = DefWindowProcA;
-    shape.lpszClassName = "HostMainWindow";
-    RegisterClassA(&shape);
-    const HWND window = CreateWindowExA(0, shape.lpszClassName, "Host", WS_OVERLAPPEDWINDOW, 0, 0, 1280, 800, nullptr,
-                                        nullptr, nullptr, nullptr);
-    ShowWindow(window, SW_SHOW);
-    return window;
 }
 
 // Seconds of pauses: stretches of at least 100 ms in which no sample reaches -40 dB.

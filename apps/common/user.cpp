@@ -1,11 +1,21 @@
-#include "apps/passeio/user.h"
+#include "apps/common/user.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "simhost/native/png_file.h"
 
 constexpr int MomentMs = 60, SettleMs = 300;  // the latter is more than a tick of the panel's clock
+
+HWND OpenMainWindow() {
+    WNDCLASSA shape{};
+    shape.lpfnWndProc = DefWindowProcA;
+    shape.lpszClassName = "HostMainWindow";
+    RegisterClassA(&shape);
+    const HWND window = CreateWindowExA(0, shape.lpszClassName, "Host", WS_OVERLAPPEDWINDOW, 0, 0, 1280, 800, nullptr,
+                                        nullptr, nullptr, nullptr);
+    ShowWindow(window, SW_SHOW);
+    return window;
+}
 
 void User::PointAt(Place place) {
     POINT at{place.x, place.y};
@@ -14,12 +24,20 @@ void User::PointAt(Place place) {
     desktop::AdvanceClock(SettleMs);
 }
 
-void User::Click(Place place) {
+void User::Press(Place place) {
     PointAt(place);
     desktop::Press(desktop::Button::Left);
     desktop::AdvanceClock(MomentMs);
+}
+
+void User::Release() {
     desktop::Release(desktop::Button::Left);
     desktop::AdvanceClock(SettleMs);
+}
+
+void User::Click(Place place) {
+    Press(place);
+    Release();
 }
 
 void User::Drag(Place from, Place to) {
@@ -28,8 +46,7 @@ void User::Drag(Place from, Place to) {
     desktop::Press(desktop::Button::Left);
     for (int i = 1; i <= steps; ++i)
         PointAt({from.x + (to.x - from.x) * i / steps, from.y + (to.y - from.y) * i / steps});
-    desktop::Release(desktop::Button::Left);
-    desktop::AdvanceClock(SettleMs);
+    Release();
 }
 
 void User::CloseWindow() {
@@ -37,11 +54,12 @@ void User::CloseWindow() {
     desktop::Pump();
 }
 
-bool User::Photograph(const std::string& pngPath) const {
+bool User::Photograph(const std::string& pngPath, int top, int height) const {
     const desktop::Picture picture = Look();
-    LICE_MemBitmap bitmap(picture.width, picture.height);
-    for (int y = 0; y < picture.height; ++y)
-        std::copy_n(picture.pixels.data() + static_cast<size_t>(y) * picture.width, picture.width,
+    if (height == 0) height = picture.height;
+    LICE_MemBitmap bitmap(picture.width, height);
+    for (int y = 0; y < height; ++y)
+        std::copy_n(picture.pixels.data() + static_cast<size_t>(top + y) * picture.width, picture.width,
                     bitmap.getBits() + static_cast<ptrdiff_t>(y) * bitmap.getRowSpan());
     return simhost::WritePng(pngPath, &bitmap);
 }

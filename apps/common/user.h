@@ -5,6 +5,8 @@
 
 #include "platform/headless/desktop.h"
 
+HWND OpenMainWindow();  // the host's, in front of which the panel opens
+
 struct Place {
     int x, y;
 };
@@ -14,12 +16,14 @@ class User {
     explicit User(HWND panel) : panel_(panel) {}
 
     void PointAt(Place place);
+    void Press(Place place);
+    void Release();
     void Click(Place place);
     void Drag(Place from, Place to);
     void CloseWindow();  // by the button in its title bar
     desktop::Picture Look() const { return desktop::PictureOf(panel_); }
-    // False when the file cannot be written.
-    bool Photograph(const std::string& pngPath) const;
+    // The window, or its lines from `top` on, `height` of them. False when the file cannot be written.
+    bool Photograph(const std::string& pngPath, int top = 0, int height = 0) const;
 
   private:
     HWND panel_;
