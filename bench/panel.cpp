@@ -1,0 +1,217 @@
+// One whole pass of the panel's main page, as the window asks for it: cleared, every widget drawn, copied to the
+// window. Beside it the same scene drawn with Cairo: its rounded fills, outlines and labels in the same places and
+// sizes, an icon where ours has one, fonts warm, then copied.
+#include <benchmark/benchmark.h>
+#include <cairo.h>
+
+#include <numbers>
+#include <string>
+#include <vector>
+
+#include "bench/ratios.h"
+#include "host/entry.h"
+#include "panel/grid.h"
+#include "panel/state.h"
+#include "platform/win32.h"
+#include "simhost/host.h"
+
+namespace {
+
+constexpr int Width = 320, Height = 659;
+
+// The panel on a host of its own.
+struct OpenPanel {
+    OpenPanel() {
+        host.resourcePath = "nowhere/that/exists";  // log and window place are lost, and nobody minds
+        ReaperPluginEntry(nullptr, host.Record());
+        host.RunAction("_QUILMO_ABRIR_PAINEL");
+    }
+    ~OpenPanel() {
+        DestroyWindow(JanelaPainel);
+        ReaperPluginEntry(nullptr, nullptr);
+    }
+    static void Paint() {
+        InvalidateRect(JanelaPainel, nullptr, FALSE);
+        UpdateWindow(JanelaPainel);
+    }
+    simhost::Host host;
+};
+
+void PassOurs(benchmark::State& state) {
+    OpenPanel panel;
+    for (auto _ : state) OpenPanel::Paint();
+}
+
+// The mouse runs down the page, so that each pass lights another button and shows its tooltip.
+void HoverOurs(benchmark::State& state) {
+    OpenPanel panel;
+    int y = 0;
+    for (auto _ : state) {
+        y = (y + 7) % Height;
+        SendMessageA(JanelaPainel, WM_MOUSEMOVE, 0, MAKELPARAM(60, y));
+        UpdateWindow(JanelaPainel);
+    }
+}
+
+enum class Icon { None, Triangle, TriangleAndBar, Square, Disc, Lens, Arrows, Cross };
+
+struct Box {
+    int x, y, w, h;
+    std::string label;
+    Icon icon;
+};
+
+// The main page's widgets: rows of labels, each with the span of its button on the page's grid.
+std::vector<Box> Scene() {
+    struct Cell {
+        int span;
+        const char* label;
+        Icon icon = Icon::None;
+    };
+    const Cell triangle = {2, "", Icon::Triangle}, toEnd = {2, "", Icon::TriangleAndBar}, lens = {2, "", Icon::Lens};
+    const std::vector<Cell> colours(8, {1, ""});
+    std::vector<Cell> clearAndColours = colours;
+    clearAndColours[0].icon = Icon::Cross;
+    const struct {
+        int y, h;
+        std::vector<Cell> cells;
+    } rows[] = {{26, 32, {{8, "GRAVAR", Icon::Disc}}},
+                {62, 32, {{8, "PLAY / PAUSE", Icon::Triangle}}},
+                {98, 32, {{8, "PARAR", Icon::Square}}},
+                {134, 36, {toEnd, triangle, triangle, toEnd}},
+                {224, 36, {{2, "[< TRIM"}, {2, "PARTIR"}, {2, "TRIM >]"}, {1, "DEL"}, {1, "[R]"}}},
+                {269, 36, {{4, "AUTO FATIADOR"}, {4, "FECHAR LACUNAS"}}},
+                {314, 36, {{3, "SELECIONAR"}, {3, "S. FLOW"}, {2, "S. TIME"}}},
+                {359, 36, {{2, "DUP"}, {2, "VOL"}, triangle, {2, "MUTE"}}},
+                {399, 36, {{2, "MEDIA"}, triangle, triangle, triangle}},
+                {444, 36, {lens, {2, "", Icon::Arrows}, lens, lens}},
+                {489, 36, {{2, "BOUNCE"}, {2, "STEM"}, {2, "STEREO"}, {2, "MONO"}}},
+                {530, 36, {{2, "RENDER"}, {2, "DESKTOP"}, {2, "FOLDER"}, {2, "CONFIG"}}},
+                {575, 36, colours},
+                {615, 36, clearAndColours}};
+    std::vector<Box> boxes;
+    for (const auto& [y, h, cells] : rows) {
+        int column = 1;
+        for (const Cell& cell : cells) {
+            const auto [x, w] = PosicaoGrade(column, cell.span);
+            boxes.push_back({x, y, w, h, cell.label, cell.icon});
+            column += cell.span;
+        }
+    }
+    for (int i = 0; i < 9; ++i) boxes.push_back({8 + 34 * i, 179, 30, 36, std::string(1, "1234567+-"[i]), Icon::None});
+    return boxes;
+}
+
+void RoundedPath(cairo_t* cr, double x, double y, double w, double h, double r) {
+    constexpr double quarter = std::numbers::pi / 2;
+    cairo_new_sub_path(cr);
+    cairo_arc(cr, x + w - r, y + r, r, -quarter, 0);
+    cairo_arc(cr, x + w - r, y + h - r, r, 0, quarter);
+    cairo_arc(cr, x + r, y + h - r, r, quarter, 2 * quarter);
+    cairo_arc(cr, x + r, y + r, r, 2 * quarter, 3 * quarter);
+    cairo_close_path(cr);
+}
+
+void DrawLabel(cairo_t* cr, const Box& box, int size) {
+    cairo_set_font_size(cr, size);
+    cairo_text_extents_t extents;
+    cairo_text_extents(cr, box.label.c_str(), &extents);
+    cairo_set_source_rgb(cr, 1, 1, 1);
+    cairo_move_to(cr, box.x + (box.w - extents.x_advance) / 2, box.y + (box.h + size) / 2);
+    cairo_show_text(cr, box.label.c_str());
+}
+
+void Triangle(cairo_t* cr, double x, double y, double side) {
+    cairo_move_to(cr, x, y);
+    cairo_line_to(cr, x, y + side);
+    cairo_line_to(cr, x + side, y + side / 2);
+    cairo_close_path(cr);
+}
+
+void Line(cairo_t* cr, double x1, double y1, double x2, double y2) {
+    cairo_move_to(cr, x1, y1);
+    cairo_line_to(cr, x2, y2);
+}
+
+void DrawIcon(cairo_t* cr, const Box& box) {
+    const double side = 0.45 * box.h, x = box.x + (box.w - side) / 2, y = box.y + (box.h - side) / 2;
+    cairo_set_source_rgb(cr, 0.9, 0.9, 0.9);
+    switch (box.icon) {
+        case Icon::None:
+            return;
+        case Icon::TriangleAndBar:
+            cairo_rectangle(cr, x + side, y, 2, side);
+            [[fallthrough]];
+        case Icon::Triangle:
+            Triangle(cr, x, y, side);
+            return cairo_fill(cr);
+        case Icon::Square:
+            cairo_rectangle(cr, x, y, side, side);
+            return cairo_fill(cr);
+        case Icon::Disc:
+            cairo_arc(cr, x + side / 2, y + side / 2, side / 2, 0, 2 * std::numbers::pi);
+            return cairo_fill(cr);
+        case Icon::Lens:
+            cairo_arc(cr, x + 6, y + 6, 6, 0, 2 * std::numbers::pi);
+            Line(cr, x + 10, y + 10, x + side, y + side);
+            Line(cr, x + 3, y + 6.5, x + 9, y + 6.5);
+            Line(cr, x + 6.5, y + 3, x + 6.5, y + 9);
+            return cairo_stroke(cr);
+        case Icon::Arrows:
+            Triangle(cr, x, y, side / 3);
+            Triangle(cr, x, y + side * 2 / 3, side / 3);
+            cairo_rectangle(cr, x + side / 2, y, 1, side);
+            return cairo_fill(cr);
+        case Icon::Cross:
+            Line(cr, box.x + 2.5, box.y + 2.5, box.x + box.w - 2.5, box.y + box.h - 2.5);
+            Line(cr, box.x + 3, box.y + 3, box.x + box.w - 2, box.y + box.h - 2);
+            return cairo_stroke(cr);
+    }
+}
+
+void PassCairo(benchmark::State& state) {
+    const std::vector<Box> boxes = Scene();
+    cairo_surface_t* back = cairo_image_surface_create(CAIRO_FORMAT_RGB24, Width, Height);
+    cairo_surface_t* window = cairo_image_surface_create(CAIRO_FORMAT_RGB24, Width, Height);
+    cairo_t* cr = cairo_create(back);
+    cairo_t* screen = cairo_create(window);
+    cairo_set_line_width(cr, 1);
+    cairo_select_font_face(cr, "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_BOLD);
+    for (auto _ : state) {
+        cairo_set_source_rgb(cr, 0.05, 0.05, 0.06);
+        cairo_paint(cr);
+        for (const Box& box : boxes) {
+            RoundedPath(cr, box.x, box.y, box.w, box.h, RaioDoCanto);
+            cairo_set_source_rgb(cr, 0.16, 0.2, 0.23);
+            cairo_fill(cr);
+            RoundedPath(cr, box.x + 0.5, box.y + 0.5, box.w - 1, box.h - 1, RaioDoCanto);
+            cairo_set_source_rgba(cr, 1, 1, 1, 0.03);
+            cairo_stroke(cr);
+            DrawIcon(cr, box);
+            if (!box.label.empty()) DrawLabel(cr, box, TamanhoDaFonte(box.w));
+        }
+        cairo_rectangle(cr, 8, 3, Width - 16, 22);
+        cairo_set_source_rgba(cr, 0.08, 0.08, 0.09, 0.95);
+        cairo_fill_preserve(cr);
+        cairo_set_source_rgba(cr, 1, 1, 1, 0.03);
+        cairo_stroke(cr);
+        DrawLabel(cr, {8, 3, Width - 16, 22, "PAINEL PRONTO", Icon::None}, 12);
+        cairo_set_source_surface(screen, back, 0, 0);
+        cairo_paint(screen);
+        benchmark::ClobberMemory();
+    }
+    for (cairo_t* context : {cr, screen}) cairo_destroy(context);
+    for (cairo_surface_t* surface : {back, window}) cairo_surface_destroy(surface);
+}
+
+BENCHMARK(PassOurs)->Unit(benchmark::kMillisecond);
+BENCHMARK(HoverOurs)->Unit(benchmark::kMillisecond);
+BENCHMARK(PassCairo)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return RunWithRatios(argc, argv,
+                         {{"a pass of the main page: times as fast as Cairo", "PassCairo", "PassOurs", 15},
+                          {"a pass with the mouse on the move", "PassCairo", "HoverOurs", 15}});
+}
