@@ -65,15 +65,14 @@ struct State {
     std::list<Window> windows;  // front first
     uint64_t lastHandle = 0x10000;
     HWND active = nullptr, foreground = nullptr, capture = nullptr;
-    std::deque<Message> queue;
+    std::vector<Message> queue;  // never long, and keeps its memory
     std::list<Timer> timers;
     int64_t now = 0;
     POINT cursor{0, 0};
     Click lastClick{};
     std::map<int, bool> keys;  // the mouse buttons among them
     RECT workArea = UsualWorkArea;
-    // The device contexts that are out. Each keeps its picture, even when the window is gone or has another size.
-    std::map<HDC, std::shared_ptr<Picture>> lent;
+    int contextsLent = 0;  // each keeps its picture, even when the window is gone or has another size
     std::map<HMENU, std::vector<MenuEntry>> menus;
     std::deque<std::function<UINT()>> answers;
     ShownMenu shown{};

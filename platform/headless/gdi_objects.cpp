@@ -9,6 +9,7 @@ namespace {
 
 struct GdiTable {
     std::unordered_map<uintptr_t, std::unique_ptr<GdiObject>> objects;
+    decltype(objects)::node_type spare;  // the context given back last: a window that paints again takes no memory
     uintptr_t lastHandle = 0x1000;
     HGDIOBJ stockBitmap = nullptr;
     HGDIOBJ stockFont = nullptr;
@@ -41,12 +42,13 @@ GdiTable& Table() {
     return table;
 }
 
-HDC AddContext(HGDIOBJ bitmap, const Surface& window) {
-    auto context = std::make_unique<DeviceContext>();
-    context->bitmap = bitmap;
-    context->window = window;
-    context->font = Table().stockFont;
-    return static_cast<HDC>(AddGdiObject(std::move(context)));
+HDC AddContext(DeviceContext context) {
+    GdiTable& table = Table();
+    context.font = table.stockFont;
+    if (table.spare.empty()) return static_cast<HDC>(AddGdiObject(std::make_unique<DeviceContext>(std::move(context))));
+    static_cast<DeviceContext&>(*table.spare.mapped()) = std::move(context);
+    table.spare.key() = table.lastHandle += 4;
+    return reinterpret_cast<HDC>(table.objects.insert(std::move(table.spare)).position->first);
 }
 
 // Puts the object in place of the one in the slot; gives that one.
@@ -63,7 +65,8 @@ bool DeleteContext(HDC dc, bool ofWindow) {
     if (!context || (context->bitmap == nullptr) != ofWindow) return false;
     for (HGDIOBJ selected : {context->bitmap, context->font})
         if (GdiObject* object = FindGdiObject(selected)) --object->uses;
-    Table().objects.erase(reinterpret_cast<uintptr_t>(dc));
+    context->windowPixels = nullptr;
+    Table().spare = Table().objects.extract(reinterpret_cast<uintptr_t>(dc));
     return true;
 }
 
@@ -93,8 +96,11 @@ GdiObject* FindGdiObject(HGDIOBJ handle) {
     return found == objects.end() ? nullptr : found->second.get();
 }
 
-HDC OpenWindowDC(const Surface& window) {
-    return AddContext(nullptr, window);
+HDC OpenWindowDC(const Surface& window, std::shared_ptr<void> pixels) {
+    DeviceContext context;
+    context.window = window;
+    context.windowPixels = std::move(pixels);
+    return AddContext(std::move(context));
 }
 
 bool CloseWindowDC(HDC dc) {
@@ -111,7 +117,9 @@ RECT Intersection(const RECT& a, const RECT& b) {
 
 HDC CreateCompatibleDC(HDC like) {
     if (like && !FindGdi<DeviceContext>(like)) return nullptr;
-    return AddContext(Table().stockBitmap, {});
+    DeviceContext context;
+    context.bitmap = Table().stockBitmap;
+    return AddContext(std::move(context));
 }
 
 BOOL DeleteDC(HDC dc) {

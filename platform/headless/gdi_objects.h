@@ -46,6 +46,7 @@ struct GdiFont : GdiObject {
 struct DeviceContext : GdiObject {
     HGDIOBJ bitmap = nullptr;  // null for a window's context, which draws on `window`
     Surface window;
+    std::shared_ptr<void> windowPixels;  // what `window` lies in lasts as long as the context
     HGDIOBJ font = nullptr;
     COLORREF textColor = RGB(0, 0, 0);
     COLORREF bkColor = RGB(255, 255, 255);
@@ -64,8 +65,8 @@ Kind* FindGdi(void* handle) {
     return dynamic_cast<Kind*>(FindGdiObject(handle));
 }
 
-// A context that draws on a window's pixels, until it is given back. The caller keeps the pixels alive so long.
-HDC OpenWindowDC(const Surface& window);
+// A context that draws on a window's pixels, which lie in `pixels`, until it is given back.
+HDC OpenWindowDC(const Surface& window, std::shared_ptr<void> pixels);
 bool CloseWindowDC(HDC dc);
 
 bool IsEmpty(const RECT& r);

@@ -16,7 +16,7 @@ static bool DeliverPosted() {
     State& state = Desktop();
     if (state.queue.empty()) return false;
     const Message next = state.queue.front();
-    state.queue.pop_front();
+    state.queue.erase(state.queue.begin());
     SendMessageA(next.window, next.message, next.wParam, next.lParam);
     return true;
 }

@@ -34,13 +34,14 @@ static Picture& PictureFor(Window& window) {
 
 static HDC Lend(Window& window) {
     Picture& picture = PictureFor(window);
-    const HDC dc = OpenWindowDC({picture.pixels.data(), picture.width, picture.height, picture.width});
-    Desktop().lent[dc] = window.picture;
-    return dc;
+    ++Desktop().contextsLent;
+    return OpenWindowDC({picture.pixels.data(), picture.width, picture.height, picture.width}, window.picture);
 }
 
 static bool TakeBack(HDC dc) {
-    return CloseWindowDC(dc) && Desktop().lent.erase(dc) != 0;
+    if (!CloseWindowDC(dc)) return false;
+    --Desktop().contextsLent;
+    return true;
 }
 
 Picture PictureOf(HWND handle) {
@@ -49,7 +50,8 @@ Picture PictureOf(HWND handle) {
 }
 
 std::string Leftovers() {
-    const size_t contexts = Desktop().lent.size(), menus = Desktop().menus.size();
+    const int contexts = Desktop().contextsLent;
+    const size_t menus = Desktop().menus.size();
     std::string sentence;
     if (contexts) sentence += std::to_string(contexts) + " device contexts not given back. ";
     if (menus) sentence += std::to_string(menus) + " menus not destroyed. ";
