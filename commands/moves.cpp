@@ -82,14 +82,15 @@ void MvClipDir() {
 }
 
 // The unselected item of the track that starts nearest before (or after) `inicio`, strictly; null when there is none.
+// To the left, a start at or before -1.0 is none.
 static MediaItem* Vizinho(MediaTrack* faixa, bool antes, double inicio) {
     MediaItem* vizinho = nullptr;
-    double melhor = 0.0;
+    double melhor = -1.0;
     ParaCadaItemDaFaixa(faixa, [&](MediaItem* item) {
         if (host::IsMediaItemSelected(item)) return;
         const double p = InicioDoItem(item);
-        if (antes ? p >= inicio : p <= inicio) return;
-        if (vizinho && (antes ? p <= melhor : p >= melhor)) return;
+        const bool maisPerto = antes ? p < inicio && p > melhor : p > inicio && (!vizinho || p < melhor);
+        if (!maisPerto) return;
         vizinho = item;
         melhor = p;
     });

@@ -97,7 +97,7 @@ void CriarOuRenomearRegiao() {
     IntervaloRegiao intervalo = {tempo.inicio, tempo.fim};
     if (!tempo.Ativa()) {
         const int selecionados = host::CountSelectedMediaItems(0);
-        if (selecionados == 0) return RecusarSemSelecao();
+        if (selecionados <= 0) return RecusarSemSelecao();
         const ExtensaoDeItens itens = ExtensaoDaSelecao(selecionados);
         intervalo = {itens.inicio, itens.fim};
     }
@@ -134,7 +134,7 @@ void DeletarRegiaoSobCursor() {
     for (int i = marcadores + regioes - 1; i >= 0; --i) {
         Entrada e;
         if (!host::EnumProjectMarkers3(0, i, &e.regiao, &e.inicio, &e.fim, nullptr, &e.numero, nullptr)) continue;
-        if (!e.regiao || e.inicio > referencia || referencia > e.fim) continue;
+        if (!(e.regiao && e.inicio <= referencia && referencia <= e.fim)) continue;
         if (host::DeleteProjectMarker(0, e.numero, true)) host::UpdateArrange();
         break;
     }
@@ -146,7 +146,7 @@ void LimparRegioes() {
     if (host::ShowMessageBox("Tem certeza que deseja apagar TODAS as regioes?", "Atencao", simOuNao) != sim) return;
     AbrirBloco();
     Entrada e;
-    for (int i = 0; host::EnumProjectMarkers3(0, i, &e.regiao, &e.inicio, &e.fim, nullptr, &e.numero, nullptr);) {
+    for (int i = 0; host::EnumProjectMarkers3(0, i, &e.regiao, &e.inicio, &e.fim, nullptr, &e.numero, nullptr) > 0;) {
         // The list closes up over a region that goes; markers, and a region that the host keeps, are stepped over.
         if (!e.regiao || !host::DeleteProjectMarker(0, e.numero, true)) ++i;
     }

@@ -104,7 +104,7 @@ void SelecaoFluxo() {
 
 void SelTempoItens() {
     const int selecionados = host::CountSelectedMediaItems(0);
-    if (selecionados == 0) return Mensagem("Nenhum item selecionado.", "Quilmo");
+    if (selecionados <= 0) return Mensagem("Nenhum item selecionado.", "Quilmo");
     ExtensaoDeItens extensao = ExtensaoDaSelecao(selecionados);
     host::GetSet_LoopTimeRange(true, false, &extensao.inicio, &extensao.fim, false);
     host::UpdateArrange();

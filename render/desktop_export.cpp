@@ -53,13 +53,14 @@ static std::string Escapar(const std::string& texto) {
 }
 
 static bool GravarScript(const std::string& caminho) {
+    const std::string nome = Escapar(NomeDoProjeto());
     std::FILE* arquivo = OpenFile(caminho, "w");
     if (!arquivo) return false;
     std::fprintf(
         arquivo,
         "local proj_name_cpp = \"%s\"\n"
         "local proj_name = (proj_name_cpp ~= \"\") and proj_name_cpp or os.date(\"Gravacao_%%Y-%%m-%%d_%%Hh%%M\")\n",
-        Escapar(NomeDoProjeto()).c_str());
+        nome.c_str());
     std::fputs(ScriptDeExportacao, arquivo);
     std::fclose(arquivo);
     return true;

@@ -67,7 +67,7 @@ void RenderProjeto() {
     const SelecaoDeTempo tempo = LerSelecaoDeTempo();
     if (regioes > 0) return renderizar(todasAsRegioes);
     if (!tempo.Ativa()) {
-        if (host::CountMediaItems(0) == 0) return Mensagem("Projeto vazio.", "Quilmo");
+        if (host::CountMediaItems(0) <= 0) return Mensagem("Projeto vazio.", "Quilmo");
         ExtensaoDeItens extensao;
         ParaCadaItem([&extensao](MediaItem* item) { extensao.Incluir(item); });
         host::GetSet_LoopTimeRange(true, false, &extensao.inicio, &extensao.fim, false);

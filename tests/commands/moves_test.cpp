@@ -42,6 +42,8 @@ TEST_F(Moves, ColarEncostaNoVizinhoEEmpilhaOResto) {
     Contar({
         {"1: x 0-2 | a 5-6 * | b 8-10 *", ColaClipEsq, "1: x 0-2 | a 2-3 * | b 3-5 *", esquerda},
         {"1: a 5-6 * | x 7-8", ColaClipEsq, "1: a 0-1 * | x 7-8", esquerda},
+        {"1: x -0.5-2 | a 5-6 *", ColaClipEsq, "1: x -0.5-2 | a 2-3 *", esquerda},
+        {"1: x -1-2 | a 5-6 *", ColaClipEsq, "1: x -1-2 | a 0-1 *", esquerda},
         // Of equal starts the first on the track counts; a start at the item's own is no neighbour.
         {"1: x 1-2 | y 1-4 | z 5-9 | a 5-6 *", ColaClipEsq, "1: x 1-2 | y 1-4 | a 2-3 * | z 5-9", esquerda},
         {"1: a 1-2 * | x 5-6 / 2: y 3-4", ColaClipDir, "1: a 4-5 * | x 5-6 / 2: y 3-4", direita},
