@@ -114,6 +114,8 @@ template <class Result>
 static Result Failure(int value) {
     if constexpr (std::is_pointer_v<Result>)
         return nullptr;
+    else if constexpr (std::is_same_v<Result, bool>)
+        return false;
     else
         return static_cast<Result>(value);
 }

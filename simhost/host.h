@@ -100,7 +100,7 @@ class Host {
     bool tracing = false;
     std::vector<std::string> trace;  // one line a call, e.g. SplitMediaItem(item A, 4) -> item A
     int64_t CallCount(const std::string& function) const;
-    // From its n-th call from now on (1: the next) the function does nothing and gives `result`: null, 0, false, -1.
+    // From its n-th call from now on (1: the next) the function does nothing and gives null, false, or the number.
     void FailFrom(const std::string& function, int64_t n, int result = 0);
     void StopFailing();
     std::function<void(int64_t frames)> onRead;  // after each read through an accessor

@@ -1,0 +1,167 @@
+// A host that begins to fail in the middle of a command, one function at a time, or that answers with absurd numbers:
+// every command still comes to its end, closes what it opened, and passes on no handle that it was not given.
+#include <cmath>
+
+#include "commands/commands.h"
+#include "host/entry.h"
+#include "render/render.h"
+#include "simhost/accessor.h"
+#include "simhost/calls.h"
+#include "slicer/preview.h"
+#include "tests/support/story.h"
+
+namespace {
+
+struct Comando {
+    const char* nome;
+    void (*rodar)();
+};
+// clang-format off
+#define RODA(chamadas) {#chamadas, [] { chamadas; }}
+const Comando Comandos[] = {
+    RODA(ExecutarGravacao()), RODA(ExecutarGravacao(); ExecutarGravacao()), RODA(PararTudo()), RODA(PrevItemStart()),
+    RODA(NextItemEnd()), RODA(PrepararHost()), RODA(GravacaoEmCurso()), RODA(BotaoGravarAtivo()),
+    RODA(TocandoSemGravar()), RODA(PlayRegiao(2)), RODA(CriarOuRenomearRegiao()), RODA(SelTempoERegiao()),
+    RODA(DeletarRegiaoSobCursor()), RODA(LimparRegioes()), RODA(VerSelecao()), RODA(TrimEsquerda()),
+    RODA(TrimDireita()), RODA(CortarE()), RODA(CortarD()), RODA(SplitNoCursor()), RODA(ExcluirRipple()),
+    RODA(FechaLacuna()), RODA(FechaLacunaSubsequente()), RODA(JuntaClipCrossfade()), RODA(SelecionarTodosProjeto()),
+    RODA(SelecionarTodosFaixa()), RODA(SelecionarAntesCursor()), RODA(SelecionarDepoisCursor()),
+    RODA(SelecionarAntesCursorFaixa()), RODA(SelecionarDepoisCursorFaixa()), RODA(SelecaoFluxo()),
+    RODA(SelTempoItens()), RODA(MvClipCima()), RODA(MvClipBaixo()), RODA(MvPistaCima()), RODA(MvPistaBaixo()),
+    RODA(MvClipEsq()), RODA(MvClipDir()), RODA(ColaClipEsq()), RODA(ColaClipDir()), RODA(MuteClip()),
+    RODA(TodosItensMudos()), RODA(AplicarCorItens(1, 2, 3)), RODA(AplicarCorFaixas(1, 2, 3)), RODA(LimparCorItens()),
+    RODA(LimparCorFaixas()), RODA(VolEnvelope()), RODA(ZoomAllFaixas(true)), RODA(StereoRender()), RODA(MonoRender()),
+    RODA(BounceInteligente()), RODA(RenderProjeto()), RODA(AbrirDiretorio()), RODA(RenderPreLeigo()),
+    RODA(Quilmo_AutoSplit(true, 100, -30)),
+    RODA(EntrarModoFatiador(); RecalcularPreview(true, 200, -30); RestaurarOriginal()),
+    RODA(EntrarModoFatiador(); EntrarModoFatiador(); AplicarFatias()),
+};
+#undef RODA
+// clang-format on
+
+// What the user had selected when he clicked, and what else is in the project.
+struct Situacao {
+    std::initializer_list<std::string> itens, faixas;
+    bool regioes, selecaoDeTempo;
+};
+const Situacao Situacoes[] = {
+    {{"a"}, {"1"}, true, false},
+    {{"b", "c"}, {"1", "2"}, false, true},
+    {{"a", "d", "e"}, {"3"}, false, false},
+    {{}, {"2"}, true, true},
+};
+
+class Falhas : public Cena {
+  protected:
+    void SetUp() override {
+        Cena::SetUp();
+        host.onMessage = [](const std::string&, const std::string&, int) { return 6; };
+        host.onInput = [](const simhost::ShownInput&) { return "nome"; };
+        host.toggles[40435] = host.toggles[1161] = 1;
+    }
+
+    // Runs the test on each command in each situation.
+    template <class F>
+    void ParaCadaCaso(F testar) {
+        for (const Situacao& situacao : Situacoes) {
+            Montar(situacao);
+            const simhost::Project projeto = host.project;
+            for (const Comando& comando : Comandos) {
+                Recomecar(projeto);
+                testar(comando, projeto);
+                if (HasFailure()) return;
+            }
+        }
+    }
+    void Montar(const Situacao& situacao) {
+        const auto fala = simhost::Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
+        Projeto("");
+        Faixa("1", {{"a", 0.5, 3, fala}, {"b", 2.5, 5, fala}, {"c", 6, 9, fala}});
+        Faixa("2", {{"d", 1, 3.5, fala}});
+        Faixa("3", {{"e", 9.1, 12, fala}});
+        if (situacao.regioes) {
+            Marcador("m", 0);
+            Regiao("r", 0, 2);
+            Regiao("s", 1, 4);
+        }
+        if (situacao.selecaoDeTempo) SelecaoDeTempo(1, 2);
+        Cursor(1.5);
+        Selecionar(situacao.itens);
+        SelecionarFaixas(situacao.faixas);
+    }
+    // The project, and nothing left of the run before.
+    void Recomecar(const simhost::Project& projeto) {
+        while (host.BlockOpen()) host.EndBlock("Resto", -1);
+        host.StopFailing();
+        host.ForgetViolations();
+        host.project = projeto;
+        host.StartHistory();
+        host.accessors.clear();
+        host.scripts.clear();
+        host.refreshHeldOff = host.playState = 0;
+        RestaurarEstadoFatiador();
+    }
+    std::vector<int64_t> Chamadas() const {
+        std::vector<int64_t> chamadas;
+        for (const simhost::Function& f : simhost::Functions) chamadas.push_back(host.CallCount(f.name));
+        return chamadas;
+    }
+    // What the command opens it closes, also when the host does not hear of the one or the other.
+    std::string EmAberto(const std::vector<int64_t>& antes, const std::string& falha) const {
+        const auto vezes = [&](const char* nome) { return host.CallCount(nome) - antes[simhost::FunctionIndex(nome)]; };
+        if (vezes("Undo_BeginBlock2") != vezes("Undo_EndBlock2")) return "an undo block";
+        if (vezes("PreventUIRefresh") % 2 != 0) return "the refresh count";
+        if (falha != "CreateTakeAudioAccessor" && vezes("CreateTakeAudioAccessor") != vezes("DestroyAudioAccessor"))
+            return "an accessor";
+        return "";
+    }
+};
+
+TEST_F(Falhas, FuncaoQueFalhaDaEnesimaVezEmDiante) {
+    // The host itself is left with something open when these do nothing, so its own word does not count then.
+    const auto deixaAberto = [](const std::string& nome) {
+        return nome == "Undo_BeginBlock2" || nome == "Undo_EndBlock2" || nome == "PreventUIRefresh" ||
+               nome == "DestroyAudioAccessor";
+    };
+    ParaCadaCaso([&](const Comando& comando, const simhost::Project& projeto) {
+        const std::vector<int64_t> antes = Chamadas();
+        comando.rodar();
+        const std::vector<int64_t> depois = Chamadas();
+        for (int f = 0; f < simhost::FunctionCount; ++f)
+            for (const int vez : {1, 2, 3, 7, 20})
+                for (const int resultado : {0, -1}) {
+                    const std::string nome = simhost::Functions[f].name;
+                    if (vez > depois[f] - antes[f]) continue;  // never called so often: nothing would be different
+                    if (nome == "AddRemoveReaScript" && resultado) continue;  // that would be an action's number
+                    Recomecar(projeto);
+                    host.FailFrom(nome, vez, resultado);
+                    const std::vector<int64_t> inicio = Chamadas();
+                    comando.rodar();
+                    const std::string caso =
+                        std::string(comando.nome) + ", " + nome + " from " + std::to_string(vez) + " on";
+                    EXPECT_EQ(EmAberto(inicio, nome), "") << caso;
+                    EXPECT_TRUE(deixaAberto(nome) || host.Check()) << caso << ": " << host.FirstViolation();
+                }
+        Recomecar(projeto);
+    });
+}
+
+TEST_F(Falhas, NumerosAbsurdos) {
+    static double absurdo;
+    host::GetMediaItemInfo_Value = [](MediaItem*, const char*) { return absurdo; };
+    host::GetMediaTrackInfo_Value = [](MediaTrack*, const char*) { return absurdo; };
+    host::GetMediaItemTakeInfo_Value = [](MediaItem_Take*, const char*) { return absurdo; };
+    host::GetCursorPosition = [] { return absurdo; };
+    host::GetMediaSourceLength = [](PCM_source*, bool*) { return absurdo; };
+    host::GetAudioAccessorStartTime = [](AudioAccessor*) { return absurdo; };
+    for (const double valor : {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e300, -1e300, 4e9, -1.0, 1e-300, 0.05}) {
+        absurdo = valor;
+        ParaCadaCaso([&](const Comando& comando, const simhost::Project&) {
+            host.FailFrom("Main_OnCommand", 1);  // which would render as much audio as that
+            comando.rodar();
+            EXPECT_TRUE(host.Check()) << comando.nome << ", " << valor << ": " << host.FirstViolation();
+        });
+    }
+}
+
+}  // namespace
