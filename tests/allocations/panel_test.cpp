@@ -1,26 +1,8 @@
 // A pass of the panel allocates nothing once everything has been drawn once: not in the module, nor in what stands in
 // for the system, nor in the host's answers.
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
 #include "slicer/preview.h"
+#include "tests/allocations/counter.h"
 #include "tests/support/panel_scene.h"
-
-static std::atomic<int64_t> Alocacoes = 0;
-
-// The other forms of new and delete end here, too.
-void* operator new(size_t size) {
-    ++Alocacoes;
-    if (void* memory = std::malloc(size ? size : 1)) return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, size_t) noexcept {
-    std::free(memory);
-}
 
 namespace {
 
@@ -35,9 +17,9 @@ class SemAlocar : public Painel {
     }
     int64_t AlocacoesDeUmPasseio() {
         Passear();
-        const int64_t antes = Alocacoes;
+        const int64_t antes = Allocations();
         Passear();
-        return Alocacoes - antes;
+        return Allocations() - antes;
     }
 };
 
@@ -54,10 +36,10 @@ TEST_F(SemAlocar, NenhumPasseAlocaDepoisDoPrimeiro) {
     EXPECT_EQ(AlocacoesDeUmPasseio(), 0) << "its prompt";
     ModoFatiadorAtivo = false;
 
-    const int64_t antes = Alocacoes;
+    const int64_t antes = Allocations();
     Fechar();
     Abrir();
-    EXPECT_GT(Alocacoes, antes) << "the counter counts";
+    EXPECT_GT(Allocations(), antes) << "the counter counts";
 }
 
 }  // namespace
