@@ -136,7 +136,8 @@ def main(dist, version):
     module = check_zip(dist / f"{name}.zip")
     check_reaper_pkg(dist / f"{name}.ReaperPkg", module)
     check_index((dist / "index.xml").read_text("utf-8"), version)
-    check_module(module, version, root)
+    if module:  # else its lack is told already
+        check_module(module, version, root)
     require(str(root).encode() not in (dist / f"{name}.debug").read_bytes(), f"{name}.debug: holds this folder's path")
     for breach in breaches:
         print(breach, file=sys.stderr)
