@@ -42,9 +42,7 @@ void LICE_Clear(LICE_IBitmap* dest, LICE_pixel color) {
     FillRows(CombineSolid{}, target.bits, target.span, target.width, target.height, color, 256);
 }
 
-void LICE_FillRect(LICE_IBitmap* dest, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode) {
-    const Target target(dest);
-    if (target.Empty()) return;
+static void FillOn(const Target& target, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode) {
     if (target.Scales(mode)) {
         x = LICE_ScaleCoord(x, target.scale);
         y = LICE_ScaleCoord(y, target.scale);
@@ -62,4 +60,16 @@ void LICE_FillRect(LICE_IBitmap* dest, int x, int y, int w, int h, LICE_pixel co
     const int ia = Opacity(alpha);
     WithCombine<CopyForms::Fast>(
         mode, ia, [&](auto combine) { FillRows(combine, target.At(left, firstRow), target.span, w, h, color, ia); });
+}
+
+void LICE_FillRect(LICE_IBitmap* dest, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode) {
+    const Target target(dest);
+    if (!target.Empty()) FillOn(target, x, y, w, h, color, alpha, mode);
+}
+
+void LICE_FillRects(LICE_IBitmap* dest, const LICE_FilledRect* rects, int count, LICE_pixel color, int mode) {
+    const Target target(dest);
+    if (target.Empty()) return;
+    for (; count > 0; --count, ++rects)
+        FillOn(target, rects->x, rects->y, rects->w, rects->h, color, rects->alpha, mode);
 }

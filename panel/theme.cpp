@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <iterator>
+#include <utility>
 
 LICE_CachedFont* FontePainel(int altura) {
     static LICE_CachedFont* fontes[64];  // never freed: glyph caches live to the end of the process
@@ -46,21 +48,24 @@ void EscreverTexto(LICE_IBitmap* bm, const char* texto, int altura, LICE_pixel c
 }
 
 void PreencheArredondado(LICE_IBitmap* bm, int x, int y, int w, int h, int raio, LICE_pixel cor, float alfa) {
-    LICE_FillRect(bm, x, y + raio, w, h - 2 * raio, cor, alfa, LICE_BLIT_MODE_COPY);
+    LICE_FilledRect partes[48];  // given to the raster when there is no room for one more row
+    int quantas = 0;
+    const auto desenhar = [&] { LICE_FillRects(bm, partes, std::exchange(quantas, 0), cor, LICE_BLIT_MODE_COPY); };
+    partes[quantas++] = {x, y + raio, w, h - 2 * raio, alfa};
     for (int i = 0; i < raio; ++i) {
         const int e = raio - i;
         const double recuoExato = raio - std::sqrt(static_cast<double>(raio * raio - e * e));
         const int recuo = static_cast<int>(std::ceil(recuoExato));
         const double cobertura = recuo - recuoExato;  // of the pixel at each end of the row
+        if (quantas + 6 > static_cast<int>(std::size(partes))) desenhar();
         for (const int linha : {y + i, y + h - 1 - i}) {
-            if (w - 2 * recuo > 0)
-                LICE_FillRect(bm, x + recuo, linha, w - 2 * recuo, 1, cor, alfa, LICE_BLIT_MODE_COPY);
+            if (w - 2 * recuo > 0) partes[quantas++] = {x + recuo, linha, w - 2 * recuo, 1, alfa};
             if (cobertura > 0.01 && recuo >= 1)
                 for (const int coluna : {x + recuo - 1, x + w - recuo})
-                    LICE_FillRect(bm, coluna, linha, 1, 1, cor, static_cast<float>(alfa * cobertura),
-                                  LICE_BLIT_MODE_COPY);
+                    partes[quantas++] = {coluna, linha, 1, 1, static_cast<float>(alfa * cobertura)};
         }
     }
+    desenhar();
 }
 
 void ContornoArredondado(LICE_IBitmap* bm, int x, int y, int w, int h, int raio, LICE_pixel cor, float alfa) {
