@@ -1,0 +1,339 @@
+// A user who does anything at any time, on projects that are anything, while the host does what hosts do. After each
+// event the host has found no fault, nothing is left open, and the panel's flags tell the truth.
+//
+//     QUILMO_SEED=n QUILMO_EVENTS=n test_random
+//
+// does what that seed does, to the letter, for so many events.
+#include <cstdio>
+#include <cstdlib>
+
+#include "commands/commands.h"
+#include "panel/status.h"
+#include "slicer/bounce.h"
+#include "slicer/preview.h"
+#include "tests/lice/support.h"
+#include "tests/random/live_allocations.h"
+#include "tests/support/panel_scene.h"
+
+namespace {
+
+using driver::Button;
+
+class UsuarioAleatorio : public Painel {
+  protected:
+    void SetUp() override {
+        Painel::SetUp();
+        if (const char* pedidos = std::getenv("QUILMO_EVENTS")) eventos = std::atoi(pedidos);
+        std::printf("QUILMO_SEED=%u QUILMO_EVENTS=%d\n", acaso.seed, eventos);  // at once: a fault may end the program
+        std::fflush(stdout);
+        host.onMessage = [this](const std::string&, const std::string&, int) {
+            ++mensagens;
+            MomentoModal(true);
+            return acaso.Of({1, 2, 6, 6, 7});
+        };
+        host.onInput = [this](const simhost::ShownInput&) -> std::optional<std::string> {
+            ++mensagens;
+            MomentoModal(true);
+            if (acaso.Chance(3)) return std::nullopt;
+            return std::string(acaso.Of({0, 1, 7, 700}), acaso.Of({'a', '%', '"', '\xE3', '\n'}));
+        };
+        host.recordingSource = UmaFonte();
+        EsperarMenu();
+    }
+
+    // --- The project, as the host's own windows and other scripts change it
+
+    simhost::SourceRef UmaFonte() {
+        const int canais = acaso.In(1, 2);
+        switch (acaso.In(1, 16)) {
+            case 1:
+                return simhost::Midi(4);
+            case 2:
+                return simhost::Unreadable(Taxa, canais, Taxa);
+            case 3:
+                return simhost::Silence(Taxa, canais, acaso.In(0, Taxa));
+            default:
+                std::vector<simhost::Segment> trechos;
+                for (int n = acaso.In(1, 6); n > 0; --n)
+                    trechos.push_back({acaso.In(1, Taxa / 3), acaso.Chance(2) ? 0.0 : 0.5});
+                return simhost::Bursts(Taxa, canais, trechos);
+        }
+    }
+    simhost::TrackList& Faixas() { return host.project.tracks; }
+    simhost::Item* UmItem() {
+        return Faixas().ItemCount() ? Faixas().ItemAt(acaso.In(0, Faixas().ItemCount() - 1)) : nullptr;
+    }
+    double UmTempo() { return acaso.In(0, 100) * 0.05; }
+
+    void MaisUmItem() {
+        if (Faixas().Count() == 0 || acaso.Chance(8)) AddTrack(host.project, "T");
+        const double inicio = UmTempo(), fim = inicio + acaso.In(1, 30) * 0.05;
+        simhost::Item item = simhost::MakeItem("i", inicio, fim, UmaFonte());
+        if (acaso.Chance(12)) item.takes.clear();
+        if (acaso.Chance(20)) item.lock = 1;
+        if (!item.takes.empty() && acaso.Chance(4)) item.takes[0]->startOffset = acaso.In(0, 10) * 0.05;
+        if (!item.takes.empty() && acaso.Chance(8)) item.takes[0]->playRate = acaso.Of({0.5, 2.0, 0.0});
+        Faixas().Add(*Faixas().At(acaso.In(0, Faixas().Count() - 1)), std::move(item));
+    }
+    void SelecionarAoAcaso() {
+        const bool umSo = acaso.Chance(2);
+        Faixas().SelectAll(false);
+        for (int n = umSo ? 1 : acaso.In(0, 5); n > 0; --n)
+            if (simhost::Item* item = UmItem()) Faixas().Select(*item, true);
+        if (acaso.Chance(3) && Faixas().Count()) {
+            simhost::Track& faixa = *Faixas().At(acaso.In(0, Faixas().Count() - 1));
+            faixa.selected = !faixa.selected;
+        }
+    }
+    void MexerNoProjeto() {
+        switch (acaso.In(1, 9)) {
+            case 1:
+            case 2:
+                return MaisUmItem();
+            case 3:
+                if (simhost::Item* item = UmItem(); item && acaso.Chance(2)) Faixas().Remove(*item);
+                return;
+            case 4:
+                if (simhost::Item* item = UmItem()) Faixas().Reposition(*item, UmTempo());
+                return;
+            case 5:
+                if (acaso.Chance(8) && Faixas().Count())
+                    Faixas().Remove(*Faixas().At(acaso.In(0, Faixas().Count() - 1)));
+                return;
+            case 6:
+                AddMarker(host.project, {acaso.Chance(2), UmTempo(), UmTempo() + 5, "r"}, -1);
+                return;
+            case 7:
+                host.project.timeSelection = {UmTempo(), UmTempo() + 2};
+                return;
+            default:
+                host.project.cursor = UmTempo();
+        }
+    }
+    void ProjetoNovo() {
+        simhost::Project novo;
+        novo.numbers = host.project.numbers;  // the settings stay: the host knows them by name
+        novo.texts = host.project.texts;
+        host.playState = 0;
+        host.project = std::move(novo);
+        host.preferences = {.undoRestoresSelection = !acaso.Chance(3),
+                            .undoPoints = acaso.Of({200, 30, 3}),
+                            .splitCrossfade = acaso.Of({0.0, 0.0, 0.01}),
+                            .sortsAtOnce = !acaso.Chance(3)};
+        host.messages.clear();
+        host.inputs.clear();
+        host.actionsRun.clear();
+        host.scriptsRun.clear();
+        host.StartHistory();
+    }
+    void OutroProjeto() {
+        if (JanelaPainel) Fechar();
+        ProjetoNovo();
+        alocacoes = LiveAllocations();
+        for (int n = acaso.In(0, 8); n > 0; --n) MaisUmItem();
+        host.StartHistory();
+    }
+
+    // --- Events
+
+    void ApontarAoAcaso() {
+        if (!JanelaPainel) return;
+        if (perto = acaso.Chance(10); perto)
+            return Mover(80, 285);  // the slicer's button, and its page's frozen or empty ground
+        perto = !acaso.Chance(12);
+        Mover(perto ? acaso.In(0, 319) : acaso.In(-2000, 2000), perto ? acaso.In(0, 658) : acaso.In(-2000, 2000));
+    }
+    // On a caption the system would begin a loop of its own, which waits for the user.
+    void ApertarNoPainel(Button botao) {
+        if (perto) Apertar(botao);
+    }
+    // What a user's hand does, and what a window hears of: all that can happen while a dialog or a menu is open too.
+    void EventoDaMao() {
+        switch (acaso.In(1, 24)) {
+            case 1:
+            case 2:
+            case 3:
+            case 4:
+                return ApontarAoAcaso();
+            case 5:
+                return ApertarNoPainel(UmBotao());
+            case 6:
+                return Soltar(UmBotao());
+            case 7:
+                return driver::Wheel(acaso.In(-3, 3));
+            case 8:
+                return driver::HoldKey(VK_SHIFT, acaso.Chance(3));
+            case 9:
+                if (JanelaPainel && acaso.Chance(3)) Fechar();
+                return;
+            case 10:
+                Abrir();
+                return;
+            case 11:
+                if (acaso.Chance(2)) SetForegroundWindow(acaso.Chance(2) ? dono : outra);
+                return driver::Pump();
+            case 12:  // a tick, which may also be one that was on its way when its timer was stopped
+            case 13:
+                if (JanelaPainel) SendMessageA(JanelaPainel, WM_TIMER, acaso.In(1, 2), 0);
+                return driver::Pump();
+            case 14:
+                if (JanelaPainel)
+                    SendMessageA(
+                        JanelaPainel,
+                        acaso.Of({UINT{WM_LBUTTONUP}, UINT{WM_RBUTTONUP}, UINT{WM_RBUTTONDBLCLK}, UINT{WM_ERASEBKGND}}),
+                        0, 0);
+                return driver::Pump();
+            default:
+                ApontarAoAcaso();
+                const Button botao = UmBotao();
+                ApertarNoPainel(botao);
+                if (acaso.Chance(4)) ApontarAoAcaso();
+                if (!acaso.Chance(8)) Soltar(botao);
+        }
+    }
+    Button UmBotao() { return acaso.Chance(4) ? Button::Right : Button::Left; }
+
+    void EventoDoHost() {
+        if (acaso.Chance(2)) SetForegroundWindow(dono);  // else a script, behind the user's back
+        driver::Pump();
+        hostMexeu = true;
+        switch (acaso.In(1, 10)) {
+            case 1:
+                host.Undo();
+                return;
+            case 2:
+                host.Redo();
+                return;
+            case 3:
+                return host.Elapse(acaso.In(1, 10) * 0.1);
+            case 4:
+                return host.RunAction(acaso.Of({1007, 1013, 1016, 40697, 40062}));
+            case 5:
+                host.BeginBlock();
+                MexerNoProjeto();
+                return host.EndBlock("Edit", -1);
+            case 6:
+                return MexerNoProjeto();
+            default:
+                return SelecionarAoAcaso();
+        }
+    }
+
+    // A dialog or a menu is open and its loop delivers events, to the panel too.
+    void MomentoModal(bool janelaPropria) {
+        if (aninhados >= 3) return;
+        ++aninhados;
+        if (janelaPropria && acaso.Chance(2)) SetForegroundWindow(outra);
+        if (acaso.Chance(2))
+            for (int n = acaso.In(1, 6); n > 0; --n) {
+                hostMexeu = true;  // commands within commands: what is on the history is anyone's guess
+                ++feitos;
+                if (acaso.Chance(3))
+                    MexerNoProjeto();
+                else
+                    EventoDaMao();
+                ConferirSempre();
+            }
+        --aninhados;
+    }
+    // There is always exactly one answer waiting.
+    void EsperarMenu() {
+        static const char* const escolhas[] = {"",
+                                               "Fechar",
+                                               "Fecha Lacuna Entre Selecionados",
+                                               "Fecha Lacunas Subsequentes",
+                                               "Fecha Lacuna Selecionada com Mixagem",
+                                               "Todos os itens do projeto",
+                                               "Todos os itens da faixa",
+                                               "Tudo antes do ponteiro",
+                                               "Tudo depois do ponteiro (faixa selecionada)"};
+        driver::AnswerNextMenu(acaso.Of(escolhas), [this] {
+            ++menus;
+            EsperarMenu();
+            MomentoModal(false);
+        });
+    }
+
+    // --- What must be true
+
+    void ConferirSempre() {
+        ASSERT_EQ(host.FirstViolation(), "");
+        ASSERT_TRUE(!JanelaPainel || IsWindow(JanelaPainel));
+        ASSERT_EQ(FindWindowA("QuilmoPainelClass", nullptr), JanelaPainel);
+        ASSERT_TRUE(JanelaPainel || !ModoFatiadorAtivo || hostMexeu) << "the mode begins and ends in its window";
+    }
+    void ConferirEmRepouso() {
+        ConferirSempre();
+        ASSERT_TRUE(host.Check()) << host.FirstViolation();
+        if (ModoFatiadorAtivo) return;
+        ASSERT_FALSE(PreviewAtivo);
+        ASSERT_FALSE(BounceEntradaAtivo);
+        ASSERT_FALSE(SalvarPresetAberto);
+    }
+    // The mode's points lie on the history as it was, as long as nobody else touched it.
+    void ConferirHistorico(bool estavaNoModo) {
+        constexpr char bounce[] = "Fatiador Bounce Entrada", preview[] = "Fatiador Preview";
+        const auto comMais = [](const std::string& antes, const std::string& mais) {
+            return antes.empty() ? mais : antes + " | " + mais;
+        };
+        if (!estavaNoModo && ModoFatiadorAtivo) {
+            ++modos;
+            if (hostMexeu) return;
+            // A joining of the items may come first; below the cuts of a run that was kept, undoing goes too far.
+            const std::string historico = Historico();
+            const std::string meus = BounceEntradaAtivo ? comMais(bounce, preview) : preview;
+            ASSERT_TRUE(historico.ends_with(meus)) << historico;
+            antesDoModo = historico.substr(0, historico.size() - meus.size());
+            if (antesDoModo.ends_with(" | ")) antesDoModo.resize(antesDoModo.size() - 3);
+            const std::string_view ultimo = BounceEntradaAtivo ? bounce : preview;
+            hostMexeu = antesDoModo.ends_with(ultimo) || host.preferences.undoPoints < 100;
+            return;
+        }
+        if (!estavaNoModo || hostMexeu) return;
+        const std::string comBounce = BounceEntradaAtivo ? comMais(antesDoModo, bounce) : antesDoModo;
+        if (ModoFatiadorAtivo)
+            ASSERT_EQ(Historico(), PreviewAtivo ? comMais(comBounce, preview) : comBounce);
+        else if (std::string_view(StatusMsg).starts_with("Modo Fatiador cancelado"))
+            ASSERT_EQ(Historico(), antesDoModo);
+        else
+            ASSERT_TRUE(Historico().starts_with(antesDoModo)) << Historico();
+    }
+
+    static constexpr int Taxa = 4000;
+    Random acaso;
+    int eventos = RANDOM_EVENTS;
+    int feitos = 0, aninhados = 0, modos = 0, mensagens = 0, menus = 0;
+    bool perto = false;      // the pointer is where the panel's client area is or was
+    bool hostMexeu = false;  // in this event, or since the mode began
+    std::string antesDoModo;
+    int64_t alocacoes = 0;  // with the panel closed and the project empty
+};
+
+TEST_F(UsuarioAleatorio, NaoQuebraNada) {
+    constexpr int porProjeto = 250;
+    int64_t cedo = 0;
+    for (int proximo = 0; feitos < eventos; ++feitos) {
+        if (feitos >= proximo || Faixas().ItemCount() > 60 || Faixas().Count() > 12) {
+            OutroProjeto();
+            proximo = feitos + porProjeto;
+            if (!cedo && feitos > eventos / 5) cedo = alocacoes;
+        }
+        const int este = feitos;
+        const bool noModo = ModoFatiadorAtivo;
+        if (!noModo) hostMexeu = false;
+        if (acaso.Chance(6))
+            EventoDoHost();
+        else
+            EventoDaMao();
+        ConferirEmRepouso();
+        ConferirHistorico(noModo);
+        if (HasFatalFailure()) FAIL() << "at event " << este;
+    }
+    OutroProjeto();
+    std::printf("%d events: the mode %d times, %d dialogs, %d menus; live allocations %lld, at the end %lld\n", feitos,
+                modos, mensagens, menus, static_cast<long long>(cedo), static_cast<long long>(alocacoes));
+    EXPECT_LT(alocacoes, cedo + 200) << "memory grows";
+    EXPECT_GE(modos, eventos / 2000) << "the slicer was hardly tried";
+}
+
+}  // namespace
