@@ -51,6 +51,14 @@ static void ZoomIn(Host& host) {
     ScaleView(host.project.view, 0.5);
 }
 
+static void ZoomInVertically(Host& host) {
+    host.laneHeight = std::min(host.laneHeight * 5 / 4, 600);
+}
+
+static void ZoomOutVertically(Host& host) {
+    host.laneHeight = std::max(host.laneHeight * 4 / 5, 30);
+}
+
 template <int number>
 static void RenderProject(Host& host) {
     if (host.onRender) host.onRender(number);
@@ -79,8 +87,8 @@ static const Action Actions[] = {
     {41622, "Zoom to selected items", ZoomToItems, nullptr, true},
     {1011, "Zoom out horizontally", ZoomOut},
     {1012, "Zoom in horizontally", ZoomIn},
-    {40111, "Zoom in vertically", nullptr},
-    {40112, "Zoom out vertically", nullptr},
+    {40111, "Zoom in vertically", ZoomInVertically},
+    {40112, "Zoom out vertically", ZoomOutVertically},
     {41295, "Duplicate items", nullptr, DuplicateItems},
     {40062, "Duplicate tracks", nullptr, DuplicateTracks},
     {40129, "Delete active take", nullptr, DeleteActiveTake},

@@ -139,6 +139,7 @@ class Host {
     // --- actions and settings
     std::map<int, int> toggles;  // GetToggleCommandState of numbered actions; 1013 follows playState
     TimeRange viewBeforeZoom;    // where action 41622 goes back to
+    int laneHeight = 110;        // of each track, in pixels, as the vertical zoom leaves it
     std::map<std::string, std::vector<char>> configVars, projectConfigVars;  // no address changes while a size stays
     int ConfigInt(const std::string& name) const;  // of configVars; 0 when it is not there or not 4 bytes
     void SetConfigInt(const std::string& name, int value);

@@ -1,0 +1,159 @@
+#include "apps/studio/dialogs.h"
+
+#include "apps/studio/text.h"
+// Below what it builds on.
+#include <commdlg.h>
+
+namespace {
+
+constexpr int FirstField = 100;
+// In dialog units.
+constexpr short Margin = 7, Width = 230, CaptionWidth = 90, RowHeight = 18, FieldHeight = 14, ButtonWidth = 50;
+
+std::vector<std::string> AtCommas(const std::string& text) {
+    std::vector<std::string> parts;
+    for (size_t start = 0;;) {
+        const size_t comma = text.find(',', start);
+        parts.push_back(text.substr(start, comma - start));
+        if (comma == std::string::npos) return parts;
+        start = comma + 1;
+    }
+}
+
+// A dialog's template, as the system reads it: 16-bit words, texts with their zero, each control on a 32-bit boundary.
+class Template {
+  public:
+    Template(const std::string& title, int controls, short height) {
+        Long(DS_MODALFRAME | DS_CENTER | DS_SETFONT | WS_POPUP | WS_CAPTION | WS_SYSMENU);
+        Long(0);
+        for (const int word : {controls, 0, 0, static_cast<int>(Width), static_cast<int>(height), 0, 0}) Word(word);
+        Text(title);
+        Word(9);
+        Text("Segoe UI");
+    }
+    void Control(WORD kind, DWORD style, short x, short y, short w, short h, int id, const std::string& text) {
+        if (words_.size() % 2) Word(0);
+        Long(style | WS_CHILD | WS_VISIBLE);
+        Long(0);
+        for (const int word : {static_cast<int>(x), static_cast<int>(y), static_cast<int>(w), static_cast<int>(h), id})
+            Word(word);
+        Word(0xFFFF);
+        Word(kind);
+        Text(text);
+        Word(0);
+    }
+    const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(words_.data()); }
+
+  private:
+    void Word(int word) { words_.push_back(static_cast<WORD>(word)); }
+    void Long(DWORD value) {
+        Word(LOWORD(value));
+        Word(HIWORD(value));
+    }
+    void Text(const std::string& text) {
+        for (const wchar_t c : Wide(text)) Word(c);
+        Word(0);
+    }
+    std::vector<WORD> words_;
+};
+
+constexpr WORD Button = 0x80, Edit = 0x81, Static = 0x82;
+
+struct Form {
+    size_t fields;
+    std::string answer;
+};
+
+std::string FieldText(HWND dialog, int id) {
+    const HWND field = GetDlgItem(dialog, id);
+    std::wstring text(GetWindowTextLengthW(field) + 1, L'\0');
+    text.resize(GetWindowTextW(field, text.data(), static_cast<int>(text.size())));
+    return Utf8(text);
+}
+
+INT_PTR CALLBACK FormProc(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrA(dialog, DWLP_USER, l);
+        SendDlgItemMessageA(dialog, FirstField, EM_SETSEL, 0, -1);
+        SetFocus(GetDlgItem(dialog, FirstField));
+        return FALSE;  // the focus is set
+    }
+    if (message != WM_COMMAND || (LOWORD(w) != IDOK && LOWORD(w) != IDCANCEL)) return FALSE;
+    Form& form = *reinterpret_cast<Form*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    for (size_t i = 0; i < form.fields; ++i)
+        form.answer += (i ? "," : "") + FieldText(dialog, FirstField + static_cast<int>(i));
+    EndDialog(dialog, LOWORD(w));
+    return TRUE;
+}
+
+// The program's windows, all disabled while this lives.
+class Standstill {
+  public:
+    Standstill() {
+        EnumThreadWindows(
+            GetCurrentThreadId(),
+            [](HWND window, LPARAM list) -> BOOL {
+                if (IsWindowEnabled(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+                return TRUE;
+            },
+            reinterpret_cast<LPARAM>(&windows_));
+        for (const HWND window : windows_) EnableWindow(window, FALSE);
+    }
+    ~Standstill() {
+        for (const HWND window : windows_) EnableWindow(window, TRUE);
+        SetActiveWindow(front_);
+    }
+    Standstill(const Standstill&) = delete;
+    Standstill& operator=(const Standstill&) = delete;
+
+  private:
+    HWND front_ = GetActiveWindow();
+    std::vector<HWND> windows_;
+};
+
+}  // namespace
+
+int ShowMessage(const std::string& text, const std::string& title, int type) {
+    return MessageBoxW(nullptr, Wide(text).c_str(), Wide(title).c_str(), static_cast<UINT>(type) | MB_TASKMODAL);
+}
+
+std::optional<std::string> AskInputs(const simhost::ShownInput& shown) {
+    std::vector<std::string> captions = AtCommas(shown.captions);
+    std::erase_if(captions, [](const std::string& c) { return c.find('=') != std::string::npos; });
+    // A single field keeps the commas that its text has.
+    std::vector<std::string> values = captions.size() == 1 ? std::vector{shown.before} : AtCommas(shown.before);
+    values.resize(captions.size());
+
+    const int rows = static_cast<int>(captions.size());
+    const auto height = static_cast<short>(2 * Margin + (rows + 1) * RowHeight);
+    Template form(shown.title, 2 * rows + 2, height);
+    auto y = Margin;
+    for (int i = 0; i < rows; ++i, y += RowHeight) {
+        form.Control(Static, 0, Margin, static_cast<short>(y + 2), CaptionWidth, FieldHeight, 0, captions[i]);
+        form.Control(Edit, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, Margin + CaptionWidth, y,
+                     Width - CaptionWidth - 2 * Margin, FieldHeight, FirstField + i, values[i]);
+    }
+    form.Control(Button, BS_DEFPUSHBUTTON | WS_TABSTOP, Width - 2 * (ButtonWidth + Margin), y, ButtonWidth, FieldHeight,
+                 IDOK, "OK");
+    form.Control(Button, WS_TABSTOP, Width - ButtonWidth - Margin, y, ButtonWidth, FieldHeight, IDCANCEL, "Cancelar");
+
+    Form filled{captions.size(), ""};
+    const Standstill standstill;
+    const INT_PTR result = DialogBoxIndirectParamW(GetModuleHandleA(nullptr), form.Get(), nullptr, FormProc,
+                                                   reinterpret_cast<LPARAM>(&filled));
+    if (result != IDOK) return std::nullopt;
+    return filled.answer;
+}
+
+std::optional<std::string> AskForRecording(HWND owner) {
+    wchar_t path[32768] = L"";
+    OPENFILENAMEW question{};
+    question.lStructSize = sizeof question;
+    question.hwndOwner = owner;
+    question.lpstrFilter = L"Gravacoes WAV\0*.wav\0Todos os arquivos\0*.*\0";
+    question.lpstrFile = path;
+    question.nMaxFile = static_cast<DWORD>(std::size(path));
+    question.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (!GetOpenFileNameW(&question)) return std::nullopt;
+    return Utf8(path);
+}

@@ -1,0 +1,116 @@
+#include "apps/studio/wave_file.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "apps/studio/multimedia.h"
+#include "apps/studio/text.h"
+
+namespace {
+
+constexpr WORD Pcm = 1, Float = 3, Extensible = 0xFFFE;
+
+struct Format {
+    WORD tag, channels;
+    DWORD rate, bytesPerSecond;
+    WORD frameBytes, bits;
+};
+
+// The sample's bytes, as -1..1; they are least significant first.
+double Sample(const unsigned char* bytes, const Format& format) {
+    if (format.tag == Float) {
+        float value;
+        std::memcpy(&value, bytes, sizeof value);
+        return value;
+    }
+    if (format.bits == 8) return (bytes[0] - 128) / 128.0;  // the only unsigned one
+    uint32_t value = 0;                                     // with the sample's top bit on top
+    for (int i = 0; i < format.bits / 8; ++i) value = value >> 8 | static_cast<uint32_t>(bytes[i]) << 24;
+    return static_cast<int32_t>(value) / 2147483648.0;
+}
+
+class WaveSource : public simhost::Source {
+  public:
+    WaveSource(const Format& format, std::vector<unsigned char> bytes) : format_(format), bytes_(std::move(bytes)) {}
+    int SampleRate() const override { return static_cast<int>(format_.rate); }
+    int Channels() const override { return format_.channels; }
+    int64_t Frames() const override { return static_cast<int64_t>(bytes_.size() / format_.frameBytes); }
+
+  protected:
+    bool ReadInside(int64_t first, int frames, double* out) override {
+        const int width = format_.bits / 8;
+        const unsigned char* from = bytes_.data() + first * format_.frameBytes;
+        for (int64_t i = 0; i < static_cast<int64_t>(frames) * format_.channels; ++i) {
+            out[i] = Sample(from, format_);
+            from += width;
+        }
+        return true;
+    }
+
+  private:
+    Format format_;
+    std::vector<unsigned char> bytes_;
+};
+
+// An open file; closed when it goes.
+class Reader {
+  public:
+    explicit Reader(const std::string& path)
+        : file_(mmioOpenW(Wide(path).data(), nullptr, MMIO_READ | MMIO_ALLOCBUF)) {}
+    ~Reader() {
+        if (file_) mmioClose(file_, 0);
+    }
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+
+    bool Open() const { return file_; }
+    bool EnterWave() {
+        riff_.fccType = mmioFOURCC('W', 'A', 'V', 'E');
+        return mmioDescend(file_, &riff_, nullptr, MMIO_FINDRIFF) == MMSYSERR_NOERROR;
+    }
+    // What the chunk holds of its announced size; empty when there is none of that name.
+    std::vector<unsigned char> Chunk(FOURCC name) {
+        MMCKINFO chunk{};
+        chunk.ckid = name;
+        mmioSeek(file_, static_cast<LONG>(riff_.dwDataOffset + sizeof(FOURCC)), SEEK_SET);
+        if (mmioDescend(file_, &chunk, &riff_, MMIO_FINDCHUNK) != MMSYSERR_NOERROR) return {};
+        const LONG end = mmioSeek(file_, 0, SEEK_END), start = static_cast<LONG>(chunk.dwDataOffset);
+        mmioSeek(file_, start, SEEK_SET);
+        const DWORD there = end > start ? static_cast<DWORD>(end - start) : 0;
+        std::vector<unsigned char> bytes(std::min(chunk.cksize, there));  // a file may be cut short
+        const LONG got = mmioRead(file_, reinterpret_cast<char*>(bytes.data()), static_cast<LONG>(bytes.size()));
+        bytes.resize(got > 0 ? got : 0);
+        return bytes;
+    }
+
+  private:
+    HMMIO file_;
+    MMCKINFO riff_{};
+};
+
+bool Readable(const Format& f) {
+    const bool known = f.tag == Float ? f.bits == 32 : f.tag == Pcm && f.bits % 8 == 0 && f.bits >= 8 && f.bits <= 32;
+    return known && f.channels >= 1 && f.rate >= 1 && f.rate <= 1'000'000 && f.frameBytes == f.channels * f.bits / 8;
+}
+
+}  // namespace
+
+simhost::SourceRef OpenWaveFile(const std::string& path, std::string* error) {
+    const auto refuse = [&](const char* why) {
+        *error = "'" + path + "' " + why;
+        return nullptr;
+    };
+    Reader reader(path);
+    if (!reader.Open()) return refuse("nao pode ser aberto");
+    if (!reader.EnterWave()) return refuse("nao e um arquivo WAV");
+    const std::vector<unsigned char> head = reader.Chunk(mmioFOURCC('f', 'm', 't', ' '));
+    Format format{};
+    std::memcpy(&format, head.data(), std::min(head.size(), sizeof format));
+    constexpr size_t subFormat = 24;  // where an extensible format says what it is
+    if (format.tag == Extensible && head.size() >= subFormat + sizeof format.tag)
+        std::memcpy(&format.tag, head.data() + subFormat, sizeof format.tag);
+    if (!Readable(format)) return refuse("nao e um WAV de amostras PCM");
+    std::vector<unsigned char> bytes = reader.Chunk(mmioFOURCC('d', 'a', 't', 'a'));
+    if (bytes.size() < format.frameBytes) return refuse("nao tem nenhuma amostra");
+    return std::make_shared<WaveSource>(format, std::move(bytes));
+}
