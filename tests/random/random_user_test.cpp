@@ -23,6 +23,7 @@ class UsuarioAleatorio : public Painel {
   protected:
     void SetUp() override {
         Painel::SetUp();
+        MoveWindow(dono, 0, 0, 1200, 900, TRUE);  // so that no frame of its lies behind the panel
         if (const char* pedidos = std::getenv("QUILMO_EVENTS")) eventos = std::atoi(pedidos);
         std::printf("QUILMO_SEED=%u QUILMO_EVENTS=%d\n", acaso.seed, eventos);  // at once: a fault may end the program
         std::fflush(stdout);
@@ -143,9 +144,9 @@ class UsuarioAleatorio : public Painel {
         perto = !acaso.Chance(12);
         Mover(perto ? acaso.In(0, 319) : acaso.In(-2000, 2000), perto ? acaso.In(0, 658) : acaso.In(-2000, 2000));
     }
-    // On a caption the system would begin a loop of its own, which waits for the user.
+    // Not on a caption or a frame, where the system begins a loop of its own that waits for the user.
     void ApertarNoPainel(Button botao) {
-        if (perto) Apertar(botao);
+        if (JanelaPainel && perto) Apertar(botao);
     }
     // What a user's hand does, and what a window hears of: all that can happen while a dialog or a menu is open too.
     void EventoDaMao() {
@@ -194,7 +195,7 @@ class UsuarioAleatorio : public Painel {
     Button UmBotao() { return acaso.Chance(4) ? Button::Right : Button::Left; }
 
     void EventoDoHost() {
-        if (acaso.Chance(2)) SetForegroundWindow(dono);  // else a script, behind the user's back
+        if (acaso.Chance(2)) SetForegroundWindow(outra);  // else a script, behind the user's back
         driver::Pump();
         hostMexeu = true;
         switch (acaso.In(1, 10)) {
