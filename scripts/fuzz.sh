@@ -3,13 +3,13 @@
 # sanitizers. What it has found worth keeping lies in build/fuzz/corpus; an input that fails is written to build/fuzz.
 set -eu
 cd "$(dirname "$0")/.."
-seconds=${1:?usage: fuzz.sh SECONDS [draw|glyph|text ...]}
+seconds=${1:?usage: fuzz.sh SECONDS [draw|glyph|text|files ...]}
 shift
-[ $# -gt 0 ] || set -- draw glyph text
+[ $# -gt 0 ] || set -- draw glyph text files
 cmake -S . -B build/fuzz -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ \
     -DCMAKE_CXX_FLAGS_DEBUG="-O1 -g1 -fsanitize=fuzzer-no-link" -DQUILMO_SANITIZE=ON -DQUILMO_FUZZ=ON >/dev/null
 cmake --build build/fuzz -j2 --target "${@/#/fuzz_}"
-export LSAN_OPTIONS=suppressions=$PWD/tests/leaks.txt:print_suppressions=0
+export LSAN_OPTIONS=print_suppressions=0
 cd build/fuzz
 for target in "$@"; do
     mkdir -p "corpus/$target"

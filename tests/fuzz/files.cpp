@@ -1,0 +1,92 @@
+// The files that the user or another program may have spoilt: the slicer's presets and the panel's place. Whatever is
+// read, what is written afterwards reads back as the same.
+#include <filesystem>
+#include <random>
+#include <string>
+
+#include "panel/state.h"
+#include "panel/window_state.h"
+#include "platform/files.h"
+#include "slicer/presets.h"
+#include "tests/fuzz/byte_eater.h"
+
+namespace {
+
+// A folder of the process's own, which goes with it.
+struct Folder {
+    const std::filesystem::path path =
+        std::filesystem::temp_directory_path() / ("quilmo_fuzz_" + std::to_string(std::random_device{}()));
+    Folder() { std::filesystem::create_directory(path); }
+    ~Folder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path, ignored);
+    }
+};
+
+std::string Content(ByteEater& in) {
+    static const std::string parts[] = {
+        "LAST_USED=", "P1=",   "P6=",   "\n",    "\r\n", ",",    "-37.25",      "55",         "true",
+        " ",          "false", "1e300", "1e999", "nan",  "-inf", "-2147483648", "2147483647", "99999999999999999999",
+        "+",          "-"};
+    std::string text;
+    while (!in.Empty()) {
+        const int n = in.Byte();
+        if (n == 255)
+            text.append(4096, static_cast<char>(in.Byte()));
+        else
+            text += n < 128 ? parts[n % std::size(parts)] : std::string(1, static_cast<char>(in.Byte()));
+    }
+    return text;
+}
+
+void Write(const std::string& path, const std::string& text) {
+    std::FILE* file = OpenFile(path, "wb");
+    if (!file) std::abort();
+    std::fwrite(text.data(), 1, text.size(), file);
+    std::fclose(file);
+}
+
+struct Settings {
+    TabelaDePresets table = {};
+    double db = -37;
+    int ms = 55;
+    bool close = true;
+
+    std::string LoadAndSave(const std::string& folder, const std::string& path) {
+        CarregarPresets(table, db, ms, close, folder);
+        GravarPresets(table, db, ms, close, folder);
+        std::string text;
+        ReadTextFile(path, text);
+        return text;
+    }
+};
+
+void Presets(const std::string& folder, const std::string& text) {
+    const std::string path = folder + PathSeparator + "presets_fatiador.ini";
+    Write(path, text);
+    const std::string once = Settings().LoadAndSave(folder, path);
+    for (size_t start = 0, end; start < once.size(); start = end + 1) {
+        end = once.find('\n', start);
+        if (end > start + 62) return;  // a line that was cut, with its end
+    }
+    if (Settings().LoadAndSave(folder, path) != once) std::abort();
+}
+
+void Place(const std::string& folder, const std::string& text) {
+    CaminhoPainel = folder;
+    Write(CaminhoJanelaIni(), text);
+    int32_t a[4] = {1, 2, 3, 4}, b[4] = {};
+    if (!LerJanelaIni(a[0], a[1], a[2], a[3])) return;
+    GravarJanelaIni(a[0], a[1], a[2], a[3]);
+    if (!LerJanelaIni(b[0], b[1], b[2], b[3]) || !std::equal(a, a + 4, b)) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static const Folder folder;
+    ByteEater in(data, size);
+    const bool presets = in.Bool();
+    (presets ? Presets : Place)(folder.path.string(), Content(in));
+    return 0;
+}
