@@ -52,6 +52,7 @@ static std::string Escapar(const std::string& texto) {
     return escapado;
 }
 
+// False when not all of it could be written: half a script must not run.
 static bool GravarScript(const std::string& caminho) {
     const std::string nome = Escapar(NomeDoProjeto());
     std::FILE* arquivo = OpenFile(caminho, "w");
@@ -62,15 +63,16 @@ static bool GravarScript(const std::string& caminho) {
         "local proj_name = (proj_name_cpp ~= \"\") and proj_name_cpp or os.date(\"Gravacao_%%Y-%%m-%%d_%%Hh%%M\")\n",
         nome.c_str());
     std::fputs(ScriptDeExportacao, arquivo);
-    std::fclose(arquivo);
-    return true;
+    const bool escreveu = !std::ferror(arquivo);
+    return std::fclose(arquivo) == 0 && escreveu;
 }
 
 void RenderPreLeigo() {
     const std::string caminho = CaminhoDoScript();
     EscolherReamostragem();
-    if (!GravarScript(caminho)) return Mensagem("Nao foi possivel criar o script temporario de render.", "Quilmo");
-    if (const int id = host::AddRemoveReaScript(true, 0, caminho.c_str(), true)) {
+    if (!GravarScript(caminho)) {
+        Mensagem("Nao foi possivel criar o script temporario de render.", "Quilmo");
+    } else if (const int id = host::AddRemoveReaScript(true, 0, caminho.c_str(), true)) {
         ExecutarAcao(id);
         host::AddRemoveReaScript(false, 0, caminho.c_str(), true);
     } else {

@@ -158,6 +158,19 @@ TEST_F(Entrada, AcaoDeOutroNaoENossa) {
     EXPECT_EQ(Log().size(), 1u);
 }
 
+TEST_F(Entrada, LogSegueAoFimDeQualquerArquivoECalaSemEle) {
+    const fs::path log = pasta / "quilmo_extension_log.txt";
+    fs::create_directories(log);
+    EXPECT_EQ(Carregar(), 1) << "a folder in the file's place";
+    fs::remove(log);
+    std::ofstream(log, std::ios::binary) << std::string(3 << 20, '\0');
+    RegistrarLog("uma");
+    RegistrarLog("duas");
+    ASSERT_EQ(Log().size(), 2u) << "no line end before the first";
+    EXPECT_EQ(Log()[0].substr((3 << 20) + 22), "uma");
+    EXPECT_EQ(Log()[1].substr(22), "duas");
+}
+
 TEST_F(Entrada, LogSegueAPastaDoMomentoECalaSemEla) {
     ASSERT_EQ(Carregar(), 1);
     const std::string outra = textoDaPasta + "/outra";

@@ -19,12 +19,8 @@ class PainelLugar : public Painel {
         std::fclose(arquivo);
     }
     std::string Gravado() {  // "none" without a file
-        std::FILE* arquivo = OpenFile(CaminhoJanelaIni(), "rb");
-        if (!arquivo) return "none";
-        char texto[200];
-        const size_t lidos = std::fread(texto, 1, sizeof texto, arquivo);
-        std::fclose(arquivo);
-        return {texto, lidos};
+        std::string texto;
+        return ReadTextFile(CaminhoJanelaIni(), texto) ? texto : "none";
     }
     static std::string Texto(const RECT& r) {
         return std::to_string(r.left) + " " + std::to_string(r.top) + " " + std::to_string(r.right - r.left) + " " +
@@ -34,8 +30,9 @@ class PainelLugar : public Painel {
 
 TEST_F(PainelLugar, CadaArquivoTemSeuLugar) {
     constexpr int padraoX = 1100 - 340 - 20, padraoY = 40;  // at the host's right edge
+    using namespace std::string_literals;
     static const struct {
-        const char* conteudo;
+        std::string conteudo;
         int x, y;
     } casos[] = {
         {"100 200", 100, 200},
@@ -66,6 +63,11 @@ TEST_F(PainelLugar, CadaArquivoTemSeuLugar) {
         {"500.5 300", padraoX, padraoY},
         {"99999999999999999999 300", padraoX, padraoY},
         {"3000000000 300", padraoX, padraoY},
+        {"100 150\0 340 699"s, 100, 150},
+        {"100\0 150 340 699"s, padraoX, padraoY},
+        {std::string(3 << 20, '9'), padraoX, padraoY},
+        {std::string(3 << 20, ' ') + "100 150", padraoX, padraoY},  // nobody reads that far
+        {"100 150 340 699" + std::string(3 << 20, '\0'), 100, 150},
     };
     for (const auto& caso : casos) {
         Gravar(caso.conteudo);

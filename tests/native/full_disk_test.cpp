@@ -1,0 +1,68 @@
+// A disk that is full, at once or in the middle of a file.
+#include <sys/resource.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "host/log.h"
+#include "render/render.h"
+#include "slicer/presets.h"
+#include "slicer/preview.h"
+#include "tests/support/environment.h"
+#include "tests/support/panel_scene.h"
+#include "tests/support/story.h"
+
+namespace {
+
+// While it lives, no file grows beyond so many bytes.
+class DiscoCheio {
+  public:
+    explicit DiscoCheio(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);  // the write fails instead
+        getrlimit(RLIMIT_FSIZE, &antes_);
+        const rlimit cheio = {bytes, antes_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &cheio);
+    }
+    ~DiscoCheio() {
+        setrlimit(RLIMIT_FSIZE, &antes_);
+        std::signal(SIGXFSZ, SIG_DFL);
+    }
+
+  private:
+    rlimit antes_;
+};
+
+TEST_F(Painel, ComODiscoCheioTudoSegueENadaRodaPelaMetade) {
+    SetEnvironment("TEMP", host.resourcePath);
+    const std::string script = host.resourcePath + "/~quilmo_desktop_temp.lua";
+    for (const rlim_t bytes : {0, 3, 11, 64, 2000}) {
+        SCOPED_TRACE(bytes);
+        Projeto("1: a 0-1 *");
+        {
+            DiscoCheio cheio(bytes);
+            Abrir();
+            EntrarModoFatiador();
+            SalvarPreset(PresetsFatiador, 2, -20, 10, true, host.resourcePath);
+            EXPECT_TRUE(ModoFatiadorAtivo);
+            Fechar();
+            RegistrarLog("perdida");
+            RenderPreLeigo();
+        }
+        EXPECT_FALSE(ModoFatiadorAtivo);
+        EXPECT_EQ(Mensagens(), "Quilmo: Nao foi possivel criar o script temporario de render.");
+        EXPECT_TRUE(host.scripts.empty() && host.scriptsRun.empty());
+        EXPECT_FALSE(std::filesystem::exists(script));
+
+        Abrir();
+        EXPECT_TRUE(JanelaPainelAberta()) << "whatever is left of its file";
+        PresetsCarregados = false;
+        EntrarModoFatiador();
+        EXPECT_TRUE(ModoFatiadorAtivo);
+        Fechar();
+        RenderPreLeigo();
+        EXPECT_EQ(host.scriptsRun.size(), 1u);
+        host.scriptsRun.clear();
+    }
+}
+
+}  // namespace
