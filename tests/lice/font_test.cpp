@@ -23,8 +23,10 @@ std::string Show(const RECT& r) {
 std::string AnyText(Random& random) {
     std::string text;
     for (int i = random.In(0, 12); i > 0; --i)
-        text += random.Of({"A", "j", "Wa", "fi", " ", " ", "\n", "\r", "\t", ".", "\xC3\xA9", "e\xCC\x81",
-                           "\xE2\x82\xAC", "\xF0\x9F\x8E\xB5", "\xFF", "\xC3", "\xE2\x82", "\x01", "\xCC\x81"});
+        text += random.Of({"A",        "j",         "Wa",           "fi",           " ",
+                           " ",        "\n",        "\r",           "\t",           ".",
+                           "\xC3\xA9", "e\xCC\x81", "\xE2\x82\xAC", "\xE0\x81\xA5", "\xF0\x9F\x8E\xB5",
+                           "\xFF",     "\xC3",      "\xE2\x82",     "\x01",         "\xCC\x81"});
     return text;
 }
 

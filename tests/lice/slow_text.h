@@ -87,7 +87,7 @@ class SlowFont {
         for (size_t i = 0; i < bytes.size();) {
             Letter letter = one(i);
             const Letter next = one(i + letter.end);
-            if (letter.code < 128 && std::isalpha(static_cast<int>(letter.code)) && bytes.size() - i > 2 &&
+            if (letter.end == 1 && std::isalpha(static_cast<int>(letter.code)) && bytes.size() - i > 2 &&
                 next.code >= 0x300 && next.code < 0x370)
                 letter = {letter.code | next.code << 20, 1 + next.end};
             i += letter.end;
