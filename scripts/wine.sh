@@ -1,12 +1,19 @@
 #!/usr/bin/env bash
-# Runs a Windows program under Wine, on a virtual display, in a prefix inside the build folder.
+# Runs a Windows program under Wine, on a virtual display, in a prefix inside the build folder. With --janela in front it
+# is for a person: on the display that there is, in a prefix of its own, whose windows have frames.
 set -eu
 here=$(cd "$(dirname "$0")/.." && pwd)
-export WINEPREFIX="${WINEPREFIX:-$here/build/windows/wineprefix}"
+prefix=wineprefix seen=
+if [ "$1" = --janela ]; then
+    shift
+    [ -z "${DISPLAY:-}" ] || prefix=wineprefix-janela seen=yes
+fi
+export WINEPREFIX="${WINEPREFIX:-$here/build/windows/$prefix}"
 export WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
 mkdir -p "$WINEPREFIX"
 wine=/usr/lib/wine/wine64
 [ -x "$wine" ] || wine=$(command -v wine64 || command -v wine)
+[ -z "$seen" ] || exec "$wine" "$@"
 # The display has no window manager; unless windows are unmanaged, Wine waits two seconds for one at each that is shown.
 settle='[ -e "$WINEPREFIX/.unmanaged" ] ||
     { "$0" reg add "HKCU\\Software\\Wine\\X11 Driver" /v Managed /d N /f >/dev/null && touch "$WINEPREFIX/.unmanaged"; }'

@@ -24,7 +24,7 @@ std::vector<std::string> AtCommas(const std::string& text) {
 class Template {
   public:
     Template(const std::string& title, int controls, short height) {
-        Long(DS_MODALFRAME | DS_CENTER | DS_SETFONT | WS_POPUP | WS_CAPTION | WS_SYSMENU);
+        Long(DS_MODALFRAME | DS_CENTER | DS_SETFONT | WS_POPUP | WS_VISIBLE | WS_CAPTION | WS_SYSMENU);
         Long(0);
         for (const int word : {controls, 0, 0, static_cast<int>(Width), static_cast<int>(height), 0, 0}) Word(word);
         Text(title);

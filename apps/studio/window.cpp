@@ -19,6 +19,7 @@ constexpr UINT ClockMs = 33;
 constexpr int DragSlack = 3;  // pixels that a click may move
 constexpr double WheelZoom = 1.25, WheelScroll = 0.1;
 constexpr int FirstCommand = 100, FirstRegistered = 1000;  // menu numbers: the studio's commands, the extension's
+constexpr int SnapOff = 40753;  // the extension's opening asks for it each time; nothing snaps here, so nothing is told
 constexpr COLORREF PlayColour = RGB(120, 230, 120);
 
 }  // namespace
@@ -352,7 +353,7 @@ void StudioWindow::Transport(double seconds) {
 void StudioWindow::TellActions() {
     for (; actionsTold_ < host_.actionsRun.size(); ++actionsTold_) {
         const simhost::Action* action = simhost::FindAction(host_.actionsRun[actionsTold_]);
-        if (!action || action->run || action->edit || action->toggles) continue;
+        if (!action || action->number == SnapOff || action->run || action->edit || action->toggles) continue;
         const std::string text = std::string(Title) + " - a acao " + std::to_string(action->number) + " (" +
                                  action->name + ") nao tem efeito neste host";
         SetWindowTextA(window_, text.c_str());
