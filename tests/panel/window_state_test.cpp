@@ -2,6 +2,7 @@
 #include "panel/window_state.h"
 
 #include <filesystem>
+#include <fstream>
 
 #include "platform/files.h"
 #include "tests/support/panel_scene.h"
@@ -19,8 +20,9 @@ class PainelLugar : public Painel {
         std::fclose(arquivo);
     }
     std::string Gravado() {  // "none" without a file
-        std::string texto;
-        return ReadTextFile(CaminhoJanelaIni(), texto) ? texto : "none";
+        std::ifstream arquivo(std::filesystem::u8path(CaminhoJanelaIni()), std::ios::binary);
+        if (!arquivo) return "none";
+        return {std::istreambuf_iterator<char>(arquivo), {}};
     }
     static std::string Texto(const RECT& r) {
         return std::to_string(r.left) + " " + std::to_string(r.top) + " " + std::to_string(r.right - r.left) + " " +
