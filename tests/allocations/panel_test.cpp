@@ -1,7 +1,7 @@
 // A pass of the panel allocates nothing once everything has been drawn once: not in the module, nor in what stands in
 // for the system, nor in the host's answers.
 #include "slicer/preview.h"
-#include "tests/allocations/counter.h"
+#include "tests/counting_new.h"
 #include "tests/support/panel_scene.h"
 
 namespace {
@@ -17,9 +17,9 @@ class SemAlocar : public Painel {
     }
     int64_t AlocacoesDeUmPasseio() {
         Passear();
-        const int64_t antes = Allocations();
+        const int64_t antes = AllocationsMade();
         Passear();
-        return Allocations() - antes;
+        return AllocationsMade() - antes;
     }
 };
 
@@ -36,10 +36,10 @@ TEST_F(SemAlocar, NenhumPasseAlocaDepoisDoPrimeiro) {
     EXPECT_EQ(AlocacoesDeUmPasseio(), 0) << "its prompt";
     ModoFatiadorAtivo = false;
 
-    const int64_t antes = Allocations();
+    const int64_t antes = AllocationsMade();
     Fechar();
     Abrir();
-    EXPECT_GT(Allocations(), antes) << "the counter counts";
+    EXPECT_GT(AllocationsMade(), antes) << "the counter counts";
 }
 
 }  // namespace

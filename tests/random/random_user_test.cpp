@@ -11,8 +11,8 @@
 #include "panel/status.h"
 #include "slicer/bounce.h"
 #include "slicer/preview.h"
+#include "tests/counting_new.h"
 #include "tests/lice/support.h"
-#include "tests/random/live_allocations.h"
 #include "tests/support/panel_scene.h"
 
 namespace {
@@ -130,7 +130,7 @@ class UsuarioAleatorio : public Painel {
     void OutroProjeto() {
         if (JanelaPainel) Fechar();
         ProjetoNovo();
-        alocacoes = LiveAllocations();
+        alocacoes = AllocationsAlive();
         for (int n = acaso.In(0, 8); n > 0; --n) MaisUmItem();
         host.StartHistory();
     }
