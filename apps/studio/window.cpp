@@ -86,6 +86,9 @@ StudioWindow::StudioWindow(const std::string& resourceFolder) {
         ShowMessage("A exportacao roda um script Lua, que este programa nao sabe rodar no Windows.", Title,
                     MB_ICONINFORMATION);
     };
+    host_.onRender = [](int) {
+        ShowMessage("Este programa toca o projeto, mas nao grava arquivos de audio.", Title, MB_ICONINFORMATION);
+    };
     BuildMenus();
     ShowWindow(window_, SW_SHOW);
     lastTick_ = GetTickCount64();

@@ -1,0 +1,115 @@
+#include "apps/studio/window.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/studio/wave_writer.h"
+#include "tests/support/desktop_driver.h"
+
+namespace {
+
+// The window with a recording of ten seconds: sound, two seconds of pause, sound.
+class Studio : public testing::Test {
+  protected:
+    void SetUp() override {
+        std::string error;
+        ASSERT_TRUE(window.LoadPlugin(&error)) << error;
+        WaveText wave{1, 1, 8, 8000, {}};
+        for (int i = 0; i < 80000; ++i) wave.samples += i / 16000 == 2 ? '\x80' : i / 4 % 2 ? '\xC0' : '\x40';
+        window.Open(WriteWave("fala.wav", wave));
+        driver::Pump();
+    }
+    void TearDown() override { EXPECT_TRUE(host.Check()) << host.FirstViolation(); }
+
+    LRESULT Send(UINT message, WPARAM w, POINT at) {
+        return SendMessageA(host.mainWindow, message, w, MAKELPARAM(at.x, at.y));
+    }
+    void Drag(POINT from, POINT to) {
+        Send(WM_LBUTTONDOWN, 0, from);
+        Send(WM_MOUSEMOVE, 0, to);
+        Send(WM_LBUTTONUP, 0, to);
+    }
+    POINT At(double time, int y = 90) const { return {view.ColumnOf(time), y}; }
+    // The entry's text as the menu shows it when it is opened; chosen, if asked for.
+    std::string Entry(int menu, int position, bool choose = false) {
+        const HMENU popup = GetSubMenu(GetMenu(host.mainWindow), menu);
+        SendMessageA(host.mainWindow, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup), 0);
+        char text[100] = "";
+        GetMenuStringA(popup, static_cast<UINT>(position), text, sizeof text, MF_BYPOSITION);
+        if (choose) SendMessageA(host.mainWindow, WM_COMMAND, GetMenuItemID(popup, position), 0);
+        return text;
+    }
+
+    StudioWindow window{std::filesystem::temp_directory_path().string()};
+    simhost::Host& host = window.Host();
+    View view = [this] {
+        RECT client;
+        GetClientRect(host.mainWindow, &client);
+        View same(host);
+        same.Resize(client.right, client.bottom);
+        return same;
+    }();
+};
+
+TEST_F(Studio, MouseSelectsMovesTheCursorAndTheTimeSelection) {
+    const simhost::Item& item = *host.project.tracks.ItemAt(0);
+    const double pixel = view.TimeAt(501) - view.TimeAt(500);
+    Drag(At(3, 400), At(3, 400));
+    EXPECT_FALSE(item.selected) << "below the tracks there is nothing to select";
+    EXPECT_NEAR(host.project.cursor, 3, pixel);
+    Drag(At(7), At(7));
+    EXPECT_TRUE(item.selected);
+    EXPECT_NEAR(host.project.cursor, 7, pixel);
+
+    Drag(At(6), At(2));  // to the left
+    EXPECT_NEAR(host.project.timeSelection.start, 2, pixel);
+    EXPECT_NEAR(host.project.timeSelection.end, 6, pixel);
+    EXPECT_EQ(host.project.loop, host.project.timeSelection);
+    EXPECT_NEAR(host.project.cursor, 7, pixel) << "a drag leaves the cursor";
+
+    Drag({20, 90}, {20, 90});  // on the track's name
+    EXPECT_TRUE(host.project.tracks.At(0)->selected);
+}
+
+TEST_F(Studio, WheelZoomsAroundTheMouseAndScrollsNoFurtherThanTheStart) {
+    const POINT at = At(4);
+    POINT screen = at;
+    ClientToScreen(host.mainWindow, &screen);
+    const double before = view.TimeAt(at.x), seconds = host.project.view.end - host.project.view.start;
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), screen);
+    EXPECT_NEAR(view.TimeAt(at.x), before, 1e-9);
+    EXPECT_NEAR(host.project.view.end - host.project.view.start, seconds / 1.25, 1e-9);
+    for (int i = 0; i < 50; ++i) Send(WM_MOUSEWHEEL, MAKEWPARAM(MK_SHIFT, WHEEL_DELTA), screen);
+    EXPECT_EQ(host.project.view.start, 0);
+    EXPECT_NEAR(host.project.view.end, seconds / 1.25, 1e-9);
+}
+
+TEST_F(Studio, EditsOfTheModuleAreUndoneAndRedoneByTheMenuThatNamesThem) {
+    EXPECT_EQ(Entry(1, 0), "Desfazer: Abrir fala.wav\tCtrl+Z");
+    const auto autoSplit = reinterpret_cast<bool (*)(bool, int, double)>(host.ApiFunction("Quilmo_AutoSplit"));
+    ASSERT_TRUE(autoSplit(false, 55, -37));
+    EXPECT_EQ(host.project.tracks.ItemCount(), 2);
+    const std::string undo = Entry(1, 0, true);
+    EXPECT_EQ(undo.find("Desfazer: "), 0u);
+    EXPECT_EQ(host.project.tracks.ItemCount(), 1);
+    EXPECT_EQ(Entry(1, 1, true), "Refazer: " + undo.substr(10, undo.find('\t') - 10) + "\tCtrl+Y");
+    EXPECT_EQ(host.project.tracks.ItemCount(), 2);
+}
+
+TEST_F(Studio, KeyAOpensThePanelAndSpacePlays) {
+    MSG key{host.mainWindow, WM_KEYDOWN, 'A', 1, 0, {}};
+    EXPECT_TRUE(window.TakeKey(key));
+    const HWND panel = FindWindowA(nullptr, "Quilmo");
+    ASSERT_TRUE(panel);
+    EXPECT_EQ(GetWindow(panel, GW_OWNER), host.mainWindow);
+    key.hwnd = panel;  // also from there
+    key.wParam = VK_SPACE;
+    EXPECT_TRUE(window.TakeKey(key));
+    const double start = host.playPosition;
+    for (int i = 0; i < 3; ++i) ASSERT_TRUE(driver::AwaitTimer(host.mainWindow, 1));
+    EXPECT_GT(host.playPosition, start);
+    DestroyWindow(panel);
+}
+
+}  // namespace
