@@ -102,18 +102,20 @@ struct Peak {
 };
 
 // The extremes of what the item plays in each of the columns from x0 on, each `step` seconds wide.
-std::vector<Peak> Peaks(const Item& item, double from, double step, int columns) {
+std::vector<Peak> Peaks(const Item& item, double from, double step, int columns, int columnFrames) {
     std::vector<Peak> peaks(std::max(columns, 0));
     const Take* take = item.Active();
     if (!take || !take->source || take->source->SampleRate() <= 0) return peaks;
     const int rate = take->source->SampleRate(), channels = take->source->Channels();
-    constexpr int block = 8192;
+    const int frames = std::max(1, static_cast<int>(step * rate));
+    const bool sparse = columnFrames > 0 && frames > columnFrames;
+    constexpr int pieces = 8;
+    const int block = sparse ? std::max(1, columnFrames / pieces) : 8192, hop = sparse ? frames / pieces : block;
     std::vector<double> samples(static_cast<size_t>(block) * channels);
     for (size_t i = 0; i < peaks.size(); ++i) {
         const double start = from + i * step;
-        const int frames = std::max(1, static_cast<int>(step * rate));
-        for (int done = 0, n; done < frames; done += n) {
-            n = std::min(block, frames - done);
+        for (int done = 0; done < frames; done += hop) {
+            const int n = std::min(block, frames - done);
             if (!ReadTake(*take, rate, channels, start + static_cast<double>(done) / rate, n, samples.data())) break;
             const auto [low, high] =
                 std::minmax_element(samples.begin(), samples.begin() + static_cast<size_t>(n) * channels);
@@ -146,8 +148,10 @@ void PaintItem(const Canvas& c, const Item& item, int top, int height) {
     c.Fill(left, top, width, title, 0xFF000000, 0.25f);
 
     const int middle = top + title + (height - title) / 2, reach = (height - title) / 2 - 2;
-    const double step = 1 / c.PixelsPerSecond();
-    const std::vector<Peak> peaks = Peaks(item, c.TimeAt(left) - item.position, step, width);
+    // No sound from outside the item, however short it is.
+    const double from = std::max(0.0, c.TimeAt(left) - item.position);
+    const double step = std::min(1 / c.PixelsPerSecond(), item.length);
+    const std::vector<Peak> peaks = Peaks(item, from, step, width, c.layout.columnFrames);
     for (int i = 0; i < width; ++i) {
         const auto y = [&](double level) { return middle - static_cast<int>(std::clamp(level, -1.0, 1.0) * reach); };
         c.Fill(left + i, y(peaks[i].high), 1, y(peaks[i].low) - y(peaks[i].high) + 1, WaveColour, 0.9f * strength);
@@ -156,8 +160,12 @@ void PaintItem(const Canvas& c, const Item& item, int top, int height) {
     const double out = item.autoFadeOut >= 0 ? item.autoFadeOut : item.fadeOut;
     PaintFade(c, item.position, item.position + in, top, top + height - 1);
     PaintFade(c, item.End(), item.End() - out, top, top + height - 1);
-    if (item.selected) LICE_DrawRect(c.bm, left, top, width - 1, height - 1, BrightText, 0.9f, LICE_BLIT_MODE_COPY);
-    c.Line(left, top, left, top + height - 1, Divider, 1.0f, false);
+    // Of an item that is only a sliver, its edges would be all that one sees.
+    const bool sliver = width < 4;
+    if (item.selected && sliver) c.Fill(left, top, width, 2, BrightText);
+    if (item.selected && !sliver)
+        LICE_DrawRect(c.bm, left, top, width - 1, height - 1, BrightText, 0.9f, LICE_BLIT_MODE_COPY);
+    if (!sliver) c.Line(left, top, left, top + height - 1, Divider, 1.0f, false);
     if (width > 24) Write(c, BaseName(item.Name()), {left + 5, top + 1, right - 3, top + title}, BrightText, 11);
 }
 

@@ -9,6 +9,7 @@ constexpr double ShortestView = 0.01, LongestView = 24 * 3600.0;
 
 simhost::ArrangementLayout View::Layout() const {
     simhost::ArrangementLayout layout;
+    layout.columnFrames = 4096;  // an hour of sound has to be painted while the wheel turns
     const int tracks = std::max(1, host_.project.tracks.Count());
     layout.laneHeight = std::min(host_.laneHeight, std::max(24, (height_ - layout.rulerHeight) / tracks));
     return layout;

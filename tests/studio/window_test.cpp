@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
 
 #include "tests/studio/wave_writer.h"
@@ -83,6 +84,28 @@ TEST_F(Studio, WheelZoomsAroundTheMouseAndScrollsNoFurtherThanTheStart) {
     for (int i = 0; i < 50; ++i) Send(WM_MOUSEWHEEL, MAKEWPARAM(MK_SHIFT, WHEEL_DELTA), screen);
     EXPECT_EQ(host.project.view.start, 0);
     EXPECT_NEAR(host.project.view.end, seconds / 1.25, 1e-9);
+}
+
+TEST_F(Studio, FilesDroppedGetATrackEachAndTheLastIsSelected) {
+    const std::wstring names = L"fala.wav" + std::wstring(1, 0) + L"fala.wav" + std::wstring(2, 0);
+    struct Dropped {
+        DWORD offset = sizeof(Dropped);
+        POINT at{};
+        BOOL outside = FALSE, wide = TRUE;
+    };
+    const HGLOBAL drop = GlobalAlloc(GMEM_MOVEABLE, sizeof(Dropped) + names.size() * sizeof(wchar_t));
+    ASSERT_TRUE(drop);
+    auto* head = static_cast<Dropped*>(GlobalLock(drop));
+    *head = {};
+    std::memcpy(static_cast<void*>(head + 1), names.data(), names.size() * sizeof(wchar_t));
+    GlobalUnlock(drop);
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(std::filesystem::temp_directory_path());
+    SendMessageA(host.mainWindow, WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
+    std::filesystem::current_path(before);
+    EXPECT_EQ(host.project.tracks.Count(), 3);
+    EXPECT_EQ(host.project.tracks.SelectedCount(), 1) << "only the last";
+    EXPECT_TRUE(host.project.tracks.At(2)->items[0]->selected);
 }
 
 TEST_F(Studio, EditsOfTheModuleAreUndoneAndRedoneByTheMenuThatNamesThem) {
