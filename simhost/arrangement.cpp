@@ -107,7 +107,7 @@ std::vector<Peak> Peaks(const Item& item, double from, double step, int columns,
     const Take* take = item.Active();
     if (!take || !take->source || take->source->SampleRate() <= 0) return peaks;
     const int rate = take->source->SampleRate(), channels = take->source->Channels();
-    const int frames = std::max(1, static_cast<int>(step * rate));
+    const int frames = static_cast<int>(std::clamp(step * rate, 1.0, 2e9));
     const bool sparse = columnFrames > 0 && frames > columnFrames;
     constexpr int pieces = 8;
     const int block = sparse ? std::max(1, columnFrames / pieces) : 8192, hop = sparse ? frames / pieces : block;
