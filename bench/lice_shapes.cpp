@@ -6,6 +6,7 @@
 #include <functional>
 #include <numbers>
 
+#include "bench/cairo_path.h"
 #include "bench/ratios.h"
 #include "lice/circle.h"
 #include "lice/fill.h"
@@ -44,16 +45,6 @@ void Cairo(benchmark::State& state, bool fill, cairo_antialias_t antialias, floa
     }
     cairo_destroy(cr);
     cairo_surface_destroy(surface);
-}
-
-void RoundedPath(cairo_t* cr, double x, double y, double w, double h, double r) {
-    constexpr double quarter = std::numbers::pi / 2;
-    cairo_new_sub_path(cr);
-    cairo_arc(cr, x + w - r, y + r, r, -quarter, 0);
-    cairo_arc(cr, x + w - r, y + h - r, r, 0, quarter);
-    cairo_arc(cr, x + r, y + h - r, r, quarter, 2 * quarter);
-    cairo_arc(cr, x + r, y + r, r, 2 * quarter, 3 * quarter);
-    cairo_close_path(cr);
 }
 
 void RoundedFillOurs(benchmark::State& state) {

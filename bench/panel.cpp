@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/cairo_path.h"
 #include "bench/ratios.h"
 #include "host/entry.h"
 #include "panel/grid.h"
@@ -100,16 +101,6 @@ std::vector<Box> Scene() {
     }
     for (int i = 0; i < 9; ++i) boxes.push_back({8 + 34 * i, 179, 30, 36, std::string(1, "1234567+-"[i]), Icon::None});
     return boxes;
-}
-
-void RoundedPath(cairo_t* cr, double x, double y, double w, double h, double r) {
-    constexpr double quarter = std::numbers::pi / 2;
-    cairo_new_sub_path(cr);
-    cairo_arc(cr, x + w - r, y + r, r, -quarter, 0);
-    cairo_arc(cr, x + w - r, y + h - r, r, 0, quarter);
-    cairo_arc(cr, x + r, y + h - r, r, quarter, 2 * quarter);
-    cairo_arc(cr, x + r, y + r, r, 2 * quarter, 3 * quarter);
-    cairo_close_path(cr);
 }
 
 void DrawLabel(cairo_t* cr, const Box& box, int size) {

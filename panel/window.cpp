@@ -51,8 +51,7 @@ static void PararRepeticao(HWND janela) {
 }
 
 // A press is a pass of its own, so that its click is neither lost nor counted twice.
-static void Apertou(HWND janela, bool& seguro) {
-    seguro = true;
+static void Apertou(HWND janela) {
     Invalidar(janela);
     UpdateWindow(janela);
     if (AcaoRepetir) SetTimer(janela, TimerDeRepeticao, PeriodoDeRepeticaoMs, nullptr);
@@ -61,7 +60,6 @@ static void Apertou(HWND janela, bool& seguro) {
 static void Soltou(HWND janela, bool& seguro) {
     seguro = false;
     PararRepeticao(janela);
-    Invalidar(janela);
 }
 
 static void Repetir(HWND janela) {
@@ -105,19 +103,23 @@ LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wParam, LPA
             return 0;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
+            Mouse.esquerdoSeguro = true;
             SetCapture(janela);
-            Apertou(janela, Mouse.esquerdoSeguro);
+            Apertou(janela);
             return 0;
         case WM_LBUTTONUP:
             Soltou(janela, Mouse.esquerdoSeguro);
             if (GetCapture() == janela) ReleaseCapture();
+            Invalidar(janela);
             return 0;
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
-            Apertou(janela, Mouse.direitoSeguro);
+            Mouse.direitoSeguro = true;
+            Apertou(janela);
             return 0;
         case WM_RBUTTONUP:
             Soltou(janela, Mouse.direitoSeguro);
+            Invalidar(janela);
             return 0;
         case WM_MOUSEWHEEL:
             return 0;
