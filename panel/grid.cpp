@@ -1,11 +1,15 @@
 #include "panel/grid.h"
 
-#include "panel/state.h"
 #include "panel/status.h"
 
 PosicaoNaGrade PosicaoGrade(int coluna, int vao) {
     constexpr int margem = 8, celula = 35, fresta = 4;
     return {(coluna - 1) * (celula + fresta) + margem, vao * celula + (vao - 1) * fresta};
+}
+
+Celula CelulaGrade(const ContextoGrade& contexto, int coluna, int vao) {
+    const auto [x, w] = PosicaoGrade(coluna, vao);
+    return {x, contexto.y, w, contexto.h};
 }
 
 ResultadoBotao BotaoDireto(ContextoGrade& contexto, const Celula& c, const AspectoBotao& aspecto) {
@@ -14,24 +18,21 @@ ResultadoBotao BotaoDireto(ContextoGrade& contexto, const Celula& c, const Aspec
     return resultado;
 }
 
-static void Executar(Comando comando, const char* nome) {
-    if (!comando) return;
-    comando();
-    StatusExecutado(nome);
+static void Executar(const Clique& clique) {
+    if (!clique.comando) return;
+    clique.comando();
+    StatusExecutado(clique.nome);
 }
 
-void BotaoComComando(ContextoGrade& contexto, const Celula& c, const BotaoDePagina& botao) {
-    const ResultadoBotao resultado = BotaoDireto(contexto, c, botao.aspecto);
-    if (resultado.cliqueEsquerdo) Executar(botao.comando, botao.nome);
-    if (resultado.cliqueDireito) Executar(botao.comandoDireito, botao.nomeDireito ? botao.nomeDireito : botao.nome);
-    if (!botao.repete || !resultado.sobre) return;
-    if (contexto.mouse.esquerdoSeguro)
-        AcaoRepetir = botao.comando;
-    else if (contexto.mouse.direitoSeguro)
-        AcaoRepetir = botao.comandoDireito;
+ResultadoBotao BotaoComComandos(ContextoGrade& contexto, const Celula& c, const AspectoBotao& aspecto, Clique esquerdo,
+                                Clique direito) {
+    const ResultadoBotao resultado = BotaoDireto(contexto, c, aspecto);
+    if (resultado.cliqueEsquerdo) Executar(esquerdo);
+    if (resultado.cliqueDireito) Executar(direito);
+    return resultado;
 }
 
-void BotaoGrade(ContextoGrade& contexto, int coluna, int vao, int h, int y, const BotaoDePagina& botao) {
-    const auto [x, w] = PosicaoGrade(coluna, vao);
-    BotaoComComando(contexto, {x, y, w, h}, botao);
+ResultadoBotao BotaoGrade(ContextoGrade& contexto, int coluna, int vao, const AspectoBotao& aspecto, Clique esquerdo,
+                          Clique direito) {
+    return BotaoComComandos(contexto, CelulaGrade(contexto, coluna, vao), aspecto, esquerdo, direito);
 }

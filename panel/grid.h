@@ -1,16 +1,14 @@
 // panel/grid.h
-// The pages' grid of eight columns, the buttons placed on it, and the rows that are tables of such buttons. A button of
-// the grid runs its own command and writes the status line.
+// The pages' grid of eight columns, and the buttons that run their own commands and write the status line.
 #pragma once
 #include "panel/widgets.h"
-
-using Comando = void (*)();
 
 // What the widgets of one pass share.
 struct ContextoGrade {
     LICE_IBitmap* bm;
     const EstadoMouse& mouse;
     const char* dica = nullptr;  // the tooltip of the widget hovered last in this pass
+    int y = 0, h = 0;            // of the row that is being drawn
 };
 
 struct PosicaoNaGrade {
@@ -18,20 +16,19 @@ struct PosicaoNaGrade {
 };
 // column is 1 to 8; span counts the cells that the widget covers.
 PosicaoNaGrade PosicaoGrade(int coluna, int vao);
+Celula CelulaGrade(const ContextoGrade& contexto, int coluna, int vao);  // in the row that is being drawn
 
 // A direct button: the page handles its result itself. Its tooltip counts like any other.
 ResultadoBotao BotaoDireto(ContextoGrade& contexto, const Celula& c, const AspectoBotao& aspecto);
 
-// A button with what its clicks run, and how the status line then calls it: "Action_<number>" for a bare host action.
-struct BotaoDePagina {
-    AspectoBotao aspecto;
-    const char* nome = "";
-    Comando comando = nullptr;          // null: that click does nothing
-    const char* nomeDireito = nullptr;  // null: as `nome`
-    Comando comandoDireito = nullptr;
-    bool repete = false;  // while held, the command runs again with each tick of timer 2
+// What a click runs, and how the status line then calls it.
+struct Clique {
+    const char* nome = nullptr;
+    void (*comando)() = nullptr;  // null: the click does nothing
 };
 
 // Draws the button, runs the command of a click, and writes the status after it, whatever the command did.
-void BotaoComComando(ContextoGrade& contexto, const Celula& c, const BotaoDePagina& botao);
-void BotaoGrade(ContextoGrade& contexto, int coluna, int vao, int h, int y, const BotaoDePagina& botao);
+ResultadoBotao BotaoComComandos(ContextoGrade& contexto, const Celula& c, const AspectoBotao& aspecto, Clique esquerdo,
+                                Clique direito = {});
+ResultadoBotao BotaoGrade(ContextoGrade& contexto, int coluna, int vao, const AspectoBotao& aspecto, Clique esquerdo,
+                          Clique direito = {});

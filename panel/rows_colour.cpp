@@ -10,10 +10,9 @@ static constexpr CorBase PaletaCores[15] = {
     {119, 146, 165}, {39, 190, 171},  {240, 75, 75},   {255, 130, 45},  {60, 220, 110},
 };
 
-static void Amostra(ContextoGrade& contexto, int coluna, int y, CorBase cor) {
-    const auto [x, w] = PosicaoGrade(coluna, 1);
+static void Amostra(ContextoGrade& contexto, int coluna, CorBase cor) {
     const AspectoBotao aspecto = {.rotulo = "", .cor = cor, .dica = "E: COR DO ITEM | D: COR DA TRACK"};
-    const ResultadoBotao botao = BotaoDireto(contexto, {x, y, w, AlturaDaLinha}, aspecto);
+    const ResultadoBotao botao = BotaoDireto(contexto, CelulaGrade(contexto, coluna, 1), aspecto);
     if (botao.cliqueEsquerdo) {
         AplicarCorItens(cor.r, cor.g, cor.b);
         StatusExecutado("AplicarCorItens");
@@ -24,18 +23,14 @@ static void Amostra(ContextoGrade& contexto, int coluna, int y, CorBase cor) {
     }
 }
 
-void LinhaCores1(ContextoGrade& contexto, int y) {
-    for (int coluna = 1; coluna <= 8; ++coluna) Amostra(contexto, coluna, y, PaletaCores[coluna - 1]);
+void LinhaCores1(ContextoGrade& contexto) {
+    for (int coluna = 1; coluna <= 8; ++coluna) Amostra(contexto, coluna, PaletaCores[coluna - 1]);
 }
 
 // The clear swatch stands in the first column.
-void LinhaCores2(ContextoGrade& contexto, int y) {
-    static const BotaoDePagina limpar = {
-        {.rotulo = "", .icone = "clear", .cor = {25, 25, 28}, .dica = "E: LIMPA COR DO ITEM | D: LIMPA COR DA TRACK"},
-        "LimparCorItens",
-        LimparCorItens,
-        "LimparCorFaixas",
-        LimparCorFaixas};
-    BotaoGrade(contexto, 1, 1, AlturaDaLinha, y, limpar);
-    for (int coluna = 2; coluna <= 8; ++coluna) Amostra(contexto, coluna, y, PaletaCores[coluna + 6]);
+void LinhaCores2(ContextoGrade& contexto) {
+    BotaoGrade(contexto, 1, 1,
+               {.icone = "clear", .cor = {25, 25, 28}, .dica = "E: LIMPA COR DO ITEM | D: LIMPA COR DA TRACK"},
+               {"LimparCorItens", LimparCorItens}, {"LimparCorFaixas", LimparCorFaixas});
+    for (int coluna = 2; coluna <= 8; ++coluna) Amostra(contexto, coluna, PaletaCores[coluna + 6]);
 }

@@ -1,36 +1,20 @@
 // panel/rows_items.cpp: duplicate, mute, move and zoom.
 #include "commands/commands.h"
-#include "commands/items.h"
 #include "panel/rows.h"
+#include "panel/state.h"
 
 static constexpr CorBase CorNeutra = {42, 50, 58}, CorDeMover = {40, 58, 48};
 
-void LinhaItens(ContextoGrade& contexto, int y) {
-    const BotaoDaLinha linha[] = {
-        {1,
-         2,
-         {{.rotulo = "DUP", .cor = CorNeutra, .dica = "E: DUPLICAR ITENS | D: DUPLICAR PISTAS"},
-          "Action_41295",
-          Acao<41295>,
-          "Action_40062",
-          Acao<40062>}},
-        {3,
-         2,
-         {{.rotulo = "VOL", .cor = CorNeutra, .dica = "ADICIONA ENVELOPE DE VOLUME"}, "VolEnvelope", VolEnvelope}},
-        {5,
-         2,
-         {{.icone = "up", .cor = CorNeutra, .dica = "E: ITEM PARA CIMA | D: PISTA PARA CIMA"},
-          "MvClipCima",
-          MvClipCima,
-          "MvPistaCima",
-          MvPistaCima}},
-        {7,
-         2,
-         {{.rotulo = "MUTE", .cor = CorNeutra, .dica = "MUTA OU DESMUTA ITEMS", .ativo = TodosItensMudos()},
-          "MuteClip",
-          MuteClip}},
-    };
-    DesenharLinha(contexto, y, linha);
+void LinhaItens(ContextoGrade& contexto) {
+    const bool mudos = TodosItensMudos();
+    BotaoGrade(contexto, 1, 2, {.rotulo = "DUP", .cor = CorNeutra, .dica = "E: DUPLICAR ITENS | D: DUPLICAR PISTAS"},
+               AcaoDoHost<41295>, AcaoDoHost<40062>);
+    BotaoGrade(contexto, 3, 2, {.rotulo = "VOL", .cor = CorNeutra, .dica = "ADICIONA ENVELOPE DE VOLUME"},
+               {"VolEnvelope", VolEnvelope});
+    BotaoGrade(contexto, 5, 2, {.icone = "up", .cor = CorNeutra, .dica = "E: ITEM PARA CIMA | D: PISTA PARA CIMA"},
+               {"MvClipCima", MvClipCima}, {"MvPistaCima", MvPistaCima});
+    BotaoGrade(contexto, 7, 2, {.rotulo = "MUTE", .cor = CorNeutra, .dica = "MUTA OU DESMUTA ITEMS", .ativo = mudos},
+               {"MuteClip", MuteClip});
 }
 
 // Two nudges of 10 ms, each with an undo point of its own.
@@ -50,34 +34,27 @@ static void ColarOuMover() {
         colar();
 }
 
-void LinhaMover(ContextoGrade& contexto, int y) {
-    static const BotaoDaLinha linha[] = {
-        {1,
-         2,
-         {{.rotulo = "MEDIA", .cor = CorNeutra, .dica = "ABRIR/FECHAR O MEDIA EXPLORER"}, "Action_50124", Acao<50124>}},
-        {3,
-         2,
-         {{.icone = "left", .cor = CorDeMover, .dica = "L: COLA NO ANTERIOR | SHIFT+L / R: MOVE 20MS ESQ"},
-          "ColaClipEsq",
-          ColarOuMover<ColaClipEsq, MvClipEsq>,
-          "MvClipEsq",
-          Mover20ms<MvClipEsq>}},
-        {5,
-         2,
-         {{.icone = "down", .cor = CorNeutra, .dica = "L: ITEM PARA BAIXO | R: PISTA PARA BAIXO"},
-          "MvClipBaixo",
-          MvClipBaixo,
-          "MvPistaBaixo",
-          MvPistaBaixo}},
-        {7,
-         2,
-         {{.icone = "right", .cor = CorDeMover, .dica = "L: COLA ITEM SEGUINTE | SHIFT+L / R: MOVE 20MS DIR"},
-          "ColaClipDir",
-          ColarOuMover<ColaClipDir, MvClipDir>,
-          "MvClipDir",
-          Mover20ms<MvClipDir>}},
-    };
-    DesenharLinha(contexto, y, linha);
+void LinhaMover(ContextoGrade& contexto) {
+    BotaoGrade(contexto, 1, 2, {.rotulo = "MEDIA", .cor = CorNeutra, .dica = "ABRIR/FECHAR O MEDIA EXPLORER"},
+               AcaoDoHost<50124>);
+    BotaoGrade(contexto, 3, 2,
+               {.icone = "left", .cor = CorDeMover, .dica = "L: COLA NO ANTERIOR | SHIFT+L / R: MOVE 20MS ESQ"},
+               {"ColaClipEsq", ColarOuMover<ColaClipEsq, MvClipEsq>}, {"MvClipEsq", Mover20ms<MvClipEsq>});
+    BotaoGrade(contexto, 5, 2, {.icone = "down", .cor = CorNeutra, .dica = "L: ITEM PARA BAIXO | R: PISTA PARA BAIXO"},
+               {"MvClipBaixo", MvClipBaixo}, {"MvPistaBaixo", MvPistaBaixo});
+    BotaoGrade(contexto, 7, 2,
+               {.icone = "right", .cor = CorDeMover, .dica = "L: COLA ITEM SEGUINTE | SHIFT+L / R: MOVE 20MS DIR"},
+               {"ColaClipDir", ColarOuMover<ColaClipDir, MvClipDir>}, {"MvClipDir", Mover20ms<MvClipDir>});
+}
+
+// While it is held, its command runs again with each tick of timer 2; those leave the status line alone.
+static void BotaoQueRepete(ContextoGrade& contexto, int coluna, const AspectoBotao& aspecto, Clique esquerdo,
+                           Clique direito) {
+    if (!BotaoGrade(contexto, coluna, 2, aspecto, esquerdo, direito).sobre) return;
+    if (contexto.mouse.esquerdoSeguro)
+        AcaoRepetir = esquerdo.comando;
+    else if (contexto.mouse.direitoSeguro)
+        AcaoRepetir = direito.comando;
 }
 
 template <bool esticar>
@@ -85,32 +62,15 @@ static void Zoom() {
     ZoomAllFaixas(esticar);
 }
 
-void LinhaZoom(ContextoGrade& contexto, int y) {
-    static const BotaoDaLinha linha[] = {
-        {1,
-         2,
-         {{.icone = "zoom_in", .cor = CorNeutra, .dica = "L: ZOOM IN HORIZONTAL | R: ZOOM OUT HORIZONTAL"},
-          "Action_1012",
-          Acao<1012>,
-          "Action_1011",
-          Acao<1011>,
-          true}},
-        {3,
-         2,
-         {{.icone = "zoom_vert", .cor = CorNeutra, .dica = "L: ZOOM IN VERTICAL | R: ZOOM OUT VERTICAL"},
-          "Action_40111",
-          Acao<40111>,
-          "Action_40112",
-          Acao<40112>,
-          true}},
-        {5, 2, {{.icone = "zoom_sel", .cor = {45, 80, 115}, .dica = "ZOOM NA SELECAO"}, "VerSelecao", VerSelecao}},
-        {7,
-         2,
-         {{.icone = "zoom_all", .cor = CorNeutra, .dica = "E: ESTICAR | R: AJUSTA ALTURA"},
-          "ZoomAllFaixas(esticar)",
-          Zoom<true>,
-          "ZoomAllFaixas(so_altura)",
-          Zoom<false>}},
-    };
-    DesenharLinha(contexto, y, linha);
+void LinhaZoom(ContextoGrade& contexto) {
+    BotaoQueRepete(contexto, 1,
+                   {.icone = "zoom_in", .cor = CorNeutra, .dica = "L: ZOOM IN HORIZONTAL | R: ZOOM OUT HORIZONTAL"},
+                   AcaoDoHost<1012>, AcaoDoHost<1011>);
+    BotaoQueRepete(contexto, 3,
+                   {.icone = "zoom_vert", .cor = CorNeutra, .dica = "L: ZOOM IN VERTICAL | R: ZOOM OUT VERTICAL"},
+                   AcaoDoHost<40111>, AcaoDoHost<40112>);
+    BotaoGrade(contexto, 5, 2, {.icone = "zoom_sel", .cor = {45, 80, 115}, .dica = "ZOOM NA SELECAO"},
+               {"VerSelecao", VerSelecao});
+    BotaoGrade(contexto, 7, 2, {.icone = "zoom_all", .cor = CorNeutra, .dica = "E: ESTICAR | R: AJUSTA ALTURA"},
+               {"ZoomAllFaixas(esticar)", Zoom<true>}, {"ZoomAllFaixas(so_altura)", Zoom<false>});
 }
