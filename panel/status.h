@@ -10,6 +10,5 @@ void DefinirStatus(const char* formato, ...);  // cut to 159 bytes
 // "Executado: <nome>". A bare host action, "Action_<number>", clears the message instead.
 void StatusExecutado(const char* nome);
 
-inline constexpr int AlturaDaBarra = 22;
-// Draws the strip; a null or empty text shows the idle one.
+// Draws the strip, 22 pixels high; a null or empty text shows the idle one.
 void BarraStatus(LICE_IBitmap* bm, int x, int y, int w, const char* texto);

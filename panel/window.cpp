@@ -1,6 +1,5 @@
 #include "panel/window.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "commands/commands.h"
@@ -12,10 +11,7 @@
 #include "slicer/preview.h"
 
 static constexpr char NomeDaClasse[] = "QuilmoPainelClass";
-// The client area, which fits a frame of any width and cannot be resized.
-static constexpr int LarguraCliente = 320, AlturaCliente = 659;
-static constexpr int LarguraPadrao = 340, AlturaPadrao = 699;
-static constexpr int LarguraMinima = 320, LarguraMaxima = 380, AlturaMinima = 200;
+static constexpr int LarguraCliente = 320, AlturaCliente = 659;  // whatever the frame; it cannot be resized
 
 static constexpr UINT_PTR TimerDoPainel = 1;  // as long as the window: blink, watch, repaint
 static constexpr UINT_PTR TimerDeRepeticao = 2;
@@ -25,7 +21,8 @@ static void Invalidar(HWND janela) {
     InvalidateRect(janela, nullptr, FALSE);
 }
 
-void CancelarFatiador() {
+// Leaves the slicer mode, with the project as it was before; nothing outside the mode.
+static void CancelarFatiador() {
     if (!ModoFatiadorAtivo) return;
     ModoFatiadorAtivo = false;
     SalvarPresetAberto = false;
@@ -87,11 +84,11 @@ static void FixarTamanho(MINMAXINFO& limites) {
 static void Fechar(HWND janela) {
     CancelarFatiador();  // no window, no way to keep the cuts or to take them back
     RECT r;
-    if (GetWindowRect(janela, &r)) GravarJanelaIni(r.left, r.top, r.right - r.left, r.bottom - r.top);
+    if (GetWindowRect(janela, &r)) GravarJanelaIni({r.left, r.top, r.right - r.left, r.bottom - r.top});
     DestroyWindow(janela);
 }
 
-LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wParam, LPARAM lParam) {
+static LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wParam, LPARAM lParam) {
     switch (mensagem) {
         case WM_PAINT:
             Pintar(janela);
@@ -170,35 +167,6 @@ static bool RegistrarClasse(HINSTANCE instancia) {
     return registrada;
 }
 
-struct Lugar {
-    int32_t x, y, largura, altura;
-};
-
-// The left edge wins when the window is wider than the area. Wide sums, since a saved place may be anything.
-static int32_t DentroDe(int32_t inicio, int32_t tamanho, int32_t menor, int32_t maior) {
-    const int64_t naoDepois = std::min<int64_t>(inicio, int64_t{maior} - tamanho);
-    return static_cast<int32_t>(std::max<int64_t>(naoDepois, menor));
-}
-
-// Where the panel was last, else at the owner's top right corner, else at the work area's; always inside the work area.
-static Lugar LugarInicial(HWND dono) {
-    RECT area{};
-    SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
-    Lugar lugar = {area.right - LarguraPadrao - 20, area.top + 40, LarguraPadrao, AlturaPadrao};
-    RECT r;
-    if (dono && GetWindowRect(dono, &r)) {
-        lugar.x = r.right - LarguraPadrao - 20;
-        lugar.y = r.top + 40;
-    }
-    Lugar salvo = lugar;
-    if (LerJanelaIni(salvo.x, salvo.y, salvo.largura, salvo.altura)) lugar = salvo;
-    if (lugar.largura < LarguraMinima || lugar.largura > LarguraMaxima) lugar.largura = LarguraPadrao;
-    lugar.altura = std::clamp(lugar.altura, AlturaMinima, AlturaPadrao);
-    lugar.x = DentroDe(lugar.x, lugar.largura, area.left, area.right);
-    lugar.y = DentroDe(lugar.y, lugar.altura, area.top, area.bottom);
-    return lugar;
-}
-
 bool JanelaPainelAberta() {
     return JanelaPainel != nullptr;
 }
@@ -213,7 +181,7 @@ void AbrirJanelaPainel(HWND dono, const std::string& caminho) {
     }
     const HINSTANCE instancia = GetModuleHandleA(nullptr);
     if (!RegistrarClasse(instancia)) return;
-    const Lugar lugar = LugarInicial(dono);
+    const LugarDaJanela lugar = LugarInicial(dono);
     JanelaPainel = CreateWindowExA(0, NomeDaClasse, "Quilmo", WS_OVERLAPPEDWINDOW, lugar.x, lugar.y, lugar.largura,
                                    lugar.altura, dono, nullptr, instancia, nullptr);
     if (!JanelaPainel) return;

@@ -1,6 +1,7 @@
 // panel/window.h
-// The floating window of the panel. It has no child controls: each WM_PAINT runs one pass of a page, which draws the
-// widgets, tests the mouse against them and runs what was clicked.
+// The panel: one floating window of the host's, without child controls. Each WM_PAINT runs one pass (pass.h) of a page,
+// in which plain functions (widgets.h) draw themselves, test the mouse (mouse.h) and run what was clicked at once. The
+// main page (main_page.h) is rows of buttons (rows.h) on a grid (grid.h); the slicer's page is slicer/page.h.
 #pragma once
 #include <string>
 
@@ -10,8 +11,3 @@
 // main window, or null; caminho is the folder of the panel's files. In silence when no window can be created.
 void AbrirJanelaPainel(HWND dono, const std::string& caminho);
 bool JanelaPainelAberta();
-
-// Leaves the slicer mode, with the project as it was before; nothing outside the mode.
-void CancelarFatiador();
-
-LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wParam, LPARAM lParam);

@@ -1,5 +1,6 @@
 #include "panel/window_state.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cinttypes>
 #include <cstdlib>
@@ -34,21 +35,42 @@ static bool LerInteiro(const char*& texto, int32_t& valor) {
     return true;
 }
 
-bool LerJanelaIni(int32_t& x, int32_t& y, int32_t& largura, int32_t& altura) {
+bool LerJanelaIni(LugarDaJanela& lugar) {
     const std::string conteudo = LerComeco(CaminhoJanelaIni());
     const char* texto = conteudo.c_str();
-    if (!LerInteiro(texto, x) || !LerInteiro(texto, y)) return false;
-    int32_t l = 0, a = 0;
-    if (LerInteiro(texto, l) && LerInteiro(texto, a)) {
-        largura = l;
-        altura = a;
-    }
+    LugarDaJanela lido;
+    if (!LerInteiro(texto, lido.x) || !LerInteiro(texto, lido.y)) return false;
+    const bool temTamanho = LerInteiro(texto, lido.largura) && LerInteiro(texto, lido.altura);
+    lugar = temTamanho ? lido : LugarDaJanela{lido.x, lido.y, lugar.largura, lugar.altura};
     return true;
 }
 
-void GravarJanelaIni(int32_t x, int32_t y, int32_t largura, int32_t altura) {
+void GravarJanelaIni(const LugarDaJanela& lugar) {
     std::FILE* arquivo = OpenFile(CaminhoJanelaIni(), "w");
     if (!arquivo) return;
-    std::fprintf(arquivo, "%" PRId32 " %" PRId32 " %" PRId32 " %" PRId32, x, y, largura, altura);
+    std::fprintf(arquivo, "%" PRId32 " %" PRId32 " %" PRId32 " %" PRId32, lugar.x, lugar.y, lugar.largura,
+                 lugar.altura);
     std::fclose(arquivo);
+}
+
+// The left edge wins when the window is wider than the area. Wide sums, since a saved place may be anything.
+static int32_t DentroDe(int32_t inicio, int32_t tamanho, int32_t menor, int32_t maior) {
+    const int64_t naoDepois = std::min<int64_t>(inicio, int64_t{maior} - tamanho);
+    return static_cast<int32_t>(std::max<int64_t>(naoDepois, menor));
+}
+
+LugarDaJanela LugarInicial(HWND dono) {
+    constexpr int larguraPadrao = 340, alturaPadrao = 699;
+    constexpr int larguraMinima = 320, larguraMaxima = 380, alturaMinima = 200;
+    RECT area{};
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+    RECT doDono;
+    const RECT canto = dono && GetWindowRect(dono, &doDono) ? doDono : area;
+    LugarDaJanela lugar = {canto.right - larguraPadrao - 20, canto.top + 40, larguraPadrao, alturaPadrao};
+    LerJanelaIni(lugar);
+    if (lugar.largura < larguraMinima || lugar.largura > larguraMaxima) lugar.largura = larguraPadrao;
+    lugar.altura = std::clamp(lugar.altura, alturaMinima, alturaPadrao);
+    lugar.x = DentroDe(lugar.x, lugar.largura, area.left, area.right);
+    lugar.y = DentroDe(lugar.y, lugar.altura, area.top, area.bottom);
+    return lugar;
 }

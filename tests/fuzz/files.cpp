@@ -75,10 +75,10 @@ void Presets(const std::string& folder, const std::string& text) {
 void Place(const std::string& folder, const std::string& text) {
     CaminhoPainel = folder;
     Write(CaminhoJanelaIni(), text);
-    int32_t a[4] = {1, 2, 3, 4}, b[4] = {};
-    if (!LerJanelaIni(a[0], a[1], a[2], a[3])) return;
-    GravarJanelaIni(a[0], a[1], a[2], a[3]);
-    if (!LerJanelaIni(b[0], b[1], b[2], b[3]) || !std::equal(a, a + 4, b)) std::abort();
+    LugarDaJanela written = {1, 2, 3, 4}, read = {};
+    if (!LerJanelaIni(written)) return;
+    GravarJanelaIni(written);
+    if (!LerJanelaIni(read) || read != written) std::abort();
 }
 
 }  // namespace
