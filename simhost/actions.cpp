@@ -1,23 +1,10 @@
 #include "simhost/actions.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "simhost/calls.h"
 
 namespace simhost {
-
-static void CursorToStart(Host& host) {
-    host.project.cursor = 0;
-}
-
-static void CursorToEnd(Host& host) {
-    host.project.cursor = ProjectEnd(host.project);
-}
-
-static void RemoveTimeSelection(Host& host) {
-    host.project.timeSelection = host.project.loop = {};
-}
 
 static void UnselectTracks(Host& host) {
     for (int i = 0; i < host.project.tracks.Count(); ++i) host.project.tracks.At(i)->selected = false;
@@ -29,39 +16,17 @@ static void ZoomToItems(Host& host) {
         return;
     }
     host.viewBeforeZoom = host.project.view;
-    TrackList& tracks = host.project.tracks;
-    if (tracks.SelectedCount() == 0) return;
-    TimeRange& view = host.project.view = {tracks.SelectedAt(0)->position, tracks.SelectedAt(0)->End()};
-    for (int i = 1; i < tracks.SelectedCount(); ++i) {
-        view.start = std::min(view.start, tracks.SelectedAt(i)->position);
-        view.end = std::max(view.end, tracks.SelectedAt(i)->End());
-    }
+    if (const auto& items = host.project.tracks.Selected(); !items.empty()) host.project.view = SpanOf(items);
 }
 
-static void ScaleView(TimeRange& view, double factor) {
-    const double middle = (view.start + view.end) / 2, half = (view.end - view.start) / 2 * factor;
-    view = {std::max(0.0, middle - half), middle + half};
+static void ScaleView(Host& host, double factor) {
+    const auto [start, end] = host.project.view;
+    const double middle = (start + end) / 2, half = (end - start) / 2 * factor;
+    host.project.view = {std::max(0.0, middle - half), middle + half};
 }
 
-static void ZoomOut(Host& host) {
-    ScaleView(host.project.view, 2);
-}
-
-static void ZoomIn(Host& host) {
-    ScaleView(host.project.view, 0.5);
-}
-
-static void ZoomInVertically(Host& host) {
-    host.laneHeight = std::min(host.laneHeight * 5 / 4, 600);
-}
-
-static void ZoomOutVertically(Host& host) {
-    host.laneHeight = std::max(host.laneHeight * 4 / 5, 30);
-}
-
-template <int number>
-static void RenderProject(Host& host) {
-    if (host.onRender) host.onRender(number);
+static void RenderProject(Host& host, int action) {
+    if (host.onRender) host.onRender(action);
 }
 
 static const Action Actions[] = {
@@ -71,32 +36,32 @@ static const Action Actions[] = {
     {40073, "Play/pause", PlayPause},
     {40044, "Play/stop", PlayStop},
     {40328, "Play/stop, moving the cursor", PlayStopMovingCursor},
-    {40042, "Go to start of project", CursorToStart},
-    {40043, "Go to end of project", CursorToEnd},
-    {40020, "Remove time selection", RemoveTimeSelection},
+    {40042, "Go to start of project", [](Host& host) { host.project.cursor = 0; }},
+    {40043, "Go to end of project", [](Host& host) { host.project.cursor = ProjectEnd(host.project); }},
+    {40020, "Remove time selection", [](Host& host) { host.project.timeSelection = host.project.loop = {}; }},
     {40297, "Unselect all tracks", UnselectTracks},
     {40697, "Remove items", nullptr, RemoveByFocus},
     {41305, "Trim left edge of items", nullptr, TrimLeftEdge},
     {41311, "Trim right edge of items", nullptr, TrimRightEdge},
     {40362, "Glue items", nullptr, Glue},
     {41588, "Glue items", nullptr, Glue},
-    {41993, "Render items to new stereo take", nullptr, RenderStereoTake},
-    {40361, "Render items to new mono take", nullptr, RenderMonoTake},
+    {41993, "Render items to new stereo take", nullptr, [](Host& host) { return RenderTakes(host, 2); }},
+    {40361, "Render items to new mono take", nullptr, [](Host& host) { return RenderTakes(host, 1); }},
     {40435, "Show all takes in lanes", nullptr, nullptr, true},
     {40693, "Toggle take volume envelope", nullptr, ToggleVolumeEnvelope},
     {41622, "Zoom to selected items", ZoomToItems, nullptr, true},
-    {1011, "Zoom out horizontally", ZoomOut},
-    {1012, "Zoom in horizontally", ZoomIn},
-    {40111, "Zoom in vertically", ZoomInVertically},
-    {40112, "Zoom out vertically", ZoomOutVertically},
+    {1011, "Zoom out horizontally", [](Host& host) { ScaleView(host, 2); }},
+    {1012, "Zoom in horizontally", [](Host& host) { ScaleView(host, 0.5); }},
+    {40111, "Zoom in vertically", [](Host& host) { host.laneHeight = std::min(host.laneHeight * 5 / 4, 600); }},
+    {40112, "Zoom out vertically", [](Host& host) { host.laneHeight = std::max(host.laneHeight * 4 / 5, 30); }},
     {41295, "Duplicate items", nullptr, DuplicateItems},
     {40062, "Duplicate tracks", nullptr, DuplicateTracks},
     {40129, "Delete active take", nullptr, DeleteActiveTake},
     {50124, "Media explorer", nullptr},
     {40015, "Render dialog", nullptr},
     {42411, "Open render output", nullptr},
-    {42230, "Render project, closing the window", RenderProject<42230>},
-    {41824, "Render project", RenderProject<41824>},
+    {42230, "Render project, closing the window", [](Host& host) { RenderProject(host, 42230); }},
+    {41824, "Render project", [](Host& host) { RenderProject(host, 41824); }},
     {40753, "Disable snapping", nullptr},
     {40145, "Toggle grid lines", nullptr, nullptr, true},
     {1161, "1161", nullptr, nullptr, true},
@@ -134,7 +99,7 @@ void Host::RunAction(int number) {
         if (!action->edit) return;
         BeginBlock();
         if (action->edit(*this))
-            EndBlock(action->name, -1);
+            EndBlock(action->name);
         else
             --blockDepth_;
         return;

@@ -24,6 +24,7 @@ void PlayStop(Host&);
 void PlayStopMovingCursor(Host&);
 
 // edits.cpp; they leave locked items alone
+std::vector<Item*> SelectedItems(Host&);  // without the locked ones
 bool RemoveByFocus(Host&);
 bool TrimLeftEdge(Host&);
 bool TrimRightEdge(Host&);
@@ -34,7 +35,6 @@ bool ToggleVolumeEnvelope(Host&);
 
 // glue.cpp
 bool Glue(Host&);
-bool RenderStereoTake(Host&);
-bool RenderMonoTake(Host&);
+bool RenderTakes(Host&, int channels);  // 1 or 2
 
 }  // namespace simhost

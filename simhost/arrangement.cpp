@@ -156,10 +156,8 @@ void PaintItem(const Canvas& c, const Item& item, int top, int height) {
         const auto y = [&](double level) { return middle - static_cast<int>(std::clamp(level, -1.0, 1.0) * reach); };
         c.Fill(left + i, y(peaks[i].high), 1, y(peaks[i].low) - y(peaks[i].high) + 1, WaveColour, 0.9f * strength);
     }
-    const double in = item.autoFadeIn >= 0 ? item.autoFadeIn : item.fadeIn;
-    const double out = item.autoFadeOut >= 0 ? item.autoFadeOut : item.fadeOut;
-    PaintFade(c, item.position, item.position + in, top, top + height - 1);
-    PaintFade(c, item.End(), item.End() - out, top, top + height - 1);
+    PaintFade(c, item.position, item.position + item.FadeIn(), top, top + height - 1);
+    PaintFade(c, item.End(), item.End() - item.FadeOut(), top, top + height - 1);
     // Of an item that is only a sliver, its edges would be all that one sees.
     const bool sliver = width < 4;
     if (item.selected && sliver) c.Fill(left, top, width, 2, BrightText);

@@ -12,8 +12,8 @@ struct ArrangementLayout {
     int headerWidth = 120;  // of the tracks' names
     int rulerHeight = 44;   // times and regions
     int laneHeight = 110;
-    int columnFrames =
-        0;  // read for a column of waveform at most, in eight pieces spread over it; 0: all that there are
+    // Frames read for a column of waveform at most, in eight pieces spread over it; 0: all that there are.
+    int columnFrames = 0;
 };
 
 // The height that shows all tracks.

@@ -1,15 +1,11 @@
 #include "simhost/calls.h"
 
-#include <cstdio>
+#include <charconv>
 #include <type_traits>
 
 namespace simhost {
 
 // --- values as a trace tells them
-
-static std::string Quoted(const char* text) {
-    return text ? '"' + std::string(text) + '"' : "null";
-}
 
 static std::string NameOf(const Track& track) {
     return track.name;
@@ -34,22 +30,12 @@ static std::string Told(bool value) {
 static std::string Told(int value) {
     return std::to_string(value);
 }
-static std::string Told(double value) {
+static std::string Told(double value) {  // the shortest that reads back the same
     char text[32];
-    std::snprintf(text, sizeof text, "%.17g", value);
-    double back;
-    for (int digits = 6; digits < 17; ++digits) {  // the shortest that reads back the same
-        char shorter[32];
-        std::snprintf(shorter, sizeof shorter, "%.*g", digits, value);
-        if (std::sscanf(shorter, "%lf", &back) == 1 && back == value) return shorter;
-    }
-    return text;
+    return {text, std::to_chars(text, text + sizeof text, value).ptr};
 }
 static std::string Told(const char* text) {
-    return Quoted(text);
-}
-static std::string Told(char* text) {
-    return Quoted(text);
+    return text ? '"' + std::string(text) + '"' : "null";
 }
 static std::string Told(ReaProject*) {
     return "0";

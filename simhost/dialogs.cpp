@@ -1,7 +1,6 @@
-// Dialogs, answered by a callback or from the script queues, and the scripts that extensions add.
+// Dialogs, answered by a callback or from the queues of answers.
 #include <cstring>
 
-#include "platform/files.h"
 #include "simhost/calls.h"
 
 namespace simhost {
@@ -38,37 +37,6 @@ bool api::GetUserInputs(const char* title, int count, const char* captions, char
     const size_t length = shown.answer->copy(values, valuesSize - 1);
     values[length] = 0;
     return true;
-}
-
-static std::optional<std::string> ReadWhole(const char* path) {
-    std::FILE* file = OpenFile(path, "rb");
-    if (!file) return std::nullopt;
-    std::string text;
-    char block[4096];
-    while (const size_t n = std::fread(block, 1, sizeof block, file)) text.append(block, n);
-    std::fclose(file);
-    return text;
-}
-
-int api::AddRemoveReaScript(bool add, int, const char* path, bool) {
-    return Host::Current().AddRemoveScript(add, path ? path : "");
-}
-
-int Host::AddRemoveScript(bool add, const std::string& path) {
-    for (auto script = scripts.begin(); script != scripts.end(); ++script)
-        if (script->path == path) {
-            const int number = script->number;
-            if (!add) scripts.erase(script);
-            return number;
-        }
-    if (!add) {
-        Violate("the script " + path + " is not in the action list");
-        return 0;
-    }
-    const std::optional<std::string> text = ReadWhole(path.c_str());
-    if (!text) return 0;
-    scripts.push_back({++lastNumber_, path, *text});
-    return lastNumber_;
 }
 
 }  // namespace simhost

@@ -5,10 +5,9 @@
 
 namespace simhost {
 
-static std::vector<Item*> SelectedItems(Host& host) {
-    std::vector<Item*> items;
-    for (int i = 0; i < host.project.tracks.SelectedCount(); ++i)
-        if (Item* item = host.project.tracks.SelectedAt(i); item->lock == 0) items.push_back(item);
+std::vector<Item*> SelectedItems(Host& host) {
+    std::vector<Item*> items = host.project.tracks.Selected();
+    std::erase_if(items, [](const Item* item) { return item->lock != 0; });
     return items;
 }
 
@@ -64,15 +63,11 @@ bool TrimRightEdge(Host& host) {
 bool DuplicateItems(Host& host) {
     const std::vector<Item*> originals = SelectedItems(host);
     if (originals.empty()) return false;
-    double start = originals[0]->position, end = originals[0]->End();
-    for (const Item* item : originals) {
-        start = std::min(start, item->position);
-        end = std::max(end, item->End());
-    }
+    const TimeRange span = SpanOf(originals);
     for (Item* item : originals) {
         Item copy = *item;
         copy.guid = 0;
-        copy.position += end - start;
+        copy.position += span.end - span.start;
         host.project.tracks.Add(*item->track, std::move(copy));
         host.project.tracks.Select(*item, false);
     }

@@ -25,11 +25,9 @@ static bool HasAudio(const Item& item) {
 // One new item over the whole stretch of these, at the first audio's rate and the most channels of any. Items without
 // audio count as gaps; without any audio at all the items stay as they are.
 static bool GlueOnTrack(Host& host, const std::vector<Item*>& items) {
+    const auto [start, end] = SpanOf(items);
     int rate = 0, channels = 1;
-    double start = items[0]->position, end = items[0]->End();
     for (const Item* item : items) {
-        start = std::min(start, item->position);
-        end = std::max(end, item->End());
         if (!HasAudio(*item)) continue;
         if (!rate) rate = item->Active()->source->SampleRate();
         channels = std::max(channels, item->Active()->source->Channels());
@@ -54,9 +52,8 @@ bool Glue(Host& host) {
     bool glued = false;
     TrackList& tracks = host.project.tracks;
     for (int t = 0; t < tracks.Count(); ++t) {
-        std::vector<Item*> items;
-        for (Box<Item>& item : tracks.At(t)->items)
-            if (item->selected && item->lock == 0) items.push_back(&*item);
+        std::vector<Item*> items = SelectedItems(host);
+        std::erase_if(items, [track = tracks.At(t)](const Item* item) { return item->track != track; });
         glued |= !items.empty() && GlueOnTrack(host, items);
     }
     return glued;
@@ -64,14 +61,13 @@ bool Glue(Host& host) {
 
 // The active take as it sounds before the item's volume and fades, as a new take behind the others, which becomes the
 // active one.
-static bool RenderTakes(Host& host, int channels) {
+bool RenderTakes(Host& host, int channels) {
     bool rendered = false;
-    for (int i = 0; i < host.project.tracks.SelectedCount(); ++i) {
-        Item& item = *host.project.tracks.SelectedAt(i);
-        if (!HasAudio(item) || item.lock != 0) continue;
-        const Take& active = *item.Active();
+    for (Item* item : SelectedItems(host)) {
+        if (!HasAudio(*item)) continue;
+        const Take& active = *item->Active();
         const int rate = active.source->SampleRate(), wide = std::max(channels, active.source->Channels());
-        const size_t frames = FramesIn(item.length, rate);
+        const size_t frames = FramesIn(item->length, rate);
         std::vector<double> samples(frames * wide), narrow(frames * channels);
         ReadTake(active, rate, wide, 0, static_cast<int>(frames), samples.data());
         for (size_t f = 0; f < frames; ++f)
@@ -83,20 +79,12 @@ static bool RenderTakes(Host& host, int channels) {
         Take take;
         take.name = active.name + "-render";
         take.source = Keep(host, rate, channels, std::move(narrow));
-        take.item = &item;
-        item.takes.emplace_back(std::move(take));
-        item.activeTake = static_cast<int>(item.takes.size()) - 1;
+        take.item = item;
+        item->takes.emplace_back(std::move(take));
+        item->activeTake = static_cast<int>(item->takes.size()) - 1;
         rendered = true;
     }
     return rendered;
-}
-
-bool RenderStereoTake(Host& host) {
-    return RenderTakes(host, 2);
-}
-
-bool RenderMonoTake(Host& host) {
-    return RenderTakes(host, 1);
 }
 
 }  // namespace simhost

@@ -19,7 +19,6 @@ class Identity {
 
     void* Handle(Kind kind, void* owner);        // the first call fixes both
     void Take(Identity& other, void* newOwner);  // newOwner goes on under the other's handle
-    bool Given() const { return id_ != 0; }
 
   private:
     void Die();

@@ -36,8 +36,7 @@ Host::Host() : record_{VersaoDoHost, nullptr, simhost::Register, GetFunc}, count
     if (current) Abort("a second host while the first one lives");
     current = this;
     SetConfigInt("promptendrec", 1);
-    const auto bytes = std::vector<char>(sizeof(int));
-    projectConfigVars["projrenderresample"] = bytes;
+    projectConfigVars["projrenderresample"].resize(sizeof(int));
     for (const int number : {40435, 41622, 1161}) toggles[number] = 0;
     toggles[40145] = 1;  // grid lines are shown
     for (const char* key : {"RENDER_SETTINGS", "RENDER_BOUNDSFLAG", "RENDER_CHANNELS", "RENDER_SRATE",
@@ -61,8 +60,8 @@ int Host::Register(const std::string& name, void* info) {
     int number = 1;
     if (name == "command_id")
         number = ++lastNumber_;
-    else if (name != "gaccel" && name != "hookcommand2" && name != "toggleaction" && name.rfind("API_", 0) != 0 &&
-             name.rfind("APIdef_", 0) != 0) {
+    else if (name != "gaccel" && name != "hookcommand2" && name != "toggleaction" && !name.starts_with("API_") &&
+             !name.starts_with("APIdef_")) {
         Violate("Register: there is nothing to register as \"" + name + '"');
         return 0;
     }
@@ -90,7 +89,7 @@ void* Host::ApiFunction(const std::string& name) const {
 }
 
 int Host::ActionNumber(const std::string& idText) const {
-    const char* id = idText.c_str() + (idText.rfind('_', 0) == 0);
+    const char* id = idText.c_str() + idText.starts_with('_');
     for (const Registration& r : registrations)
         if (r.name == "command_id" && !std::strcmp(static_cast<const char*>(r.info), id)) return r.number;
     return 0;

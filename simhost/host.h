@@ -47,11 +47,6 @@ struct Registration {
     int number;  // what Register returned
 };
 
-struct UndoPoint {
-    std::string title;
-    int flags;
-};
-
 struct Accessor;
 
 struct Script {
@@ -115,20 +110,18 @@ class Host {
 
     // --- undo (undo.cpp says how): one point a block, also when the block changed nothing; inner blocks make none
     void BeginBlock();
-    void EndBlock(const std::string& title, int flags);
+    void EndBlock(const std::string& title);
     bool BlockOpen() const { return blockDepth_ > 0; }
     bool Undo();
     bool Redo();
     const char* UndoTitle() const;  // of the topmost point, or null
     const char* RedoTitle() const;
-    std::vector<UndoPoint> UndoHistory() const;  // oldest first, up to the topmost
+    std::vector<std::string> UndoHistory() const;  // titles, oldest first, up to the topmost
     // Forgets all points; the project as it stands is what the first undo will give back. Without it, that is the
     // project as it stood when the first block was opened.
     void StartHistory();
 
-    // --- refresh
     int refreshHeldOff = 0;  // PreventUIRefresh's sum
-    int arrangeUpdates = 0, timelineUpdates = 0, trackListUpdates = 0;
 
     // --- transport (transport.cpp); there is no clock but Elapse
     int playState = 0;  // 1 playing, 2 paused, 4 recording
@@ -172,7 +165,7 @@ class Host {
   private:
     friend class Call;  // calls.cpp
     struct Point {
-        UndoPoint told;
+        std::string title;
         Project after;
     };
     void Restore(const Project& to);

@@ -29,7 +29,8 @@ int api::CountSelectedMediaItems(ReaProject* project) {
 
 MediaItem* api::GetSelectedMediaItem(ReaProject* project, int index) {
     Host& host = Host::Current();
-    return host.Know(project) ? HandleOrNull(host.project.tracks.SelectedAt(index)) : nullptr;
+    if (!host.Know(project) || index < 0 || index >= host.project.tracks.SelectedCount()) return nullptr;
+    return Host::Handle(*host.project.tracks.Selected()[index]);
 }
 
 bool api::IsMediaItemSelected(MediaItem* handle) {

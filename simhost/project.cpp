@@ -1,6 +1,7 @@
 #include "simhost/project.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace simhost {
 
@@ -89,40 +90,40 @@ void TrackList::MoveSelectedBefore(int index) {
     Renumber();
 }
 
-Item* TrackList::ItemAt(int index) {
-    if (!itemsFresh_) {
-        items_.clear();
-        for (Box<Track>& track : tracks_)
-            for (Box<Item>& item : track->items) items_.push_back(&*item);
-        itemsFresh_ = true;
-    }
-    return index >= 0 && index < itemCount_ ? items_[index] : nullptr;
-}
-
-Item* TrackList::SelectedAt(int index) {
-    if (!selectedFresh_) {
-        selected_.clear();
+const std::vector<Item*>& TrackList::Listed(List& list, bool onlySelected) {
+    if (!std::exchange(list.fresh, true)) {
+        list.items.clear();
         for (Box<Track>& track : tracks_)
             for (Box<Item>& item : track->items)
-                if (item->selected) selected_.push_back(&*item);
-        selectedFresh_ = true;
+                if (item->selected || !onlySelected) list.items.push_back(&*item);
     }
-    return index >= 0 && index < selectedCount_ ? selected_[index] : nullptr;
+    return list.items;
+}
+
+Item* TrackList::ItemAt(int index) {
+    return index >= 0 && index < itemCount_ ? Items()[index] : nullptr;
+}
+
+// How many of the items, which are sorted, stand where `before` is true.
+template <class Test>
+static size_t CountWhile(const GapList<Box<Item>>& items, Test before) {
+    size_t low = 0;
+    for (size_t high = items.size(); low < high;) {
+        const size_t middle = (low + high) / 2;
+        if (before(items[middle]->position))
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low;
 }
 
 size_t TrackList::IndexOf(const Item& item) {
     const GapList<Box<Item>>& items = item.track->items;
-    size_t low = 0;
-    if (!item.track->unsorted)
-        for (size_t high = items.size(); low < high;) {
-            const size_t middle = (low + high) / 2;
-            if (Earlier(items[middle]->position, item.position))
-                low = middle + 1;
-            else
-                high = middle;
-        }
-    while (&*items[low] != &item) ++low;
-    return low;
+    const auto before = [&](double position) { return Earlier(position, item.position); };
+    size_t index = item.track->unsorted ? 0 : CountWhile(items, before);
+    while (&*items[index] != &item) ++index;
+    return index;
 }
 
 Box<Item> TrackList::Detach(Item& item) {
@@ -133,20 +134,13 @@ Box<Item> TrackList::Detach(Item& item) {
 }
 
 Item& TrackList::Attach(Track& track, Box<Item> box) {
-    size_t low = 0;
-    for (size_t high = track.items.size(); low < high;) {
-        const size_t middle = (low + high) / 2;
-        if (Earlier(box->position, track.items[middle]->position))
-            high = middle;
-        else
-            low = middle + 1;
-    }
-    ++itemCount_;
-    selectedCount_ += box->selected;
-    Changed();
-    box->track = &track;
     Item& item = *box;
-    track.items.Insert(low, std::move(box));
+    item.track = &track;
+    ++itemCount_;
+    selectedCount_ += item.selected;
+    Changed();
+    const auto notAfter = [&](double position) { return !Earlier(item.position, position); };
+    track.items.Insert(CountWhile(track.items, notAfter), std::move(box));
     return item;
 }
 
@@ -188,14 +182,14 @@ void TrackList::Select(Item& item, bool selected) {
     if (item.selected == selected) return;
     item.selected = selected;
     selectedCount_ += selected ? 1 : -1;
-    selectedFresh_ = false;
+    selected_.fresh = false;
 }
 
 void TrackList::SelectAll(bool selected) {
     for (Box<Track>& track : tracks_)
         for (Box<Item>& item : track->items) item->selected = selected;
     selectedCount_ = selected ? itemCount_ : 0;
-    selectedFresh_ = false;
+    selected_.fresh = false;
 }
 
 void TrackList::Sort() {
@@ -210,6 +204,12 @@ void TrackList::Sort() {
         track->unsorted = false;
         Changed();
     }
+}
+
+TimeRange SpanOf(const std::vector<Item*>& items) {
+    TimeRange span = {items[0]->position, items[0]->End()};
+    for (const Item* item : items) span = {std::min(span.start, item->position), std::max(span.end, item->End())};
+    return span;
 }
 
 Item MakeItem(const std::string& name, double start, double end, SourceRef source) {

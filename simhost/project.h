@@ -49,6 +49,8 @@ struct Item {
     Identity identity;
 
     double End() const { return position + length; }
+    double FadeIn() const { return autoFadeIn >= 0 ? autoFadeIn : fadeIn; }  // the one that counts
+    double FadeOut() const { return autoFadeOut >= 0 ? autoFadeOut : fadeOut; }
     Take* Active();  // null without a take
     const Take* Active() const;
     const std::string& Name() const;  // the active take's, or the label
@@ -82,11 +84,12 @@ class TrackList {
     void Remove(Track& track);
     void MoveSelectedBefore(int index);
 
-    // Over all tracks, in their order. Each answers at once as long as nothing changed since the last question.
+    // Over all tracks, in their order. The lists last until the next change, and until then cost nothing to ask for.
+    const std::vector<Item*>& Items() { return Listed(items_, false); }
+    const std::vector<Item*>& Selected() { return Listed(selected_, true); }
     int ItemCount() const { return itemCount_; }
-    Item* ItemAt(int index);
     int SelectedCount() const { return selectedCount_; }
-    Item* SelectedAt(int index);
+    Item* ItemAt(int index);  // null outside
 
     Item& Add(Track& track, Item item);  // gets a new guid if it has none
     void Remove(Item& item);             // the item is gone
@@ -97,17 +100,28 @@ class TrackList {
     void Sort();  // what Reposition left unsorted
 
   private:
+    struct List {
+        std::vector<Item*> items;
+        bool fresh = false;
+    };
+    const std::vector<Item*>& Listed(List& list, bool onlySelected);
     void Renumber();
-    void Changed() { itemsFresh_ = selectedFresh_ = false; }
+    void Changed() { items_.fresh = selected_.fresh = false; }
     Box<Item> Detach(Item& item);
     Item& Attach(Track& track, Box<Item> item);
     static size_t IndexOf(const Item& item);
 
     std::vector<Box<Track>> tracks_;
     int itemCount_ = 0, selectedCount_ = 0;
-    std::vector<Item*> items_, selected_;  // answers kept for ItemAt and SelectedAt
-    bool itemsFresh_ = false, selectedFresh_ = false;
+    List items_, selected_;
 };
+
+struct TimeRange {
+    double start = 0, end = 0;
+    bool operator==(const TimeRange&) const = default;
+};
+
+TimeRange SpanOf(const std::vector<Item*>& items);  // from the first start to the last end; of one item at least
 
 struct Marker {
     bool isRegion = false;
@@ -115,11 +129,6 @@ struct Marker {
     std::string name;
     int number = 0;  // markers and regions are numbered apart
     int colour = 0;  // 0: the default
-};
-
-struct TimeRange {
-    double start = 0, end = 0;
-    bool operator==(const TimeRange&) const = default;
 };
 
 struct Project {
@@ -149,6 +158,6 @@ void SortMarkers(Project& project);
 // Cuts at a time inside the item: it keeps the left part and loses its fade-out; the right part, unselected, is
 // returned. Null when the time is not inside. A crossfade above 0 lets the right part start that much earlier.
 Item* Split(Project& project, Item& item, double time, double crossfade = 0);
-double ProjectEnd(const Project& project);  // the last end of an item or region
+double ProjectEnd(const Project& project);  // the last end of an item, region or marker
 
 }  // namespace simhost

@@ -59,8 +59,7 @@ bool ReadTake(const Take& take, int rate, int channels, double start, int frames
 }
 
 double FadeAt(const Item& item, double t) {
-    const double in = item.autoFadeIn >= 0 ? item.autoFadeIn : item.fadeIn;
-    const double out = item.autoFadeOut >= 0 ? item.autoFadeOut : item.fadeOut;
+    const double in = item.FadeIn(), out = item.FadeOut();
     double gain = 1;
     if (t < in) gain *= t / in;
     if (item.length - t < out) gain *= (item.length - t) / out;

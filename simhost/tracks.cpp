@@ -64,8 +64,4 @@ bool api::ReorderSelectedTracks(int beforeIndex, int) {
     return true;
 }
 
-void api::TrackList_AdjustWindows(bool) {
-    ++Host::Current().trackListUpdates;
-}
-
 }  // namespace simhost

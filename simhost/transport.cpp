@@ -29,10 +29,10 @@ static void KeepRecording(Host& host) {
         if (!source) source = Sine(48000, 2, std::llround(length * 48000), 440, 0.25);
         host.project.tracks.Add(track, MakeItem("rec", host.recordStart, host.playPosition, source));
     }
-    host.EndBlock("Recorded media", -1);
+    host.EndBlock("Recorded media");
 }
 
-static void Halt(Host& host) {
+void Stop(Host& host) {
     const bool recorded = host.playState & Recording;
     host.playState = 0;
     if (recorded) KeepRecording(host);
@@ -50,13 +50,9 @@ void Play(Host& host) {
         Start(host, Playing);
 }
 
-void Stop(Host& host) {
-    Halt(host);
-}
-
 void Record(Host& host) {
     if (host.playState & Recording)
-        Halt(host);
+        Stop(host);
     else
         Start(host, Playing | Recording);
 }
@@ -70,7 +66,7 @@ void PlayPause(Host& host) {
 
 void PlayStop(Host& host) {
     if (host.playState & Playing)
-        Halt(host);
+        Stop(host);
     else
         Play(host);
 }

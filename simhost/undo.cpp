@@ -1,7 +1,9 @@
 // Undo by snapshots of the whole project. A point holds the project as its block left it; undoing goes back to what the
 // point below holds. So an edit made outside any block belongs to the next point, and goes when that goes. A block that
 // changed nothing makes a point too. A block within a block belongs to the outer one, whose title counts.
+// Then the calls that refresh the screen.
 #include <unordered_map>
+#include <unordered_set>
 
 #include "simhost/calls.h"
 
@@ -17,12 +19,12 @@ void Host::BeginBlock() {
     if (blockDepth_++ == 0 && !base_) base_ = project;
 }
 
-void Host::EndBlock(const std::string& title, int flags) {
+void Host::EndBlock(const std::string& title) {
     if (blockDepth_ == 0) return Violate("no undo block is open to be closed as \"" + title + '"');
     if (--blockDepth_ > 0) return;
     project.tracks.Sort();
     points_.resize(top_);
-    points_.push_back({{title, flags}, project});
+    points_.push_back({title, project});
     while (points_.size() > static_cast<size_t>(preferences.undoPoints)) {
         base_ = std::move(points_.front().after);
         points_.pop_front();
@@ -48,32 +50,30 @@ bool Host::Redo() {
 void Host::Restore(const Project& to) {
     TrackList tracks = to.tracks;
     std::unordered_map<uint64_t, Track*> before;
-    std::unordered_map<uint64_t, bool> selected;
     for (int i = 0; i < project.tracks.Count(); ++i) before[project.tracks.At(i)->guid] = project.tracks.At(i);
-    if (!preferences.undoRestoresSelection)
-        for (int i = 0; i < project.tracks.ItemCount(); ++i)
-            selected[project.tracks.ItemAt(i)->guid] = project.tracks.ItemAt(i)->selected;
-
     for (int i = 0; i < tracks.Count(); ++i)
         if (const auto old = before.find(tracks.At(i)->guid); old != before.end())
             tracks.At(i)->identity.Take(old->second->identity, tracks.At(i));
-    if (!preferences.undoRestoresSelection)
-        for (int i = 0; i < tracks.ItemCount(); ++i) tracks.Select(*tracks.ItemAt(i), selected[tracks.ItemAt(i)->guid]);
+    if (!preferences.undoRestoresSelection) {
+        std::unordered_set<uint64_t> selected;
+        for (const Item* item : project.tracks.Selected()) selected.insert(item->guid);
+        for (Item* item : tracks.Items()) tracks.Select(*item, selected.contains(item->guid));
+    }
     project.tracks = std::move(tracks);
     project.markers = to.markers;
 }
 
 const char* Host::UndoTitle() const {
-    return top_ > 0 ? points_[top_ - 1].told.title.c_str() : nullptr;
+    return top_ > 0 ? points_[top_ - 1].title.c_str() : nullptr;
 }
 
 const char* Host::RedoTitle() const {
-    return top_ < points_.size() ? points_[top_].told.title.c_str() : nullptr;
+    return top_ < points_.size() ? points_[top_].title.c_str() : nullptr;
 }
 
-std::vector<UndoPoint> Host::UndoHistory() const {
-    std::vector<UndoPoint> history;
-    for (size_t i = 0; i < top_; ++i) history.push_back(points_[i].told);
+std::vector<std::string> Host::UndoHistory() const {
+    std::vector<std::string> history;
+    for (size_t i = 0; i < top_; ++i) history.push_back(points_[i].title);
     return history;
 }
 
@@ -85,7 +85,8 @@ void api::Undo_BeginBlock2(ReaProject* project) {
 void api::Undo_EndBlock2(ReaProject* project, const char* title, int flags) {
     Host& host = Host::Current();
     if (!title || !*title) host.Violate("an undo block without a title");
-    if (host.Know(project)) host.EndBlock(title ? title : "", flags);
+    if (flags != -1) host.Violate("an undo block that holds only some of the changes");
+    if (host.Know(project)) host.EndBlock(title ? title : "");
 }
 
 const char* api::Undo_CanUndo2(ReaProject* project) {
@@ -105,13 +106,11 @@ void api::PreventUIRefresh(int delta) {
 }
 
 void api::UpdateArrange() {
-    Host& host = Host::Current();
-    ++host.arrangeUpdates;
-    host.project.tracks.Sort();
+    Host::Current().project.tracks.Sort();
 }
 
-void api::UpdateTimeline() {
-    ++Host::Current().timelineUpdates;
-}
+// Nothing here is drawn before someone asks for a picture.
+void api::UpdateTimeline() {}
+void api::TrackList_AdjustWindows(bool) {}
 
 }  // namespace simhost

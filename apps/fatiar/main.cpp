@@ -97,8 +97,8 @@ int main(int argc, char** argv) {
 
     std::vector<simhost::SourceRef> sources;
     int64_t total = 0;
-    for (int i = 0; i < host.project.tracks.ItemCount(); ++i) {
-        sources.push_back(host.project.tracks.ItemAt(i)->Active()->source);
+    for (const simhost::Item* item : host.project.tracks.Items()) {
+        sources.push_back(item->Active()->source);
         total += sources.back()->Frames();
     }
     const double end = simhost::ProjectEnd(host.project);

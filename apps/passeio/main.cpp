@@ -122,7 +122,7 @@ void Walk::PaintArrangement(const char* name) {
 void Walk::TellPieces(const char* step) {
     double kept = 0;
     const int pieces = host_.project.tracks.ItemCount();
-    for (int i = 0; i < pieces; ++i) kept += host_.project.tracks.ItemAt(i)->length;
+    for (const simhost::Item* item : host_.project.tracks.Items()) kept += item->length;
     Tell(step, "%d %s, %.3f s de %.3f s", pieces, pieces == 1 ? "pedaco" : "pedacos", kept, length_);
 }
 

@@ -120,7 +120,7 @@ void StudioWindow::Open(const std::string& path) {
     simhost::Item item = simhost::MakeItem(name, 0, source->Length(), source);
     item.selected = true;
     host_.project.tracks.Add(track, std::move(item));
-    host_.EndBlock("Abrir " + file, -1);
+    host_.EndBlock("Abrir " + file);
     view_.ShowAll();
 }
 

@@ -91,7 +91,7 @@ class Falhas : public Cena {
     }
     // The project, and nothing left of the run before.
     void Recomecar(const simhost::Project& projeto) {
-        while (host.BlockOpen()) host.EndBlock("Resto", -1);
+        while (host.BlockOpen()) host.EndBlock("Resto");
         host.StopFailing();
         host.ForgetViolations();
         host.project = projeto;

@@ -61,11 +61,10 @@ std::vector<Caso> Casos() {
 // Every piece, to the last bit: position, length, source offset, fades.
 std::string Pecas(simhost::Host& host) {
     std::string texto;
-    for (int i = 0; i < host.project.tracks.ItemCount(); ++i) {
-        simhost::Item& item = *host.project.tracks.ItemAt(i);
+    for (const simhost::Item* item : host.project.tracks.Items()) {
         char linha[200];
-        std::snprintf(linha, sizeof linha, "%.17g %.17g %.17g %g %g\n", item.position, item.length,
-                      item.Active()->startOffset, item.autoFadeIn, item.autoFadeOut);
+        std::snprintf(linha, sizeof linha, "%.17g %.17g %.17g %g %g\n", item->position, item->length,
+                      item->Active()->startOffset, item->autoFadeIn, item->autoFadeOut);
         texto += linha;
     }
     return texto;

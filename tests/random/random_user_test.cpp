@@ -212,7 +212,7 @@ class UsuarioAleatorio : public Painel {
             case 5:
                 host.BeginBlock();
                 MexerNoProjeto();
-                return host.EndBlock("Edit", -1);
+                return host.EndBlock("Edit");
             case 6:
                 return MexerNoProjeto();
             default:

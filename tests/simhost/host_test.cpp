@@ -59,6 +59,8 @@ const BadCaller BadCallers[] = {
      [](auto&) { host::SetMediaTrackInfo_Value(FaixaChamada("Voz"), "IP_TRACKNUMBER", 2); }},
     {"GetSetProjectInfo: unknown setting \"RENDER_BOUND\"",
      [](auto&) { host::GetSetProjectInfo(nullptr, "RENDER_BOUND", 1, true); }},
+    {"GetSetProjectInfo_String: unknown setting, or no text, for \"RENDER_FILE\"",
+     [](auto&) { host::GetSetProjectInfo_String(nullptr, "RENDER_FILE", nullptr, true); }},
     {"an undo block was left open", [](auto&) { host::Undo_BeginBlock2(nullptr); }},
     {"Undo_EndBlock2: no undo block is open to be closed as \"x\"",
      [](auto&) { host::Undo_EndBlock2(nullptr, "x", -1); }},
@@ -66,6 +68,11 @@ const BadCaller BadCallers[] = {
      [](auto&) {
          host::Undo_BeginBlock2(nullptr);
          host::Undo_EndBlock2(nullptr, "", -1);
+     }},
+    {"Undo_EndBlock2: an undo block that holds only some of the changes",
+     [](auto&) {
+         host::Undo_BeginBlock2(nullptr);
+         host::Undo_EndBlock2(nullptr, "x", 4);
      }},
     {"Undo_DoUndo2: undo while an undo block is open",
      [](auto&) {
@@ -98,6 +105,7 @@ const BadCaller BadCallers[] = {
          EXPECT_EQ(host::GetAudioAccessorSamples(accessor, 0, 2, 0, 1, samples), -1);
          host::DestroyAudioAccessor(accessor);
      }},
+    {"ShowMessageBox: a message without text or title", [](auto&) { host::ShowMessageBox("a", nullptr, 0); }},
     {"GetUserInputs: a dialog needs",
      [](auto&) {
          char text[2] = {'a', 'b'};  // not ended
@@ -112,6 +120,8 @@ const BadCaller BadCallers[] = {
      [](auto&) { host::GetSet_LoopTimeRange(false, false, nullptr, nullptr, false); }},
     {"Register: there is nothing to register as \"acao\"",
      [](simhost::Host& host) { host.Record()->Register("acao", &host); }},
+    {"Register: nothing is given for \"gaccel\"",
+     [](simhost::Host& host) { host.Record()->Register("gaccel", nullptr); }},
 };
 
 }  // namespace
@@ -127,7 +137,7 @@ TEST_F(Strict, EveryKindOfBadCallerIsCaughtAndNamed) {
         bad.misuse(host);
         EXPECT_FALSE(host.Check());
         EXPECT_EQ(host.FirstViolation().rfind(bad.sentence, 0), 0u) << host.FirstViolation();
-        if (host.BlockOpen()) host.EndBlock("x", -1);
+        if (host.BlockOpen()) host.EndBlock("x");
         host.refreshHeldOff = 0;
         host.accessors.clear();
         host.ForgetViolations();
@@ -158,11 +168,11 @@ TEST_F(Strict, FunctionsFailFromTheAskedCallOn) {
     EXPECT_EQ(host::SplitMediaItem(ItemChamado("A"), 2), nullptr);
     host.FailFrom("DeleteTrackMediaItem", 1);
     host.FailFrom("AddProjectMarker2", 1, -1);
-    host.FailFrom("UpdateArrange", 1);
+    host.FailFrom("SelectAllMediaItems", 1);
     EXPECT_FALSE(host::DeleteTrackMediaItem(voice, ItemChamado("A")));
     EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 0, 1, "", -1, 0), -1);
-    host::UpdateArrange();
-    EXPECT_EQ(host.arrangeUpdates, 0);
+    host::SelectAllMediaItems(nullptr, true);
+    EXPECT_EQ(Selecionados(), "");
     EXPECT_EQ(Retrato(), "Voz: A 0-6 | A 6-8 @6");
     EXPECT_EQ(host.CallCount("SplitMediaItem"), 3);
     host.StopFailing();

@@ -136,7 +136,7 @@ TEST_F(Previa, SemItemParaReconhecerFicaVazioAteEleVoltar) {
     host.Undo();
     host.BeginBlock();
     host.project.tracks.Remove(*host.project.tracks.ItemAt(0));
-    host.EndBlock("Script", -1);
+    host.EndBlock("Script");
     PisoMenos();
     EXPECT_EQ(Modo(), "modo bounce");
     EXPECT_EQ(Historico(), "Fatiador Bounce Entrada | Script") << "a foreign point on top is left alone";
@@ -150,7 +150,7 @@ TEST_F(Previa, SemItemParaReconhecerFicaVazioAteEleVoltar) {
 TEST_F(Previa, PontoEstranhoNoTopoParaODesfazer) {
     Entrar();
     host.BeginBlock();
-    host.EndBlock("Script", -1);
+    host.EndBlock("Script");
     const std::string cortado = Retrato();
     Voltar();
     EXPECT_EQ(Modo(), "-") << "the flags go all the same";
@@ -163,7 +163,7 @@ TEST_F(Previa, DesfazNoMaximoSessentaEQuatro) {
     Entrar();
     for (int i = 0; i < 66; ++i) {
         host.BeginBlock();
-        host.EndBlock("Fatiador Preview", -1);
+        host.EndBlock("Fatiador Preview");
     }
     Voltar();
     EXPECT_EQ(Historico(), "Fatiador Bounce Entrada | Fatiador Preview | Fatiador Preview | Fatiador Preview");

@@ -84,10 +84,8 @@ simhost::Track& Dados(MediaTrack* faixa) {
 
 void Selecionar(std::initializer_list<std::string> nomes) {
     simhost::TrackList& faixas = Host::Current().project.tracks;
-    for (int i = 0; i < faixas.ItemCount(); ++i) {
-        simhost::Item& item = *faixas.ItemAt(i);
-        faixas.Select(item, std::find(nomes.begin(), nomes.end(), item.Name()) != nomes.end());
-    }
+    for (simhost::Item* item : faixas.Items())
+        faixas.Select(*item, std::find(nomes.begin(), nomes.end(), item->Name()) != nomes.end());
 }
 
 void SelecionarFaixas(std::initializer_list<std::string> nomes) {
@@ -141,10 +139,7 @@ static std::string Juntar(const Lista& lista, const char* entre, Dizer dizer) {
 }
 
 std::string Selecionados() {
-    simhost::TrackList& faixas = Host::Current().project.tracks;
-    std::vector<std::string> nomes;
-    for (int i = 0; i < faixas.SelectedCount(); ++i) nomes.push_back(faixas.SelectedAt(i)->Name());
-    return Juntar(nomes, ", ", [](const std::string& nome) { return nome; });
+    return Juntar(Host::Current().project.tracks.Selected(), ", ", [](const auto* item) { return item->Name(); });
 }
 
 std::string FaixasSelecionadas() {
@@ -160,7 +155,7 @@ std::string UltimoDesfazer() {
 }
 
 std::string Historico() {
-    return Juntar(Host::Current().UndoHistory(), " | ", [](const simhost::UndoPoint& p) { return p.title; });
+    return Juntar(Host::Current().UndoHistory(), " | ", [](const std::string& titulo) { return titulo; });
 }
 
 std::string Mensagens() {
