@@ -1,5 +1,7 @@
 #include "simhost/native/lua_script.h"
 
+#include <algorithm>
+#include <cstring>
 #include <lua.hpp>
 
 #include "simhost/calls.h"
@@ -53,6 +55,11 @@ static int CountMediaItems(lua_State* l) {
     return 1;
 }
 
+static int CountSelectedMediaItems(lua_State* l) {
+    lua_pushinteger(l, api::CountSelectedMediaItems(nullptr));
+    return 1;
+}
+
 static int GetMediaItem(lua_State* l) {
     lua_pushlightuserdata(l, api::GetMediaItem(nullptr, static_cast<int>(luaL_checkinteger(l, 2))));
     return 1;
@@ -83,6 +90,7 @@ static const luaL_Reg Calls[] = {
     {"GetSetProjectInfo_String", GetSetProjectInfo_String},
     {"sleep", Sleep},
     {"CountMediaItems", CountMediaItems},
+    {"CountSelectedMediaItems", CountSelectedMediaItems},
     {"GetMediaItem", GetMediaItem},
     {"GetMediaItemInfo_Value", GetMediaItemInfo_Value},
     {"Main_OnCommand", Main_OnCommand},
@@ -90,11 +98,66 @@ static const luaL_Reg Calls[] = {
     {nullptr, nullptr},
 };
 
+// A registered function is the one upvalue of what scripts call.
+template <class Function>
+static Function* Registered(lua_State* l) {
+    return reinterpret_cast<Function*>(lua_touserdata(l, lua_upvalueindex(1)));
+}
+
+static int CallWithNothing(lua_State* l) {
+    Registered<void()>(l)();
+    return 0;
+}
+
+static int CallWithNumbers(lua_State* l) {
+    const double a = luaL_checknumber(l, 1), b = luaL_checknumber(l, 2);
+    lua_pushnumber(l, Registered<double(double, double)>(l)(a, b));
+    return 1;
+}
+
+static int CallWithSettings(lua_State* l) {
+    const int number = static_cast<int>(luaL_checkinteger(l, 2));
+    lua_pushboolean(l, Registered<bool(bool, int, double)>(l)(lua_toboolean(l, 1), number, luaL_checknumber(l, 3)));
+    return 1;
+}
+
+// Result and argument types, as a definition begins, of the functions that extensions have registered so far.
+static constexpr struct {
+    const char *result, *arguments;
+    lua_CFunction call;
+} Shapes[] = {
+    {"void", "", CallWithNothing},
+    {"double", "double,double", CallWithNumbers},
+    {"bool", "bool,int,double", CallWithSettings},
+};
+
+// What extensions registered stands beside the host's own calls.
+static void OfferRegistered(Host& host, lua_State* l) {
+    const std::string prefix = "APIdef_";
+    for (const Registration& r : host.registrations) {
+        if (!r.name.starts_with(prefix)) continue;
+        const std::string name = r.name.substr(prefix.size());
+        const auto* result = static_cast<const char*>(r.info);
+        const char* arguments = result + std::strlen(result) + 1;
+        const auto shape = std::find_if(std::begin(Shapes), std::end(Shapes), [&](const auto& s) {
+            return !std::strcmp(s.result, result) && !std::strcmp(s.arguments, arguments);
+        });
+        if (shape == std::end(Shapes) || !host.ApiFunction(name)) {
+            host.Violate(name + ": scripts cannot call it by its definition");
+            continue;
+        }
+        lua_pushlightuserdata(l, host.ApiFunction(name));
+        lua_pushcclosure(l, shape->call, 1);
+        lua_setfield(l, -2, name.c_str());
+    }
+}
+
 void RunScriptsWithLua(Host& host) {
     host.scriptRunner = [&host](const Script& script) {
         lua_State* l = luaL_newstate();
         luaL_openlibs(l);
         luaL_newlib(l, Calls);
+        OfferRegistered(host, l);
         lua_setglobal(l, "reaper");
         const bool failed =
             luaL_loadbuffer(l, script.text.data(), script.text.size(), "script") || lua_pcall(l, 0, 0, 0);
