@@ -1,4 +1,4 @@
-// apps/fatiar/plugin.h
+// apps/common/plugin.h
 // The module as a host loads it: found beside this program, entered once with the host's record, used only through what
 // it registered.
 #pragma once

@@ -1,3 +1,4 @@
+// apps/common/recording.h
 // Recordings on the stand-in host's tracks.
 #pragma once
 #include <string>

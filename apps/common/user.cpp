@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/common/tool.h"
 #include "simhost/native/png_file.h"
 
 constexpr int MomentMs = 60, SettleMs = 300;  // the latter is more than a tick of the panel's clock
@@ -54,12 +55,20 @@ void User::CloseWindow() {
     desktop::Pump();
 }
 
-bool User::Photograph(const std::string& pngPath, int top, int height) const {
+void User::Photograph(const std::string& pngPath, int top, int height) const {
     const desktop::Picture picture = Look();
     if (height == 0) height = picture.height;
     LICE_MemBitmap bitmap(picture.width, height);
     for (int y = 0; y < height; ++y)
         std::copy_n(picture.pixels.data() + static_cast<size_t>(top + y) * picture.width, picture.width,
                     bitmap.getBits() + static_cast<ptrdiff_t>(y) * bitmap.getRowSpan());
-    return simhost::WritePng(pngPath, &bitmap);
+    Expect(simhost::WritePng(pngPath, &bitmap), "'" + pngPath + "' nao pode ser gravado");
+}
+
+User OpenPanel(simhost::Host& host) {
+    Expect(host.RunAction("_QUILMO_ABRIR_PAINEL"), "a acao que abre o painel nao existe");
+    desktop::Pump();
+    const HWND panel = GetForegroundWindow();
+    Expect(panel && panel != host.mainWindow, "o painel nao veio para a frente");
+    return User(panel);
 }

@@ -5,9 +5,9 @@
 #include <csignal>
 #include <cstdio>
 
-#include "apps/common/one_line.h"
 #include "apps/common/plugin.h"
 #include "apps/common/recording.h"
+#include "apps/common/tool.h"
 #include "apps/fatiar/options.h"
 #include "apps/fatiar/outputs.h"
 #include "apps/fatiar/progress.h"
@@ -56,8 +56,8 @@ static simhost::MixRange RangeOf(const Result& result, bool closeGaps) {
     return {result.rate, result.channels, closeGaps ? first.position : 0.0, last.position + last.length};
 }
 
-static bool WriteOutputs(const Options& options, const Settings& settings, const simhost::Project& project,
-                         Outputs& outputs, std::vector<Result>& results, std::string* error) {
+static bool WriteOutputs(const Options& options, const simhost::Project& project, Outputs& outputs,
+                         std::vector<Result>& results, std::string* error) {
     int64_t total = 0;
     for (const Result& r : results) total += static_cast<int64_t>(r.Kept() * r.rate);
     Progress progress("gravando", total);
@@ -72,7 +72,7 @@ static bool WriteOutputs(const Options& options, const Settings& settings, const
             return false;
         result.output = file.audio;
         if (options.csv && !outputs.WriteText(file.Beside("csv"), AsCsv({result}), error)) return false;
-        if (options.json && !outputs.WriteText(file.Beside("json"), AsJson({result}, settings), error)) return false;
+        if (options.json && !outputs.WriteText(file.Beside("json"), AsJson({result}, options), error)) return false;
     }
     return true;
 }
@@ -113,15 +113,14 @@ int main(int argc, char** argv) {
     }
     if (!host.Check()) return Refuse("o modulo usou mal o host: " + host.FirstViolation());
 
-    const Settings settings{options.thresholdDb, options.blockMs, options.closeGaps};
     std::vector<Result> results;
     for (size_t i = 0; i < sources.size(); ++i) results.push_back(ResultOf(*host.project.tracks.All()[i], *sources[i]));
-    if (!WriteOutputs(options, settings, host.project, outputs, results, &error)) return Refuse(error);
+    if (!WriteOutputs(options, host.project, outputs, results, &error)) return Refuse(error);
     if (outputs.HasFolder() && !Paint(outputs, host.project, "depois.png", end, &error)) return Refuse(error);
 
     const std::string text = options.csv == options.json ? AsTable(results)
                              : options.csv               ? AsCsv(results)
-                                                         : AsJson(results, settings);
+                                                         : AsJson(results, options);
     if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0)
         return Refuse("a saida padrao nao aceita o resultado");
     outputs.Keep();

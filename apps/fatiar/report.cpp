@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstdio>
 
-#include "apps/common/one_line.h"
+#include "apps/common/tool.h"
 
 double Result::Kept() const {
     double sum = 0;
@@ -110,10 +110,10 @@ static std::string JsonText(std::string_view text) {
     return quoted + "\"";
 }
 
-std::string AsJson(const std::vector<Result>& results, const Settings& settings) {
-    std::string text = "{\n  \"piso_db\": " + Exact(settings.thresholdDb) +
-                       ",\n  \"bloco_ms\": " + std::to_string(settings.blockMs) +
-                       ",\n  \"fechar\": " + (settings.closeGaps ? "true" : "false") + ",\n  \"arquivos\": [";
+std::string AsJson(const std::vector<Result>& results, const Options& options) {
+    std::string text = "{\n  \"piso_db\": " + Exact(options.thresholdDb) +
+                       ",\n  \"bloco_ms\": " + std::to_string(options.blockMs) +
+                       ",\n  \"fechar\": " + (options.closeGaps ? "true" : "false") + ",\n  \"arquivos\": [";
     for (const Result& r : results) {
         text += std::string(&r == &results[0] ? "" : ",") + "\n    {\n      \"arquivo\": " + JsonText(r.input) +
                 ",\n      \"saida\": " + (r.output.empty() ? "null" : JsonText(r.output)) +

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "apps/fatiar/options.h"
+
 struct Piece {
     double position;  // on the track
     double length;
@@ -21,12 +23,6 @@ struct Result {
     double Removed() const;
 };
 
-struct Settings {
-    double thresholdDb;
-    int blockMs;
-    bool closeGaps;
-};
-
 std::string AsTable(const std::vector<Result>& results);  // for the screen
 std::string AsCsv(const std::vector<Result>& results);    // one line a piece, below a heading; to the nanosecond
-std::string AsJson(const std::vector<Result>& results, const Settings& settings);  // one object; exact doubles
+std::string AsJson(const std::vector<Result>& results, const Options& options);  // one object; exact doubles

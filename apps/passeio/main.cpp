@@ -7,11 +7,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <set>
-#include <stdexcept>
 
-#include "apps/common/one_line.h"
 #include "apps/common/plugin.h"
 #include "apps/common/recording.h"
+#include "apps/common/tool.h"
 #include "apps/common/user.h"
 #include "simhost/arrangement.h"
 #include "simhost/native/audio_file.h"
@@ -24,16 +23,11 @@ namespace fs = std::filesystem;
 namespace {
 
 // Where a user sees them. The slider runs from -80 dB at x = 53 to -6 dB at x = 267.
-constexpr Place AutoSlicer = {84, 287}, DesktopExport = {123, 548};
 constexpr Place SliderAtMinus37 = {177, 87}, SliderAtMinus20 = {227, 87}, SecondPreset = {82, 47};
-constexpr Place SavePreset = {160, 220}, CancelPrompt = {160, 397}, ApplySlices = {236, 261};
+constexpr Place ApplySlices = {236, 261}, DesktopExport = {123, 548};
 
 // All that the module keeps between runs lies in this home, and it goes at the start: each walk is a first one.
 constexpr char HomeName[] = "casa-do-passeio";
-
-void Expect(bool condition, const std::string& otherwise) {
-    if (!condition) throw std::runtime_error(otherwise);
-}
 
 void Tell(const char* step, const char* format, auto... values) {
     std::printf("  %-24s ", step);
@@ -71,10 +65,7 @@ class Walk {
     void Finish();
 
   private:
-    void Photograph(const char* name) {
-        const fs::path path = folder_ / name;
-        Expect(user_.Photograph(path.string()), "'" + path.string() + "' nao pode ser gravado");
-    }
+    void Photograph(const char* name) { user_.Photograph((folder_ / name).string()); }
     void PaintArrangement(const char* name);
     // Clicks or drags that make the module cut anew: one undo, and cuts on top of the history again.
     template <class Deed>
@@ -128,11 +119,7 @@ void Walk::TellPieces(const char* step) {
 
 void Walk::OpenPanel() {
     PaintArrangement("arranjo-antes.png");
-    Expect(host_.RunAction("_QUILMO_ABRIR_PAINEL"), "a acao que abre o painel nao existe");
-    desktop::Pump();
-    const HWND panel = GetForegroundWindow();
-    Expect(panel && panel != host_.mainWindow, "o painel nao veio para a frente");
-    user_ = User(panel);
+    user_ = ::OpenPanel(host_);
     Photograph("painel.png");
     const desktop::Picture idle = user_.Look();
     Tell("abrir o painel", "%d x %d pontos", idle.width, idle.height);
@@ -215,12 +202,8 @@ void Walk::Finish() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fputs("Uso: passeio gravacao pasta\n", stderr);
-        return 2;
-    }
-    try {
-        Walk walk(argv[1], argv[2]);
+    return RunTool("passeio", argc, argv, [](const std::string& recording, const std::string& folder) {
+        Walk walk(recording, folder);
         std::printf("Passeio pelo painel, so com o mouse:\n");
         walk.OpenPanel();
         walk.Slice();
@@ -229,10 +212,5 @@ int main(int argc, char** argv) {
         walk.Apply();
         walk.Export();
         walk.Finish();
-    } catch (const std::exception& why) {
-        std::fflush(stdout);
-        std::fprintf(stderr, "passeio: %s\n", OnOneLine(why.what()).c_str());
-        return 1;
-    }
-    return 0;
+    });
 }

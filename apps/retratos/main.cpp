@@ -1,12 +1,10 @@
 // retratos: the manual's pictures, taken of the real module's panel on the headless desktop. The same module, fonts and
 // recording give the same pictures, so a change in them is a change in the panel.
-#include <cstdio>
 #include <filesystem>
-#include <stdexcept>
 
-#include "apps/common/one_line.h"
 #include "apps/common/plugin.h"
 #include "apps/common/recording.h"
+#include "apps/common/tool.h"
 #include "apps/common/user.h"
 #include "simhost/arrangement.h"
 #include "simhost/native/png_file.h"
@@ -22,8 +20,7 @@ static constexpr struct {
     {"edicao", 221, 42}, {"lacunas", 266, 42}, {"selecao", 311, 42}, {"itens", 356, 42},     {"mover", 396, 42},
     {"zoom", 441, 42},   {"bounce", 486, 42},  {"render", 527, 42},  {"cores", 572, 82},
 };
-static constexpr Place Record = {160, 42}, SelectTime = {274, 332}, AutoSlicer = {84, 287}, SavePreset = {160, 220},
-                       CancelPrompt = {160, 397}, Back = {82, 261}, Nowhere = {2, 655};
+static constexpr Place Record = {160, 42}, SelectTime = {274, 332}, Back = {82, 261}, Nowhere = {2, 655};
 
 class Album {
   public:
@@ -36,14 +33,12 @@ class Album {
     void CloseUp();
 
   private:
-    void Keep(const char* name, int top = 0, int height = 0) {
-        if (!user_.Photograph(Path(name), top, height)) throw std::runtime_error(Path(name) + " nao pode ser gravado");
-    }
+    void Keep(const char* name, int top = 0, int height = 0) { user_.Photograph(Path(name), top, height); }
     void KeepArrangement(const char* name) {
         constexpr simhost::ArrangementLayout layout = {.headerWidth = 80, .rulerHeight = 44, .laneHeight = 90};
         LICE_MemBitmap bitmap(900, simhost::ArrangementHeight(host_.project, layout));
         simhost::PaintArrangement(host_.project, &bitmap, {0, length_ * 1.02}, layout);
-        if (!simhost::WritePng(Path(name), &bitmap)) throw std::runtime_error(Path(name) + " nao pode ser gravado");
+        Expect(simhost::WritePng(Path(name), &bitmap), Path(name) + " nao pode ser gravado");
     }
     std::string Path(const char* name) const { return (folder_ / name).string() + ".png"; }
 
@@ -59,14 +54,13 @@ Album::Album(const fs::path& recording, const fs::path& folder) : folder_(folder
     host_.resourcePath = home_.string();
     host_.mainWindow = OpenMainWindow();
     std::string error;
-    if (!PutOnTrack(recording.string(), host_, &error) || !plugin_.Load(host_, &error)) throw std::runtime_error(error);
+    const bool ready = PutOnTrack(recording.string(), host_, &error) && plugin_.Load(host_, &error);
+    Expect(ready, error);
     simhost::Item& item = *host_.project.tracks.ItemAt(0);
     item.track->name = item.Active()->name = "Fala";
     item.track->selected = true;
     length_ = item.length;
-    if (!host_.RunAction("_QUILMO_ABRIR_PAINEL")) throw std::runtime_error("a acao que abre o painel nao existe");
-    desktop::Pump();
-    user_ = User(GetForegroundWindow());
+    user_ = OpenPanel(host_);
 }
 
 void Album::MainPage() {
@@ -108,23 +102,15 @@ void Album::AtWork() {
 void Album::CloseUp() {
     user_.CloseWindow();
     DestroyWindow(host_.mainWindow);
-    if (!host_.Check()) throw std::runtime_error("o modulo usou mal o host: " + host_.FirstViolation());
+    Expect(host_.Check(), "o modulo usou mal o host: " + host_.FirstViolation());
 }
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fputs("Uso: retratos gravacao pasta\n", stderr);
-        return 2;
-    }
-    try {
-        Album album(argv[1], argv[2]);
+    return RunTool("retratos", argc, argv, [](const std::string& recording, const std::string& folder) {
+        Album album(recording, folder);
         album.MainPage();
         album.SlicerPage();
         album.AtWork();
         album.CloseUp();
-    } catch (const std::exception& why) {
-        std::fprintf(stderr, "retratos: %s\n", OnOneLine(why.what()).c_str());
-        return 1;
-    }
-    return 0;
+    });
 }
