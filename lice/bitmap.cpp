@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "lice/truncate.h"
+#include "lice/safe_math.h"
 
 namespace {
 

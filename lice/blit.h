@@ -6,14 +6,8 @@
 #pragma once
 #include "lice/bitmap.h"
 
-struct BlitPlace;
-struct Target;
-
 // source: what to take; null takes all of src. Surfaces of different draw scale go through LICE_ScaledBlit.
 // In a mode byte from 0xF0 on, each pixel only gives one byte: bits 0 and 1 choose it in src, bits 2 and 3 in dest.
 void LICE_Blit(LICE_IBitmap* dest, LICE_IBitmap* src, int dstx, int dsty, const RECT* source, float alpha, int mode);
 void LICE_BlitRect(LICE_IBitmap* dest, LICE_IBitmap* src, int dstx, int dsty, int srcx, int srcy, int srcw, int srch,
                    float alpha, int mode);
-
-// Where both end, and an unscaled LICE_ScaledBlit too: `place` is in backing pixels and is still to be cut.
-void BlitBackingPixels(const Target& to, const Target& from, BlitPlace place, float alpha, int mode);

@@ -27,6 +27,9 @@ struct BlitPlace {
     }
 };
 
+// Where LICE_Blit ends, and an unscaled LICE_ScaledBlit too: `place` is in backing pixels and is still to be cut.
+void BlitBackingPixels(const Target& to, const Target& from, BlitPlace place, float alpha, int mode);
+
 struct BlitRows {
     ptrdiff_t width = 0, height = 0;  // 0: nothing to do
     LICE_pixel* dest = nullptr;

@@ -238,18 +238,6 @@ void DrawRaster(const Target& target, const Disc& disc, LICE_pixel color, int ia
     }
 }
 
-// As much of the circle as lies in the box around two of its points, a quadrant apart or less.
-void DrawBetween(const Target& target, const Disc& disc, POINT a, POINT b, LICE_pixel color, int ia, int mode,
-                 bool aa) {
-    const auto [left, right] = std::minmax(a.x, b.x);
-    const auto [top, bottom] = std::minmax(a.y, b.y);
-    // Towards the middle the box ends at the axis, which belongs to both quadrants; outward it takes the fringe in.
-    const RECT clip{std::max<LONG>(left, 0), std::max<LONG>(top, 0),
-                    std::min<LONG>(right + (static_cast<float>(right) != disc.cx) + 1, target.width),
-                    std::min<LONG>(bottom + (static_cast<float>(bottom) != disc.cy) + 1, target.height)};
-    DrawRaster(target, disc, color, ia, mode, aa, false, clip);
-}
-
 void DrawCircle(LICE_IBitmap* dest, Disc disc, LICE_pixel color, float alpha, int mode, bool aa, bool fill) {
     const Target target(dest);
     if (target.Empty()) return;
@@ -265,7 +253,7 @@ void DrawCircle(LICE_IBitmap* dest, Disc disc, LICE_pixel color, float alpha, in
 }
 
 // As floats: whether an arc goes all the way round is decided in these.
-constexpr float kPi = std::numbers::pi_v<float>, kTwoPi = 2 * kPi, kHalfPi = kPi / 2;
+constexpr float Pi = std::numbers::pi_v<float>, TwoPi = 2 * Pi, HalfPi = Pi / 2;
 
 }  // namespace
 
@@ -285,43 +273,44 @@ void LICE_Arc(LICE_IBitmap* dest, float cx, float cy, float r, float lowAngle, f
     Disc disc{cx, cy, r};
     if (target.flipped) {
         disc.cy = static_cast<float>(target.logicalHeight - 1) - cy;
-        lowAngle = kPi - lowAngle;
-        highAngle = kPi - highAngle;
+        lowAngle = Pi - lowAngle;
+        highAngle = Pi - highAngle;
     }
     if (lowAngle > highAngle) std::swap(lowAngle, highAngle);
-    if (highAngle - lowAngle >= kTwoPi) return LICE_Circle(dest, cx, cy, r, color, alpha, mode, aa);
-    if (highAngle >= kTwoPi) {
-        const float whole = highAngle - std::fmod(highAngle, kTwoPi);
-        highAngle -= whole;
-        lowAngle -= whole;
-    } else if (lowAngle <= -kTwoPi) {
-        const float whole = lowAngle - std::fmod(lowAngle, kTwoPi);
-        highAngle -= whole;
-        lowAngle -= whole;
-    }
+    if (highAngle - lowAngle >= TwoPi) return LICE_Circle(dest, cx, cy, r, color, alpha, mode, aa);
+    const float outside = highAngle >= TwoPi ? highAngle : lowAngle <= -TwoPi ? lowAngle : 0;
+    const float wholeTurns = outside - std::fmod(outside, TwoPi);
+    highAngle -= wholeTurns;
+    lowAngle -= wholeTurns;
     if (target.Scales(mode)) disc.Scale(target.scale);
     if (!Sane(disc.cx) || !Sane(disc.cy) || !Sane(disc.r)) return;
 
     // From here on in double: in float every rounded rectangle would show a pixel too many.
-    const double low = double{lowAngle} + kTwoPi, high = double{highAngle} + kTwoPi;
+    const double low = double{lowAngle} + TwoPi, high = double{highAngle} + TwoPi;
     const auto pointAt = [&disc](double angle) {
         return POINT{Rounded(disc.r * std::sin(angle) + disc.cx), Rounded(disc.cy - disc.r * std::cos(angle))};
     };
-    const int ia = Opacity(alpha);
     POINT from = pointAt(low);
-    double quadrantEnd = low - std::fmod(low, double{kHalfPi});
+    double quadrantEnd = low - std::fmod(low, double{HalfPi});
     for (double current = low; high > current;) {
-        quadrantEnd += kHalfPi;
+        quadrantEnd += HalfPi;
         current = std::min(quadrantEnd, high);
         const POINT to = pointAt(current);
-        DrawBetween(target, disc, from, to, color, ia, mode, aa);
+        const auto [left, right] = std::minmax(from.x, to.x);
+        const auto [top, bottom] = std::minmax(from.y, to.y);
+        // Towards the middle the box ends at the axis, which belongs to both quadrants; outward it takes the fringe in.
+        const RECT box{std::max<LONG>(left, 0), std::max<LONG>(top, 0),
+                       std::min<LONG>(right + (static_cast<float>(right) != disc.cx) + 1, target.width),
+                       std::min<LONG>(bottom + (static_cast<float>(bottom) != disc.cy) + 1, target.height)};
+        DrawRaster(target, disc, color, Opacity(alpha), mode, aa, false, box);
         from = to;
     }
 }
 
 void LICE_RoundRect(LICE_IBitmap* dest, float x, float y, float w, float h, int cornerRadius, LICE_pixel color,
                     float alpha, int mode, bool aa) {
-    if (!dest) return;
+    const Target target(dest);
+    if (target.Empty()) return;
     for (float* value : {&x, &y, &w, &h}) *value = static_cast<float>(std::floor(*value + 0.5));
     if (!Sane(x) || !Sane(y) || !Sane(w) || !Sane(h)) return;
     float r = 0;
@@ -330,14 +319,13 @@ void LICE_RoundRect(LICE_IBitmap* dest, float x, float y, float w, float h, int 
         return LICE_DrawRect(dest, static_cast<int>(x), static_cast<int>(y), static_cast<int>(w), static_cast<int>(h),
                              color, alpha, mode);
     }
-    const Target target(dest);
-    double o = 0;  // on a scaled surface a side lies in the middle of its scaled pixels
+    // On a scaled surface a side lies in the middle of its scaled pixels.
+    const double o = target.Scales(mode) ? 1.0 - 256.0 / target.scale : 0;
     const auto side = [&](float x1, float y1, float x2, float y2) {
         if (target.Scales(mode)) return LICE_FLine(dest, x1, y1, x2, y2, color, alpha, mode, aa);
         LICE_Line(dest, static_cast<int>(x1), static_cast<int>(y1), static_cast<int>(x2), static_cast<int>(y2), color,
                   alpha, mode, aa);
     };
-    if (target.Scales(mode)) o = 1.0 - 256.0 / target.scale;
     side(x + r + o, y + o, x + w - r - o, y + o);
     side(x + r - 1 + o, y + h - o, x + w - r - o, y + h - o);
     side(x + w - o, y + r + o, x + w - o, y + h - r - o);
@@ -354,17 +342,11 @@ void LICE_RoundRect(LICE_IBitmap* dest, float x, float y, float w, float h, int 
                                                color},
                                     false, ia);
     }
-    // A corner is an arc over a quadrant; right and down are -1 or 1. Between whole pixels its ends are known.
-    const auto corner = [&](float cx, float cy, int right, int down, float low, float high) {
-        if (target.scale > 0 || r >= 1000 || !Sane(cx) || !Sane(cy))
-            return LICE_Arc(dest, cx, cy, r, low, high, color, alpha, mode, aa);
-        const Disc disc{cx, target.flipped ? static_cast<float>(target.height - 1) - cy : cy, r};
-        const int xc = static_cast<int>(cx), yc = static_cast<int>(disc.cy), reach = static_cast<int>(r);
-        const POINT one{xc + right * reach, yc}, other{xc, yc + (target.flipped ? -down : down) * reach};
-        DrawBetween(target, disc, one, other, color, ia, mode, aa);
+    const auto corner = [&](float cx, float cy, float low, float high) {
+        LICE_Arc(dest, cx, cy, r, low, high, color, alpha, mode, aa);
     };
-    corner(x + r + o, y + r + o, -1, -1, -kHalfPi, 0);
-    corner(x + w - r - o, y + r + o, 1, -1, 0, kHalfPi);
-    corner(x + w - r - o, y + h - r - o, 1, 1, kHalfPi, kPi);
-    corner(x + r + o, y + h - r - o, -1, 1, kPi, kPi + kHalfPi);
+    corner(x + r + o, y + r + o, -HalfPi, 0);
+    corner(x + w - r - o, y + r + o, 0, HalfPi);
+    corner(x + w - r - o, y + h - r - o, HalfPi, Pi);
+    corner(x + r + o, y + h - r - o, Pi, Pi + HalfPi);
 }

@@ -1,6 +1,5 @@
-// Radii up to 3 are drawn by hand, and the halves among them are their neighbours with the middle row and column
-// doubled. From 3.5 on a rule that the hand-drawn ones suggest gives the coverage: the ring, one pixel wide, is the
-// plain raster's and stands at 255; outside it counts the disc of radius r + 1/2, and inside it, for an outline,
+// Radii up to 3 are drawn by hand. From 3.5 on a rule that these suggest gives the coverage: the ring, one pixel wide,
+// is the plain raster's and stands at 255; outside it counts the disc of radius r + 1/2, and inside it, for an outline,
 // whatever lies beyond r - 1/2, both by 4 by 4 samples a pixel. The compiler works it out, so the masks are constants
 // all the same.
 #include "lice/circle_masks.h"
@@ -19,82 +18,46 @@ struct Cases {
     Mask<N> smoothOutline, smoothFill, plainOutline, plainFill;
 };
 
-constexpr Cases<3> kRadius1 = {
-    {79, 255, 79, 255, 15, 255, 79, 255, 79},
-    {79, 255, 79, 255, 255, 255, 79, 255, 79},
-    {0, 255, 0, 255, 0, 255, 0, 255, 0},
-    {0, 255, 0, 255, 255, 255, 0, 255, 0},
+struct Pixel {
+    uint8_t smooth;       // of the anti-aliased outline
+    bool ring, enclosed;  // part of the plain outline; inside it
 };
 
-// clang-format off
-constexpr Cases<5> kRadius2 = {
-    { 15, 191, 255, 191,  15,
-     191, 209,  79, 209, 191,
-     255,  79,   0,  79, 255,
-     191, 209,  79, 209, 191,
-      15, 191, 255, 191,  15},
-    { 15, 191, 255, 191,  15,
-     191, 209, 255, 209, 191,
-     255, 255, 255, 255, 255,
-     191, 209, 255, 209, 191,
-      15, 191, 255, 191,  15},
-    {  0,   0, 255,   0,   0,
-       0, 255,   0, 255,   0,
-     255,   0,   0,   0, 255,
-       0, 255,   0, 255,   0,
-       0,   0, 255,   0,   0},
-    {  0,   0, 255,   0,   0,
-       0, 255, 255, 255,   0,
-     255, 255, 255, 255, 255,
-       0, 255, 255, 255,   0,
-       0,   0, 255,   0,   0},
-};
-
-constexpr Cases<7> kRadius3 = {
-    {  0, 143, 255, 255, 255, 143,   0,
-     143, 255,  97,  64,  97, 255, 143,
-     255, 112,   0,   0,   0, 112, 255,
-     255,  48,   0,   0,   0,  48, 255,
-     255, 112,   0,   0,   0, 112, 255,
-     143, 255,  97,  64,  97, 255, 143,
-       0, 143, 255, 255, 255, 143,   0},
-    {  0, 143, 255, 255, 255, 143,   0,
-     143, 255, 255, 255, 255, 255, 143,
-     255, 255, 255, 255, 255, 255, 255,
-     255, 255, 255, 255, 255, 255, 255,
-     255, 255, 255, 255, 255, 255, 255,
-     143, 255, 255, 255, 255, 255, 143,
-       0, 143, 255, 255, 255, 143,   0},
-    {  0,   0, 255, 255, 255,   0,   0,
-       0, 255,   0,   0,   0, 255,   0,
-     255,   0,   0,   0,   0,   0, 255,
-     255,   0,   0,   0,   0,   0, 255,
-     255,   0,   0,   0,   0,   0, 255,
-       0, 255,   0,   0,   0, 255,   0,
-       0,   0, 255, 255, 255,   0,   0},
-    {  0,   0, 255, 255, 255,   0,   0,
-       0, 255, 255, 255, 255, 255,   0,
-     255, 255, 255, 255, 255, 255, 255,
-     255, 255, 255, 255, 255, 255, 255,
-     255, 255, 255, 255, 255, 255, 255,
-       0, 255, 255, 255, 255, 255,   0,
-       0,   0, 255, 255, 255,   0,   0},
-};
-// clang-format on
-
-template <int N>
-constexpr Mask<N + 1> Doubled(const Mask<N>& mask) {
-    Mask<N + 1> result{};
-    for (int y = 0; y <= N; ++y)
-        for (int x = 0; x <= N; ++x)
-            result[y * (N + 1) + x] = mask[(y <= N / 2 ? y : y - 1) * N + (x <= N / 2 ? x : x - 1)];
-    return result;
+// Only the upper left quarter is asked for, quarter(x, y); the others are its mirror images, which share the middle row
+// and column where N is odd.
+template <int N, class Quarter>
+constexpr Cases<N> MakeCases(Quarter quarter) {
+    Cases<N> cases{};
+    for (int i = 0; i < N * N; ++i) {
+        const int x = i % N, y = i / N;
+        const Pixel pixel = quarter(std::min(x, N - 1 - x), std::min(y, N - 1 - y));
+        cases.smoothOutline[i] = pixel.smooth;
+        cases.smoothFill[i] = pixel.enclosed ? 255 : pixel.smooth;
+        cases.plainOutline[i] = pixel.ring ? 255 : 0;
+        cases.plainFill[i] = pixel.ring || pixel.enclosed ? 255 : 0;
+    }
+    return cases;
 }
 
-template <int N>
-constexpr Cases<N + 1> Doubled(const Cases<N>& c) {
-    return {Doubled<N>(c.smoothOutline), Doubled<N>(c.smoothFill), Doubled<N>(c.plainOutline), Doubled<N>(c.plainFill)};
-}
+// --- By hand
+
+template <int Q>
+struct Drawn {
+    uint8_t smooth[Q][Q], ring[Q][Q];
+};
+
+constexpr Drawn<2> Radius1 = {{{79, 255}, {255, 15}}, {{0, 1}, {1, 0}}};
+constexpr Drawn<3> Radius2 = {{{15, 191, 255}, {191, 209, 79}, {255, 79, 0}}, {{0, 0, 1}, {0, 1, 0}, {1, 0, 0}}};
+constexpr Drawn<4> Radius3 = {{{0, 143, 255, 255}, {143, 255, 97, 64}, {255, 112, 0, 0}, {255, 48, 0, 0}},
+                              {{0, 0, 1, 1}, {0, 1, 0, 0}, {1, 0, 0, 0}, {1, 0, 0, 0}}};
+
+template <int N, const auto& drawn>
+constexpr Cases<N> ByHand = MakeCases<N>([](int x, int y) {
+    const uint8_t* ring = drawn.ring[y];
+    return Pixel{drawn.smooth[y][x], ring[x] != 0, std::find(ring, ring + x, 1) != ring + x};
+});
+
+// --- By rule
 
 // Coverage of one pixel by the samples whose distance from the middle lies in inner to outer, in eighths of a pixel.
 template <int N>
@@ -109,34 +72,15 @@ constexpr uint8_t Sampled(int x, int y, int inner, int outer) {
 }
 
 template <int N>
-constexpr Cases<N> ByRule() {
+constexpr Cases<N> ByRule = MakeCases<N>([](int x, int y) {
     constexpr int eighths = 4 * (N - 1);  // of a pixel, in the radius
-    constexpr int radius = (N - 1) / 2;   // of the ring, whose middle is doubled where N is even
-    Cases<N> result{};
-    for (int y = 0; y < N; ++y)
-        for (int x = 0; x < N; ++x) {
-            const int dx = std::max(2 * x - N + 1, N - 1 - 2 * x) / 2, dy = std::max(2 * y - N + 1, N - 1 - 2 * y) / 2;
-            const int longer = std::max(dx, dy), shorter = std::min(dx, dy);
-            const int rest = radius * radius - shorter * shorter;
-            const bool inside = longer * (longer - 1) <= rest;
-            const bool ring = inside && (longer + 1) * longer > rest;
-            const uint8_t fringe = Sampled<N>(x, y, eighths - 4, eighths + 4);
-            const int at = y * N + x;
-            result.smoothOutline[at] = ring ? 255 : fringe;
-            result.smoothFill[at] = inside ? 255 : fringe;
-            result.plainOutline[at] = ring ? 255 : 0;
-            result.plainFill[at] = inside ? 255 : 0;
-        }
-    return result;
-}
-
-constexpr Cases<4> kRadius1Half = Doubled(kRadius1);
-constexpr Cases<6> kRadius2Half = Doubled(kRadius2);
-constexpr Cases<8> kRadius3Half = ByRule<8>();
-constexpr Cases<9> kRadius4 = ByRule<9>();
-constexpr Cases<11> kRadius5 = ByRule<11>();
-constexpr Cases<13> kRadius6 = ByRule<13>();
-constexpr Cases<15> kRadius7 = ByRule<15>();
+    constexpr int radius = (N - 1) / 2;   // of the ring
+    const int dx = (N - 1) / 2 - x, dy = (N - 1) / 2 - y;
+    const int longer = std::max(dx, dy), shorter = std::min(dx, dy);
+    const int rest = radius * radius - shorter * shorter;
+    const bool inside = longer * (longer - 1) <= rest, ring = inside && (longer + 1) * longer > rest;
+    return Pixel{ring ? uint8_t{255} : Sampled<N>(x, y, eighths - 4, eighths + 4), ring, inside};
+});
 
 struct Row {
     float r;
@@ -151,15 +95,16 @@ struct Row {
                  N < 11 ? c.plainFill.data() : nullptr} {}
 };
 
-constexpr Row kMasks[] = {
-    {1.0f, kRadius1},     {1.5f, kRadius1Half}, {2.0f, kRadius2}, {2.5f, kRadius2Half}, {3.0f, kRadius3},
-    {3.5f, kRadius3Half}, {4.0f, kRadius4},     {5.0f, kRadius5}, {6.0f, kRadius6},     {7.0f, kRadius7},
+constexpr Row Masks[] = {
+    {1.0f, ByHand<3, Radius1>}, {1.5f, ByHand<4, Radius1>}, {2.0f, ByHand<5, Radius2>}, {2.5f, ByHand<6, Radius2>},
+    {3.0f, ByHand<7, Radius3>}, {3.5f, ByRule<8>},          {4.0f, ByRule<9>},          {5.0f, ByRule<11>},
+    {6.0f, ByRule<13>},         {7.0f, ByRule<15>},
 };
 
 }  // namespace
 
 CircleMask SmallCircleMask(float r, bool filled, bool aa) {
-    for (const Row& row : kMasks)
+    for (const Row& row : Masks)
         if (row.r == r) return {row.byCase[(aa ? 0 : 2) + filled], row.size};
     return {nullptr, 0};
 }

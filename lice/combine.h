@@ -12,7 +12,7 @@
 
 #include "lice/four_pixels.h"
 #include "lice/pixel.h"
-#include "lice/truncate.h"
+#include "lice/safe_math.h"
 
 // A caller's opacity, 1.0 being opaque.
 inline int Opacity(float alpha) {

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "lice/font.h"
-#include "lice/rect_math.h"
+#include "lice/safe_math.h"
 #include "lice/target.h"
 #include "lice/text_reader.h"
 
@@ -15,7 +15,7 @@ RECT ScaledRect(const RECT& r, int scale) {
 }
 
 int Unscaled(int value, int scale) {
-    return Saturate(int64_t{value} * 256 / scale);
+    return HeldInInt(int64_t{value} * 256 / scale);
 }
 
 }  // namespace
@@ -96,9 +96,9 @@ int LICE_CachedFont::MeasureGlyphs(TextReader text, RECT* rect, UINT format) {
         maxX = std::max(maxX, pen.x + (vertical ? glyph.width : length));
         maxY = std::max(maxY, pen.y + (vertical ? length : glyph.height));
     });
-    rect->right = Saturate(rect->left + maxX);
-    rect->bottom = Saturate(rect->top + maxY);
-    return Saturate(vertical ? maxX : maxY);
+    rect->right = HeldInInt(rect->left + maxX);
+    rect->bottom = HeldInInt(rect->top + maxY);
+    return HeldInInt(vertical ? maxX : maxY);
 }
 
 int LICE_CachedFont::DrawText(LICE_IBitmap* bitmap, const char* text, int count, RECT* rect, UINT format) {
@@ -160,9 +160,9 @@ int LICE_CachedFont::DrawGlyphs(LICE_IBitmap* bitmap, TextReader text, const REC
     const Flow flow{{x, y}, vertical ? rect.bottom : rect.right, format, upward};
     Walk(text, flow, [&](const GlyphRecord& glyph, const Flow::Pen& pen) {
         const int64_t top = upward ? pen.y - glyph.height : pen.y;
-        if (!DrawGlyphAt(bitmap, glyph.code, Saturate(pen.x), Saturate(top), &clip)) return;
+        if (!DrawGlyphAt(bitmap, glyph.code, HeldInInt(pen.x), HeldInInt(top), &clip)) return;
         maxX = std::max(maxX, pen.x + glyph.width);
         maxY = std::max(maxY, top + glyph.height);
     });
-    return Saturate(vertical ? maxX - startX : maxY - startY);
+    return HeldInInt(vertical ? maxX - startX : maxY - startY);
 }

@@ -7,7 +7,7 @@
 #include "lice/blit.h"
 #include "lice/font.h"
 #include "lice/font_scratch.h"
-#include "lice/rect_math.h"
+#include "lice/safe_math.h"
 #include "lice/target.h"
 #include "lice/text_reader.h"
 
@@ -97,12 +97,12 @@ int LICE_CachedFont::DrawInContext(HDC dc, const NativeText& text, RECT* rect, U
 
 // For a surface without a context: the part of it that the text covers is copied, drawn on, and copied back.
 int LICE_CachedFont::DrawOnScratch(LICE_IBitmap* bitmap, const NativeText& text, RECT* rect, UINT format) const {
-    RECT size{0, 0, Saturate(WidthOf(*rect)), Saturate(HeightOf(*rect))};  // where lines are to be wrapped
+    RECT size{0, 0, HeldInInt(WidthOf(*rect)), HeldInInt(HeightOf(*rect))};  // where lines are to be wrapped
     const int measured =
         DrawInContext(NativeScratch(4, 4).getDC(), text, &size, (format & ~AlignmentBits) | DT_CALCRECT);
     if (format & DT_CALCRECT) {
-        rect->right = Saturate(int64_t{rect->left} + size.right);
-        rect->bottom = Saturate(int64_t{rect->top} + size.bottom);
+        rect->right = HeldInInt(int64_t{rect->left} + size.right);
+        rect->bottom = HeldInInt(int64_t{rect->top} + size.bottom);
     }
     const Target target(bitmap);
     if (format & DT_CALCRECT || target.Empty()) return measured;
@@ -113,7 +113,7 @@ int LICE_CachedFont::DrawOnScratch(LICE_IBitmap* bitmap, const NativeText& text,
     if (format & DT_BOTTOM) y = int64_t{rect->bottom} - size.bottom;
     if (format & DT_VCENTER) y = (int64_t{rect->bottom} + rect->top - size.bottom) / 2;
 
-    RECT area{Saturate(x), Saturate(y), Saturate(x + size.right), Saturate(y + size.bottom)};
+    RECT area{HeldInInt(x), HeldInInt(y), HeldInInt(x + size.right), HeldInInt(y + size.bottom)};
     const RECT surface{0, 0, target.width, target.height};
     IntersectRect(&area, &area, &surface);
     if (!(format & DT_NOCLIP)) IntersectRect(&area, &area, rect);
@@ -123,8 +123,8 @@ int LICE_CachedFont::DrawOnScratch(LICE_IBitmap* bitmap, const NativeText& text,
     const int w = area.right - area.left, h = area.bottom - area.top;
     LICE_SysBitmap& scratch = NativeScratch(w, h);
     LICE_Blit(&scratch, bitmap, 0, 0, &area, 1.0f, LICE_BLIT_IGNORE_SCALING);
-    RECT place{Saturate(x - area.left), Saturate(y - area.top), Saturate(x - area.left + size.right),
-               Saturate(y - area.top + size.bottom)};
+    RECT place{HeldInInt(x - area.left), HeldInInt(y - area.top), HeldInInt(x - area.left + size.right),
+               HeldInInt(y - area.top + size.bottom)};
     const int result = DrawInContext(scratch.getDC(), text, &place, format & ~AlignmentBits);
     LICE_BlitRect(bitmap, &scratch, area.left, area.top, 0, 0, w, h, alpha_, LICE_BLIT_IGNORE_SCALING);
     return result;

@@ -96,8 +96,8 @@ struct FourWeights {
 struct EightWeights {
     FourWeights first, second;
 
-    static EightWeights Coverage(uint64_t mask, int ia) {
-        const __m128i bytes = _mm_cvtsi64_si128(static_cast<int64_t>(mask));
+    static EightWeights Coverage(uint32_t a, uint32_t b, int ia) {
+        const __m128i bytes = _mm_cvtsi64_si128(static_cast<int64_t>(a | uint64_t{b} << 32));
         const EightWords weight256 = FourWeights::Times((EightWords)_mm_unpacklo_epi8(bytes, _mm_setzero_si128()), ia);
         const __m128i w = (__m128i)weight256;
         return {FourWeights::Of((EightWords)_mm_unpacklo_epi16(w, w)),

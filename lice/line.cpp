@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "lice/combine.h"
+#include "lice/safe_math.h"
 #include "lice/target.h"
-#include "lice/truncate.h"
 
 namespace {
 
@@ -304,20 +304,22 @@ void LICE_FLine(LICE_IBitmap* dest, float x1, float y1, float x2, float y2, LICE
 void LICE_DrawRect(LICE_IBitmap* dest, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode) {
     const Target target(dest);
     if (target.Empty()) return;
-    if (!target.Scales(mode)) {
-        const int right = HeldInInt(int64_t{x} + w), bottom = HeldInInt(int64_t{y} + h);
-        LICE_Line(dest, x, y, right, y, color, alpha, mode, false);
-        LICE_Line(dest, right, y, right, bottom, color, alpha, mode, false);
-        LICE_Line(dest, right, bottom, x, bottom, color, alpha, mode, false);
-        LICE_Line(dest, x, bottom, x, y, color, alpha, mode, false);
-        return;
-    }
-    // The corners lie where the middles of the logical corner pixels do.
-    const double inset = 1.0 - 256.0 / target.scale;
-    const float left = static_cast<float>(x + inset), top = static_cast<float>(y + inset);
-    const float right = static_cast<float>(int64_t{x} + w - inset), bottom = static_cast<float>(int64_t{y} + h - inset);
-    LICE_FLine(dest, left, top, right, top, color, alpha, mode, true);
-    LICE_FLine(dest, right, top, right, bottom, color, alpha, mode, true);
-    LICE_FLine(dest, right, bottom, left, bottom, color, alpha, mode, true);
-    LICE_FLine(dest, left, bottom, left, top, color, alpha, mode, true);
+    // On a scaled surface the corners lie where the middles of the logical corner pixels do.
+    const bool scales = target.Scales(mode);
+    const double inset = scales ? 1.0 - 256.0 / target.scale : 0;
+    const double left = x + inset, right = static_cast<double>(int64_t{x} + w) - inset;
+    const double top = y + inset, bottom = static_cast<double>(int64_t{y} + h) - inset;
+    const auto side = [&](double x1, double y1, double x2, double y2) {
+        if (!scales) {
+            LICE_Line(dest, TruncateToInt(x1), TruncateToInt(y1), TruncateToInt(x2), TruncateToInt(y2), color, alpha,
+                      mode, false);
+        } else {
+            LICE_FLine(dest, static_cast<float>(x1), static_cast<float>(y1), static_cast<float>(x2),
+                       static_cast<float>(y2), color, alpha, mode, true);
+        }
+    };
+    side(left, top, right, top);
+    side(right, top, right, bottom);
+    side(right, bottom, left, bottom);
+    side(left, bottom, left, top);
 }

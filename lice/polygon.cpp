@@ -7,8 +7,8 @@
 #include <new>
 
 #include "lice/combine.h"
+#include "lice/safe_math.h"
 #include "lice/target.h"
-#include "lice/truncate.h"
 
 namespace {
 

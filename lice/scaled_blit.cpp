@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "lice/blit.h"
 #include "lice/blit_rows.h"
 #include "lice/combine.h"
 
