@@ -147,8 +147,8 @@ void PlainLoop() {
 }
 
 void Analysis() {
-    const ItemLido read = {nullptr, nullptr, 0.0, item.Frames() / static_cast<double>(Rate)};
-    benchmark::DoNotOptimize(AnalisarItem(read, Threshold, BlockSeconds));
+    benchmark::DoNotOptimize(
+        AnalisarItem(nullptr, item.Frames() / static_cast<double>(Rate), Threshold, BlockSeconds));
 }
 
 void Run(benchmark::State& state, void (*work)(), const std::vector<double>& samples, bool resident) {

@@ -11,6 +11,8 @@ inline void ExecutarAcao(int id) {
     host::Main_OnCommand(id, 0);
 }
 
+inline constexpr int DesselecionarFaixas = 40297, TirarSelecaoDeTempo = 40020;  // actions of several commands
+
 // A host action as a command without arguments.
 template <int id>
 void Acao() {
@@ -19,6 +21,10 @@ void Acao() {
 
 inline void Mensagem(const char* texto, const char* titulo) {
     host::ShowMessageBox(texto, titulo, 0);
+}
+inline bool Confirmar(const char* pergunta, const char* titulo) {
+    constexpr int simOuNao = 4, sim = 6;
+    return host::ShowMessageBox(pergunta, titulo, simOuNao) == sim;
 }
 
 // An undo point of that title is left behind, whatever happened in the block.

@@ -58,7 +58,7 @@ void MvPistaBaixo() {
             const int indice = IndiceDaFaixa(abaixo);
             if (indice > 0) host::ReorderSelectedTracks(indice - 1, 0);
         }
-        ExecutarAcao(40297);
+        ExecutarAcao(DesselecionarFaixas);
         host::SetTrackSelected(faixa, true);
     }
     FecharBloco("Move Pista para Baixo");

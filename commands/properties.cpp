@@ -31,45 +31,31 @@ static double CorDoHost(int r, int g, int b) {
     return host::ColorToNative(r, g, b) | 0x1000000;
 }
 
-// `cor` is asked for the value only when there is something to paint.
-template <class Cor>
-static void PintarItens(Cor cor) {
-    const int selecionados = host::CountSelectedMediaItems(0);
-    if (selecionados == 0) return;
-    const double valor = cor();
-    ParaCadaSelecionado(selecionados,
-                        [valor](MediaItem* item) { host::SetMediaItemInfo_Value(item, "I_CUSTOMCOLOR", valor); });
+static void PintarItens(int quantos, double cor) {
+    ParaCadaSelecionado(quantos, [cor](MediaItem* item) { host::SetMediaItemInfo_Value(item, "I_CUSTOMCOLOR", cor); });
     host::UpdateArrange();
 }
 
-template <class Cor>
-static void PintarFaixas(Cor cor) {
-    const int selecionadas = host::CountSelectedTracks(0);
-    if (selecionadas == 0) return;
-    const double valor = cor();
-    ParaCadaFaixaSelecionada(
-        selecionadas, [valor](MediaTrack* faixa) { host::SetMediaTrackInfo_Value(faixa, "I_CUSTOMCOLOR", valor); });
+static void PintarFaixas(int quantas, double cor) {
+    ParaCadaFaixaSelecionada(quantas,
+                             [cor](MediaTrack* faixa) { host::SetMediaTrackInfo_Value(faixa, "I_CUSTOMCOLOR", cor); });
     host::UpdateArrange();
-}
-
-static double SemCor() {
-    return 0.0;
 }
 
 void AplicarCorItens(int r, int g, int b) {
-    PintarItens([=] { return CorDoHost(r, g, b); });
+    if (const int itens = host::CountSelectedMediaItems(0)) PintarItens(itens, CorDoHost(r, g, b));
 }
 
 void AplicarCorFaixas(int r, int g, int b) {
-    PintarFaixas([=] { return CorDoHost(r, g, b); });
+    if (const int faixas = host::CountSelectedTracks(0)) PintarFaixas(faixas, CorDoHost(r, g, b));
 }
 
 void LimparCorItens() {
-    PintarItens(SemCor);
+    if (const int itens = host::CountSelectedMediaItems(0)) PintarItens(itens, 0.0);
 }
 
 void LimparCorFaixas() {
-    PintarFaixas(SemCor);
+    if (const int faixas = host::CountSelectedTracks(0)) PintarFaixas(faixas, 0.0);
 }
 
 void VolEnvelope() {

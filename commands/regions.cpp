@@ -2,6 +2,7 @@
 // time (its ordinal), a place in the host's list of markers and regions (its index), and the host's own number; each
 // call says which of them it takes.
 #include <cstdio>
+#include <optional>
 
 #include "commands/commands.h"
 #include "commands/items.h"
@@ -33,21 +34,31 @@ std::vector<IntervaloRegiao> RegioesNoTempo() {
     return regioes;
 }
 
-// What is left clean after a region was made: nothing selected, no time selection.
-void LimparSelecoes() {
-    host::SelectAllMediaItems(0, false);
-    ExecutarAcao(40297);
-    ExecutarAcao(40020);
-    host::UpdateArrange();
-}
+// What a new region spans.
+struct Alcance {
+    double inicio, fim;
+    bool deItens;  // of the selected items, for want of a time selection
+};
 
-void AdicionarRegiao(double inicio, double fim, const char* nome) {
-    host::AddProjectMarker2(0, true, inicio, fim, nome, -1, 0);
-    LimparSelecoes();
-}
-
-void RecusarSemSelecao() {
+// Without either, says so.
+std::optional<Alcance> AlcanceSelecionado() {
+    const SelecaoDeTempo tempo = LerSelecaoDeTempo();
+    if (tempo.Ativa()) return Alcance{tempo.inicio, tempo.fim, false};
+    if (const int selecionados = host::CountSelectedMediaItems(0); selecionados > 0) {
+        const ExtensaoDeItens itens = ExtensaoDaSelecao(selecionados);
+        return Alcance{itens.inicio, itens.fim, true};
+    }
     Mensagem("Nenhum item selecionado e nenhuma selecao de tempo ativa.", "Quilmo");
+    return std::nullopt;
+}
+
+// What made the region is used up: nothing stays selected, and no time selection.
+void AdicionarRegiao(const Alcance& alcance, const char* nome) {
+    host::AddProjectMarker2(0, true, alcance.inicio, alcance.fim, nome, -1, 0);
+    host::SelectAllMediaItems(0, false);
+    ExecutarAcao(DesselecionarFaixas);
+    ExecutarAcao(TirarSelecaoDeTempo);
+    host::UpdateArrange();
 }
 
 struct NomeDeRegiao {
@@ -93,35 +104,20 @@ void CriarOuRenomearRegiao() {
         e.regiao)
         return Renomear(e);
 
-    const SelecaoDeTempo tempo = LerSelecaoDeTempo();
-    IntervaloRegiao intervalo = {tempo.inicio, tempo.fim};
-    if (!tempo.Ativa()) {
-        const int selecionados = host::CountSelectedMediaItems(0);
-        if (selecionados <= 0) return RecusarSemSelecao();
-        const ExtensaoDeItens itens = ExtensaoDaSelecao(selecionados);
-        intervalo = {itens.inicio, itens.fim};
-    }
+    const std::optional<Alcance> alcance = AlcanceSelecionado();
     NomeDeRegiao nome;
-    if (!nome.Perguntar("Nova Regiao")) return;
+    if (!alcance || !nome.Perguntar("Nova Regiao")) return;
     AbrirBloco();
-    AdicionarRegiao(intervalo.inicio, intervalo.fim, nome.texto);
-    FecharBloco(tempo.Ativa() ? "Criar Regiao" : "Criar Regiao (Itens)");
+    AdicionarRegiao(*alcance, nome.texto);
+    FecharBloco(alcance->deItens ? "Criar Regiao (Itens)" : "Criar Regiao");
 }
 
 void SelTempoERegiao() {
     AbrirBloco();
-    const SelecaoDeTempo tempo = LerSelecaoDeTempo();
-    if (tempo.Ativa()) {
-        AdicionarRegiao(tempo.inicio, tempo.fim, "");
-        FecharBloco("Criar Regiao (Loop)");
-    } else if (const int selecionados = host::CountSelectedMediaItems(0); selecionados > 0) {
-        const ExtensaoDeItens itens = ExtensaoDaSelecao(selecionados);
-        AdicionarRegiao(itens.inicio, itens.fim, "");
-        FecharBloco("Criar Regiao (Itens)");
-    } else {
-        RecusarSemSelecao();
-        FecharBloco("Criar Regiao");
-    }
+    const std::optional<Alcance> alcance = AlcanceSelecionado();
+    if (!alcance) return FecharBloco("Criar Regiao");
+    AdicionarRegiao(*alcance, "");
+    FecharBloco(alcance->deItens ? "Criar Regiao (Itens)" : "Criar Regiao (Loop)");
 }
 
 void DeletarRegiaoSobCursor() {
@@ -142,8 +138,7 @@ void DeletarRegiaoSobCursor() {
 }
 
 void LimparRegioes() {
-    constexpr int simOuNao = 4, sim = 6;
-    if (host::ShowMessageBox("Tem certeza que deseja apagar TODAS as regioes?", "Atencao", simOuNao) != sim) return;
+    if (!Confirmar("Tem certeza que deseja apagar TODAS as regioes?", "Atencao")) return;
     AbrirBloco();
     Entrada e;
     for (int i = 0; host::EnumProjectMarkers3(0, i, &e.regiao, &e.inicio, &e.fim, nullptr, &e.numero, nullptr) > 0;) {

@@ -1,7 +1,11 @@
 // commands/transport.cpp: recording, stopping, and the jumps to item edges. Nothing is remembered: each click asks the
 // host afresh.
+#include <optional>
+
 #include "commands/commands.h"
 #include "commands/items.h"
+
+static constexpr int Gravar = 1013, PararGravacao = 40328, Parar = 1016;  // host actions
 
 static void DesarmarTodasFaixas() {
     ParaCadaFaixa([](MediaTrack* faixa) { host::SetMediaTrackInfo_Value(faixa, "I_RECARM", 0.0); });
@@ -24,7 +28,7 @@ bool GravacaoEmCurso() {
 }
 
 bool BotaoGravarAtivo() {
-    return host::GetToggleCommandState(1013) == 1;
+    return host::GetToggleCommandState(Gravar) == 1;
 }
 
 bool TocandoSemGravar() {
@@ -33,17 +37,15 @@ bool TocandoSemGravar() {
 
 void ExecutarGravacao() {
     if (BotaoGravarAtivo()) {
-        ExecutarAcao(40328);
+        ExecutarAcao(PararGravacao);
         DesarmarTodasFaixas();
     } else {
         if (!AlgumaFaixaArmada()) {
-            if (host::CountSelectedTracks(0) == 0) {
-                Mensagem("Nenhuma faixa selecionada. Selecione uma faixa para gravar.", "Quilmo");
-                return;
-            }
+            if (host::CountSelectedTracks(0) == 0)
+                return Mensagem("Nenhuma faixa selecionada. Selecione uma faixa para gravar.", "Quilmo");
             ArmarFaixasSelecionadas();
         }
-        ExecutarAcao(1013);
+        ExecutarAcao(Gravar);
     }
     host::TrackList_AdjustWindows(false);
     host::UpdateTimeline();
@@ -51,9 +53,9 @@ void ExecutarGravacao() {
 
 void PararTudo() {
     host::SelectAllMediaItems(0, false);
-    ExecutarAcao(40297);
-    ExecutarAcao(40020);
-    ExecutarAcao(1016);
+    ExecutarAcao(DesselecionarFaixas);
+    ExecutarAcao(TirarSelecaoDeTempo);
+    ExecutarAcao(Parar);
     DesarmarTodasFaixas();
     host::UpdateArrange();
 }
@@ -71,30 +73,22 @@ static void ParaCadaItemDoEscopo(F f) {
 
 void PrevItemStart() {
     const double cursor = host::GetCursorPosition();
-    double melhor = 0.0;
-    bool achou = false;
+    std::optional<double> melhor;
     ParaCadaItemDoEscopo([&](MediaItem* item) {
         const double inicio = InicioDoItem(item);
-        if (cursor - FolgaDoCursor > inicio && (!achou || inicio > melhor)) {
-            melhor = inicio;
-            achou = true;
-        }
+        if (cursor - FolgaDoCursor > inicio && (!melhor || inicio > *melhor)) melhor = inicio;
     });
-    host::SetEditCurPos(melhor, true, false);
+    host::SetEditCurPos(melhor.value_or(0.0), true, false);
 }
 
 void NextItemEnd() {
     const double cursor = host::GetCursorPosition();
-    double melhor = 0.0;
-    bool achou = false;
+    std::optional<double> melhor;
     ParaCadaItemDoEscopo([&](MediaItem* item) {
         const double fim = FimDoItem(item);
-        if (fim > cursor + FolgaDoCursor && (!achou || fim < melhor)) {
-            melhor = fim;
-            achou = true;
-        }
+        if (fim > cursor + FolgaDoCursor && (!melhor || fim < *melhor)) melhor = fim;
     });
-    if (achou) host::SetEditCurPos(melhor, true, false);
+    if (melhor) host::SetEditCurPos(*melhor, true, false);
 }
 
 void PrepararHost() {

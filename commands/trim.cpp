@@ -20,10 +20,6 @@ struct RegistroRipple {
     double inicio, comprimento;
 };
 
-void Mover(const std::vector<MovimentoPendente>& movimentos) {
-    for (const MovimentoPendente& m : movimentos) host::SetMediaItemPosition(m.item, m.inicio, false);
-}
-
 void ExcluirItem(MediaTrack* faixa, MediaItem* item) {
     if (faixa) host::DeleteTrackMediaItem(faixa, item);
 }
@@ -75,6 +71,21 @@ void CortarPelaAcao(int acao, const char* titulo) {
     FecharBloco(titulo);
 }
 
+// Deletes one part of the cut item, and moves the items of its track whose start `segue` takes left by what that part
+// took. The left part stays where it is.
+template <class Segue>
+void ApagarParte(const Corte& corte, MediaItem* parte, double removido, Segue segue) {
+    MediaTrack* faixa = host::GetMediaItem_Track(corte.esquerda);
+    std::vector<MovimentoPendente> movimentos;
+    ParaCadaItemDaFaixa(faixa, [&](MediaItem* item) {
+        if (item == corte.esquerda || item == parte) return;
+        const double inicio = InicioDoItem(item);
+        if (segue(inicio)) movimentos.push_back({item, inicio - removido});
+    });
+    ExcluirItem(faixa, parte);
+    for (const MovimentoPendente& m : movimentos) host::SetMediaItemPosition(m.item, m.inicio, false);
+}
+
 // Deletes the recorded items of one track and closes each hole, earliest first.
 void ExcluirDaFaixa(MediaTrack* faixa, std::vector<RegistroRipple>& registros) {
     OrdenarComCautela(registros, [](const auto& a, const auto& b) { return a.inicio < b.inicio; });
@@ -97,16 +108,8 @@ void TrimDireita() {
     constexpr char titulo[] = "Corta e Apaga Direita (Ripple)";
     Corte corte;
     if (!CortarSelecionado(titulo, corte)) return;
-    const double removido = ComprimentoDoItem(corte.direita);
-    MediaTrack* faixa = host::GetMediaItem_Track(corte.esquerda);
-    std::vector<MovimentoPendente> movimentos;
-    ParaCadaItemDaFaixa(faixa, [&](MediaItem* item) {
-        if (item == corte.esquerda || item == corte.direita) return;
-        const double inicio = InicioDoItem(item);
-        if (inicio > corte.inicio) movimentos.push_back({item, inicio - removido});
-    });
-    ExcluirItem(faixa, corte.direita);
-    Mover(movimentos);
+    ApagarParte(corte, corte.direita, ComprimentoDoItem(corte.direita),
+                [&](double inicio) { return inicio > corte.inicio; });
     Fechar(titulo);
 }
 
@@ -115,16 +118,8 @@ void TrimEsquerda() {
     constexpr double margem = 0.0001;  // so that the kept part, which starts at the cursor, is always among the moved
     Corte corte;
     if (!CortarSelecionado(titulo, corte)) return;
-    const double removido = corte.cursor - corte.inicio;
-    MediaTrack* faixa = host::GetMediaItem_Track(corte.esquerda);
-    std::vector<MovimentoPendente> movimentos;
-    ParaCadaItemDaFaixa(faixa, [&](MediaItem* item) {
-        if (item == corte.esquerda) return;
-        const double inicio = InicioDoItem(item);
-        if (inicio >= corte.cursor - margem) movimentos.push_back({item, inicio - removido});
-    });
-    ExcluirItem(faixa, corte.esquerda);
-    Mover(movimentos);
+    ApagarParte(corte, corte.esquerda, corte.cursor - corte.inicio,
+                [&](double inicio) { return inicio >= corte.cursor - margem; });
     host::SetEditCurPos(corte.inicio, false, false);
     Fechar(titulo);
 }

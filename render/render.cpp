@@ -54,25 +54,23 @@ void BounceInteligente() {
 
 void RenderProjeto() {
     constexpr double todasAsRegioes = 3.0, selecaoDeTempo = 1.0;
-    const auto renderizar = [](double limites) {
-        host::GetSetProjectInfo(0, "RENDER_BOUNDSFLAG", limites, true);
-        if (limites == todasAsRegioes) {
-            char porRegiao[] = "$region";
-            host::GetSetProjectInfo_String(0, "RENDER_PATTERN", porRegiao, true);
-        }
-        ExecutarAcao(RenderizarJa);
-    };
     int marcadores = 0, regioes = 0;
     host::CountProjectMarkers(0, &marcadores, &regioes);
     const SelecaoDeTempo tempo = LerSelecaoDeTempo();
-    if (regioes > 0) return renderizar(todasAsRegioes);
+    if (regioes > 0) {
+        char porRegiao[] = "$region";
+        host::GetSetProjectInfo(0, "RENDER_BOUNDSFLAG", todasAsRegioes, true);
+        host::GetSetProjectInfo_String(0, "RENDER_PATTERN", porRegiao, true);
+        return ExecutarAcao(RenderizarJa);
+    }
     if (!tempo.Ativa()) {
         if (host::CountMediaItems(0) <= 0) return Mensagem("Projeto vazio.", "Quilmo");
         ExtensaoDeItens extensao;
         ParaCadaItem([&extensao](MediaItem* item) { extensao.Incluir(item); });
         host::GetSet_LoopTimeRange(true, false, &extensao.inicio, &extensao.fim, false);
     }
-    renderizar(selecaoDeTempo);
+    host::GetSetProjectInfo(0, "RENDER_BOUNDSFLAG", selecaoDeTempo, true);
+    ExecutarAcao(RenderizarJa);
 }
 
 void AbrirDiretorio() {

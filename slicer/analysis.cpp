@@ -203,11 +203,12 @@ std::vector<TrechoSom> TrechosDeSom(const Leitura& leitura, int totalQuadros, do
 
 }  // namespace
 
-std::vector<TrechoSilencio> AnalisarItem(const ItemLido& lido, double limiarLinear, double blocoSegundos) {
-    if (lido.comprimento < ComprimentoMinimo) return {};
-    const Leitura leitura = AbrirLeitura(lido.take);
+std::vector<TrechoSilencio> AnalisarItem(MediaItem_Take* take, double comprimento, double limiarLinear,
+                                         double blocoSegundos) {
+    if (comprimento < ComprimentoMinimo) return {};
+    const Leitura leitura = AbrirLeitura(take);
     if (!leitura.leitor) return {};
-    const double quadros = std::ceil(lido.comprimento * leitura.taxa);
+    const double quadros = std::ceil(comprimento * leitura.taxa);
     std::vector<TrechoSilencio> silencio;
     if (quadros <= MaiorQuadro) {  // false also for a length that is not a number
         const int totalQuadros = static_cast<int>(quadros);

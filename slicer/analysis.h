@@ -7,21 +7,14 @@
 
 #include "host/api.h"
 
-// What is known of an item before anything is cut: read once, and not again while its pieces change.
-struct ItemLido {
-    MediaItem* item;
-    MediaItem_Take* take;  // the active one, never null
-    double posicao;        // seconds
-    double comprimento;    // seconds
-};
-
 // A stretch to cut away, in seconds from the item's start.
 struct TrechoSilencio {
     double inicio;
     double fim;
 };
 
-// The item's silence, ascending. Empty when there is nothing to cut: no silence of more than a millisecond, no sound at
-// all (an item is never cut away whole), shorter than 0.05 s, or not readable. limiarLinear is a sample's absolute
-// value.
-std::vector<TrechoSilencio> AnalisarItem(const ItemLido& lido, double limiarLinear, double blocoSegundos);
+// The silence of an item with that active take and that length in seconds, ascending. Empty when there is nothing to
+// cut: no silence of more than a millisecond, no sound at all (an item is never cut away whole), shorter than 0.05 s,
+// or not readable. limiarLinear is a sample's absolute value.
+std::vector<TrechoSilencio> AnalisarItem(MediaItem_Take* take, double comprimento, double limiarLinear,
+                                         double blocoSegundos);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string>
 
 #include "panel/grid.h"
 #include "panel/pass.h"
@@ -11,8 +12,6 @@
 
 namespace {
 
-constexpr double MenorDb = -80.0, MaiorDb = -6.0;
-constexpr int MenorBloco = 1, MaiorBloco = 500;
 constexpr int Esquerda = 8, Largura = 304, Altura = 36;
 constexpr int ComTitulo = 64;  // bytes of a label
 
@@ -24,11 +23,9 @@ void GravarAjustes() {
     GravarPresets(PresetsFatiador, thresholdDb, blocoMs, fecharLacunas, CaminhoPainel);
 }
 
-// "P1" to "P6".
-struct RotuloDePreset {
-    char texto[3] = {'P', '0', '\0'};
-    explicit RotuloDePreset(int n) { texto[1] += static_cast<char>(n); }
-};
+std::string RotuloDePreset(int n) {
+    return "P" + std::to_string(n);
+}
 
 // A button of the page, which takes no mouse while the prompt is open. True: clicked.
 bool Clicou(ContextoGrade& contexto, const Celula& c, AspectoBotao aspecto) {
@@ -38,9 +35,9 @@ bool Clicou(ContextoGrade& contexto, const Celula& c, AspectoBotao aspecto) {
 
 void LinhaPresets(ContextoGrade& contexto, int y) {
     for (int n = 1; n <= QuantosPresets; ++n) {
-        const RotuloDePreset rotulo(n);
+        const std::string rotulo = RotuloDePreset(n);
         if (!Clicou(contexto, {Esquerda + (n - 1) * 51, y, 47, 24},
-                    {.rotulo = rotulo.texto, .cor = {80, 80, 80}, .dica = "CARREGAR PRESET"}))
+                    {.rotulo = rotulo.c_str(), .cor = {80, 80, 80}, .dica = "CARREGAR PRESET"}))
             continue;
         const PresetFatiador& preset = PresetsFatiador[n - 1];
         thresholdDb = preset.thresholdDb;
@@ -90,18 +87,6 @@ void LinhaDeAjuste(ContextoGrade& contexto, int y, const Ajuste<Valor>& a) {
     }
 }
 
-void LinhaThreshold(ContextoGrade& contexto, int y) {
-    LinhaDeAjuste<double>(contexto, y,
-                          {thresholdDb, MenorDb, MaiorDb, "db", "Piso de Silencio: %.1f dB", "DIMINUIR PISO",
-                           "AJUSTA O PISO", "AUMENTA PISO"});
-}
-
-void LinhaBloco(ContextoGrade& contexto, int y) {
-    LinhaDeAjuste<int>(
-        contexto, y,
-        {blocoMs, MenorBloco, MaiorBloco, "ms", "Bloco Min.: %d ms", "DIMINUI BLOCO", "AJUSTA BLOCO", "AUMENTA BLOCO"});
-}
-
 void LinhaFecharLacunas(ContextoGrade& contexto, int y) {
     char rotulo[ComTitulo];
     std::snprintf(rotulo, sizeof rotulo, "%s FECHAR LACUNAS", fecharLacunas ? "[X]" : "[ ]");
@@ -144,9 +129,9 @@ void PerguntarPreset(ContextoGrade& contexto, const RECT& cliente) {
     PreencheArredondado(contexto.bm, bx, by, larguraCaixa, alturaCaixa, raioCaixa, 0xFF28282D, 1.0f);
     clicou({bx + 10, by + 10, 260, 30}, {.rotulo = "Salvar em qual Preset?", .cor = {40, 40, 45}, .desativado = true});
     for (int n = 1; n <= QuantosPresets; ++n) {
-        const RotuloDePreset rotulo(n);
+        const std::string rotulo = RotuloDePreset(n);
         const Celula c = {bx + 10 + (n - 1) % 3 * 88, by + 50 + (n - 1) / 3 * 41, 83, Altura};
-        if (!clicou(c, {.rotulo = rotulo.texto, .cor = {80, 80, 80}})) continue;
+        if (!clicou(c, {.rotulo = rotulo.c_str(), .cor = {80, 80, 80}})) continue;
         SalvarPreset(PresetsFatiador, n, thresholdDb, blocoMs, fecharLacunas, CaminhoPainel);
         SalvarPresetAberto = false;
     }
@@ -157,15 +142,18 @@ void PerguntarPreset(ContextoGrade& contexto, const RECT& cliente) {
 }  // namespace
 
 void PaginaFatiador(HWND janela, HDC dc) {
-    static const struct {
-        int y;
-        void (*linha)(ContextoGrade&, int y);
-    } linhas[] = {{35, LinhaPresets},        {69, LinhaThreshold}, {115, LinhaBloco},
-                  {161, LinhaFecharLacunas}, {202, LinhaSalvar},   {243, LinhaSaida}};
     RECT cliente = {};
     GetClientRect(janela, &cliente);
     ContextoGrade contexto = {ComecarPasse(janela), Mouse};
-    for (const auto& [y, linha] : linhas) linha(contexto, y);
+    LinhaPresets(contexto, 35);
+    LinhaDeAjuste<double>(contexto, 69,
+                          {thresholdDb, -80.0, -6.0, "db", "Piso de Silencio: %.1f dB", "DIMINUIR PISO",
+                           "AJUSTA O PISO", "AUMENTA PISO"});
+    LinhaDeAjuste<int>(contexto, 115,
+                       {blocoMs, 1, 500, "ms", "Bloco Min.: %d ms", "DIMINUI BLOCO", "AJUSTA BLOCO", "AUMENTA BLOCO"});
+    LinhaFecharLacunas(contexto, 161);
+    LinhaSalvar(contexto, 202);
+    LinhaSaida(contexto, 243);
     // Drawn behind the rows, so that the hovered widget's tooltip can stand in it in the same pass.
     BarraStatus(contexto.bm, Esquerda, 3, cliente.right - 16, contexto.dica ? contexto.dica : "MODO FATIADOR");
     if (SalvarPresetAberto) PerguntarPreset(contexto, cliente);

@@ -17,6 +17,7 @@ constexpr TabelaDePresets PresetsDeFabrica = {{{-37.0, 50, false, true},
                                                {-45.0, 100, true, true},
                                                {-50.0, 150, true, true}}};
 constexpr char NomeDoArquivo[] = "presets_fatiador.ini";
+constexpr char ChaveDosUltimos[] = "LAST_USED=";
 
 bool Espaco(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
@@ -39,49 +40,46 @@ struct Leitor {
         return erro == std::errc();
     }
     bool Virgula() {
-        const bool ha = !texto.empty() && texto.front() == ',';
+        const bool ha = texto.starts_with(',');
         if (ha) texto.remove_prefix(1);
         return ha;
     }
-    std::string_view Palavra(size_t limite) {
+    std::string_view Palavra() {
         PularEspacos();
-        const size_t fim = std::find_if(texto.begin(), texto.end(), Espaco) - texto.begin();
-        return texto.substr(0, std::min(fim, limite));
+        return texto.substr(0, std::find_if(texto.begin(), texto.end(), Espaco) - texto.begin());
     }
 };
 
-// "threshold,block,close": all three or nothing.
-bool LerAjustes(std::string_view texto, double& thresholdDb, int& blocoMs, bool& fecharLacunas) {
+// "threshold,block,close": all three, or the preset stays as it was.
+void LerAjustes(std::string_view texto, PresetFatiador& preset) {
     Leitor leitor = {texto};
-    double db;
-    int ms;
-    if (!leitor.Ler(db) || !leitor.Virgula() || !leitor.Ler(ms) || !leitor.Virgula()) return false;
-    const std::string_view fechar = leitor.Palavra(7);
-    if (fechar.empty()) return false;
-    thresholdDb = db;
-    blocoMs = ms;
-    fecharLacunas = fechar == "true";
-    return true;
+    PresetFatiador lido = {};
+    if (!leitor.Ler(lido.thresholdDb) || !leitor.Virgula() || !leitor.Ler(lido.blocoMs) || !leitor.Virgula()) return;
+    const std::string_view fechar = leitor.Palavra();
+    if (fechar.empty()) return;
+    lido.fecharLacunas = fechar == "true";
+    lido.definido = true;
+    preset = lido;
 }
 
-void LerLinha(std::string_view linha, TabelaDePresets& tabela, double& thresholdDb, int& blocoMs, bool& fecharLacunas) {
-    constexpr std::string_view ultimos = "LAST_USED=";
-    if (linha.starts_with(ultimos)) LerAjustes(linha.substr(ultimos.size()), thresholdDb, blocoMs, fecharLacunas);
-    for (int n = 1; n <= QuantosPresets; ++n) {
-        const std::string chave = "P" + std::to_string(n) + "=";
-        if (!linha.starts_with(chave)) continue;
-        PresetFatiador& preset = tabela[n - 1];
-        if (LerAjustes(linha.substr(chave.size()), preset.thresholdDb, preset.blocoMs, preset.fecharLacunas))
-            preset.definido = true;
-    }
+std::string ChaveDoSlot(int n) {
+    return "P" + std::to_string(n) + "=";
 }
 
-// Cut to 63 bytes, as long as any sane line is far from.
-void GravarLinha(std::FILE* arquivo, const std::string& chave, double thresholdDb, int blocoMs, bool fecharLacunas) {
+void LerLinha(std::string_view linha, TabelaDePresets& tabela, PresetFatiador& ultimos) {
+    const auto ler = [linha](std::string_view chave, PresetFatiador& preset) {
+        if (linha.starts_with(chave)) LerAjustes(linha.substr(chave.size()), preset);
+    };
+    ler(ChaveDosUltimos, ultimos);
+    for (int n = 1; n <= QuantosPresets; ++n) ler(ChaveDoSlot(n), tabela[n - 1]);
+}
+
+// Cut to 63 bytes; no sane line comes near.
+void GravarLinha(std::FILE* arquivo, const std::string& chave, const PresetFatiador& preset) {
     char db[400];  // room for the largest double, with its two decimals
-    const char* fimDb = std::to_chars(db, db + sizeof db, thresholdDb, std::chars_format::fixed, 2).ptr;
-    const std::string linha = chave + '=' + std::string(db, static_cast<size_t>(fimDb - db)) + ',' +
-                              std::to_string(blocoMs) + ',' + (fecharLacunas ? "true" : "false") + '\n';
+    char* fimDb = std::to_chars(db, db + sizeof db, preset.thresholdDb, std::chars_format::fixed, 2).ptr;
+    const std::string linha = chave + std::string(db, fimDb) + ',' + std::to_string(preset.blocoMs) + ',' +
+                              (preset.fecharLacunas ? "true" : "false") + '\n';
     std::fputs(linha.substr(0, 63).c_str(), arquivo);
 }
 
@@ -97,23 +95,24 @@ void CarregarPresets(TabelaDePresets& tabela, double& thresholdDb, int& blocoMs,
     if (!ReadTextFile(caminhoRecursos + PathSeparator + NomeDoArquivo, texto) &&
         !ReadTextFile(caminhoRecursos + PathSeparator + "Scripts" + PathSeparator + NomeDoArquivo, texto))
         return;
+    PresetFatiador ultimos = {thresholdDb, blocoMs, fecharLacunas, true};
     for (std::string_view resto = texto; !resto.empty();) {
         const size_t fim = std::min(resto.find('\n'), resto.size());
-        LerLinha(resto.substr(0, fim), tabela, thresholdDb, blocoMs, fecharLacunas);
+        LerLinha(resto.substr(0, fim), tabela, ultimos);
         resto.remove_prefix(std::min(fim + 1, resto.size()));
     }
+    thresholdDb = ultimos.thresholdDb;
+    blocoMs = ultimos.blocoMs;
+    fecharLacunas = ultimos.fecharLacunas;
 }
 
 void GravarPresets(const TabelaDePresets& tabela, double thresholdDb, int blocoMs, bool fecharLacunas,
                    const std::string& caminhoRecursos) {
     std::FILE* arquivo = OpenFile(caminhoRecursos + PathSeparator + NomeDoArquivo, "w");
     if (!arquivo) return;
-    GravarLinha(arquivo, "LAST_USED", thresholdDb, blocoMs, fecharLacunas);
-    for (int n = 1; n <= QuantosPresets; ++n) {
-        const PresetFatiador& preset = tabela[n - 1];
-        if (!preset.definido) continue;
-        GravarLinha(arquivo, "P" + std::to_string(n), preset.thresholdDb, preset.blocoMs, preset.fecharLacunas);
-    }
+    GravarLinha(arquivo, ChaveDosUltimos, {thresholdDb, blocoMs, fecharLacunas, true});
+    for (int n = 1; n <= QuantosPresets; ++n)
+        if (tabela[n - 1].definido) GravarLinha(arquivo, ChaveDoSlot(n), tabela[n - 1]);
     std::fclose(arquivo);
 }
 

@@ -51,9 +51,7 @@ void DesfazerBounceEntrada() {
 void FotografarSelecao() {
     FotosFatiador.clear();
     ParaCadaSelecionado(host::CountSelectedMediaItems(0), [](MediaItem* item) {
-        MediaTrack* faixa = host::GetMediaItem_Track(item);
-        const double posicao = InicioDoItem(item);
-        FotosFatiador.push_back({faixa, posicao, ComprimentoDoItem(item)});
+        FotosFatiador.push_back({host::GetMediaItem_Track(item), InicioDoItem(item), ComprimentoDoItem(item)});
     });
 }
 
@@ -80,16 +78,15 @@ void ReselecionarFotos() {
 // The mode works on one item: several are offered to be joined first.
 bool FicarComUmItem() {
     constexpr char titulo[] = "Auto Fatiador";
-    constexpr int simOuNao = 4, sim = 6;
     const int selecionados = host::CountSelectedMediaItems(0);
     if (selecionados == 0) {
         Mensagem("Selecione itens de audio.", "A.SPLIT");
         return false;
     }
     if (selecionados == 1) return true;
-    if (host::ShowMessageBox("O Auto Fatiador so trabalha com UM item por vez.\n\nDeseja fazer um BOUNCE (juntar os "
-                             "itens selecionados num so) antes de continuar?",
-                             titulo, simOuNao) != sim)
+    if (!Confirmar("O Auto Fatiador so trabalha com UM item por vez.\n\nDeseja fazer um BOUNCE (juntar os itens "
+                   "selecionados num so) antes de continuar?",
+                   titulo))
         return false;
     BounceInteligente();
     if (host::CountSelectedMediaItems(0) == 1) return true;

@@ -1,7 +1,9 @@
 // slicer/preview.h
-// The slicer's preview mode: the cuts are really in the project, and stay or go when the user leaves the mode. Its
-// store is the host's undo history, where its own points are known by their titles; going back is undoing while the
-// topmost point is one of them.
+// The Auto Fatiador, which this folder is: an item's silence is found (analysis), cut out and closed up (autosplit);
+// the user tunes that on a page of the panel (page) with settings worth keeping (presets), on an item that was glued
+// anew so that its pieces can be dragged open (bounce). This file is the mode that joins them: the cuts are really in
+// the project, and stay or go when the user leaves it. Its store is the host's undo history, where its own points are
+// known by their titles; going back is undoing while the topmost point is one of them.
 #pragma once
 
 // Process-wide; all start as written here.

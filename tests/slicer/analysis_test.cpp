@@ -73,7 +73,7 @@ class Analise : public testing::Test {
     std::vector<TrechoSilencio> Analisar(double comprimento, double limiar, double bloco) {
         g.chamadas.clear();
         g.lidos = 0;
-        return AnalisarItem({nullptr, nullptr, 10.0, comprimento}, limiar, bloco);
+        return AnalisarItem(nullptr, comprimento, limiar, bloco);
     }
 
     Gravacao g;

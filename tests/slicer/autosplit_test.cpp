@@ -2,7 +2,6 @@
 #include <random>
 
 #include "host/entry.h"
-#include "slicer/slice.h"
 #include "tests/support/scene.h"
 
 namespace {
