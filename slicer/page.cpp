@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int Esquerda = 8, Largura = 304, Altura = 36;
-constexpr int ComTitulo = 64;  // bytes of a label
+constexpr int BytesDoRotulo = 64;
 
 void Recalcular() {
     RecalcularPreview(fecharLacunas, blocoMs, thresholdDb);
@@ -65,7 +65,7 @@ void LinhaDeAjuste(ContextoGrade& contexto, int y, const Ajuste<Valor>& a) {
         a.valor = std::max(a.menor + 1, a.valor) - 1;  // the limit first: a step from the type's own end would overflow
         Recalcular();
     }
-    char rotulo[ComTitulo];
+    char rotulo[BytesDoRotulo];
     std::snprintf(rotulo, sizeof rotulo, a.rotulo, a.valor);
     const ResultadoSlider slider = SliderPainel(contexto.bm, contexto.mouse, SliderArrastado, {53, y, 214, Altura},
                                                 {.id = a.id,
@@ -88,7 +88,7 @@ void LinhaDeAjuste(ContextoGrade& contexto, int y, const Ajuste<Valor>& a) {
 }
 
 void LinhaFecharLacunas(ContextoGrade& contexto, int y) {
-    char rotulo[ComTitulo];
+    char rotulo[BytesDoRotulo];
     std::snprintf(rotulo, sizeof rotulo, "%s FECHAR LACUNAS", fecharLacunas ? "[X]" : "[ ]");
     if (!Clicou(contexto, {Esquerda, y, Largura, Altura},
                 {.rotulo = rotulo, .cor = {70, 70, 75}, .dica = "FECHA LACUNAS?", .ativo = fecharLacunas}))
