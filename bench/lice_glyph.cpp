@@ -1,11 +1,10 @@
 // A string of twenty glyph masks, 10 by 14, beside pixman's glyph cache.
 #include <benchmark/benchmark.h>
-#include <pixman.h>
 
 #include <cmath>
-#include <cstring>
 #include <vector>
 
+#include "bench/pixman_glyphs.h"
 #include "bench/ratios.h"
 #include "lice/lice.h"
 
@@ -45,29 +44,12 @@ void Ours(benchmark::State& state, float alpha) {
 void Pixman(benchmark::State& state) {
     LICE_MemBitmap bitmap(PanelWidth, 40);
     LICE_Clear(&bitmap, 0xFF223344);
-    pixman_image_t* dest = pixman_image_create_bits(PIXMAN_a8r8g8b8, PanelWidth, 40, bitmap.getBits(), PanelWidth * 4);
-    const pixman_color_t color = {0xF0F0, 0xF0F0, 0xF0F0, 0xFFFF};
-    pixman_image_t* source = pixman_image_create_solid_fill(&color);
-    pixman_glyph_cache_t* cache = pixman_glyph_cache_create();
-    pixman_glyph_t glyphs[Count];
-    pixman_glyph_cache_freeze(cache);
-    for (int i = 0; i < Count; ++i) {
-        constexpr int stride = 12;  // whole words
-        std::vector<uint32_t> words(stride / 4 * Height);
-        for (int y = 0; y < Height; ++y)
-            memcpy(reinterpret_cast<char*>(words.data()) + y * stride, Masks()[i].data() + y * Width, Width);
-        pixman_image_t* mask = pixman_image_create_bits(PIXMAN_a8, Width, Height, words.data(), stride);
-        glyphs[i] = {20 + i * Advance, 12, pixman_glyph_cache_insert(cache, nullptr, &glyphs[i], 0, 0, mask)};
-        pixman_image_unref(mask);
-    }
+    PixmanGlyphs glyphs(bitmap);
+    for (int i = 0; i < Count; ++i) glyphs.Add(20 + i * Advance, 12, Masks()[i].data(), Width, Height);
     for (auto _ : state) {
-        pixman_composite_glyphs_no_mask(PIXMAN_OP_OVER, source, dest, 0, 0, 0, 0, cache, Count, glyphs);
+        glyphs.Draw();
         benchmark::ClobberMemory();
     }
-    pixman_glyph_cache_thaw(cache);
-    pixman_glyph_cache_destroy(cache);
-    pixman_image_unref(source);
-    pixman_image_unref(dest);
 }
 
 }  // namespace

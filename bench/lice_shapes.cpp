@@ -15,13 +15,13 @@
 
 namespace {
 
-constexpr int kWidth = 320, kHeight = 659;
-constexpr LICE_pixel kColor = LICE_RGBA(217, 64, 64, 255);
-constexpr float kAlpha = 0.95f;
-constexpr float kFace = 1.0f, kEdge = 0.12f;  // of a button
+constexpr int Width = 320, Height = 659;
+constexpr LICE_pixel Color = LICE_RGBA(217, 64, 64, 255);
+constexpr float Alpha = 0.95f;
+constexpr float Face = 1.0f, Edge = 0.12f;  // of a button
 
 void Ours(benchmark::State& state, const std::function<void(LICE_IBitmap*)>& draw) {
-    LICE_MemBitmap surface(kWidth, kHeight);
+    LICE_MemBitmap surface(Width, Height);
     LICE_Clear(&surface, 0xFF0D0D0F);
     for (auto _ : state) {
         draw(&surface);
@@ -33,7 +33,7 @@ void Ours(benchmark::State& state, const std::function<void(LICE_IBitmap*)>& dra
 // `path` leaves the path to be filled, or stroked one pixel wide.
 void Cairo(benchmark::State& state, bool fill, cairo_antialias_t antialias, float alpha,
            const std::function<void(cairo_t*)>& path) {
-    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, kWidth, kHeight);
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, Width, Height);
     cairo_t* cr = cairo_create(surface);
     cairo_set_source_rgba(cr, 217 / 255.0, 64 / 255.0, 64 / 255.0, alpha);
     cairo_set_line_width(cr, 1);
@@ -48,39 +48,39 @@ void Cairo(benchmark::State& state, bool fill, cairo_antialias_t antialias, floa
 }
 
 void RoundedFillOurs(benchmark::State& state) {
-    Ours(state, [](LICE_IBitmap* bm) { PreencheArredondado(bm, 10, 20, 140, 36, 5, kColor, kFace); });
+    Ours(state, [](LICE_IBitmap* bm) { PreencheArredondado(bm, 10, 20, 140, 36, 5, Color, Face); });
 }
 void RoundedFillCairo(benchmark::State& state) {
-    Cairo(state, true, CAIRO_ANTIALIAS_DEFAULT, kFace, [](cairo_t* cr) { RoundedPath(cr, 10, 20, 140, 36, 5); });
+    Cairo(state, true, CAIRO_ANTIALIAS_DEFAULT, Face, [](cairo_t* cr) { RoundedPath(cr, 10, 20, 140, 36, 5); });
 }
 void RoundedOutlineOurs(benchmark::State& state) {
-    Ours(state, [](LICE_IBitmap* bm) { LICE_RoundRect(bm, 10, 20, 139, 35, 5, kColor, kEdge, 0, true); });
+    Ours(state, [](LICE_IBitmap* bm) { LICE_RoundRect(bm, 10, 20, 139, 35, 5, Color, Edge, 0, true); });
 }
 void RoundedOutlineCairo(benchmark::State& state) {
-    Cairo(state, false, CAIRO_ANTIALIAS_DEFAULT, kEdge, [](cairo_t* cr) { RoundedPath(cr, 10.5, 20.5, 139, 35, 5); });
+    Cairo(state, false, CAIRO_ANTIALIAS_DEFAULT, Edge, [](cairo_t* cr) { RoundedPath(cr, 10.5, 20.5, 139, 35, 5); });
 }
 
 // The argument is the radius.
 void RingOurs(benchmark::State& state) {
     const auto r = static_cast<float>(state.range(0));
-    Ours(state, [r](LICE_IBitmap* bm) { LICE_Circle(bm, 100, 100, r, kColor, kAlpha, 0, true); });
+    Ours(state, [r](LICE_IBitmap* bm) { LICE_Circle(bm, 100, 100, r, Color, Alpha, 0, true); });
 }
 void RasteredRingOurs(benchmark::State& state) {  // a radius that no mask is held for
     const auto r = static_cast<float>(state.range(0)) + 0.25f;
-    Ours(state, [r](LICE_IBitmap* bm) { LICE_Circle(bm, 100, 100, r, kColor, kAlpha, 0, true); });
+    Ours(state, [r](LICE_IBitmap* bm) { LICE_Circle(bm, 100, 100, r, Color, Alpha, 0, true); });
 }
 void RingCairo(benchmark::State& state) {
     const auto r = static_cast<double>(state.range(0));
-    Cairo(state, false, CAIRO_ANTIALIAS_DEFAULT, kAlpha,
+    Cairo(state, false, CAIRO_ANTIALIAS_DEFAULT, Alpha,
           [r](cairo_t* cr) { cairo_arc(cr, 100.5, 100.5, r, 0, 2 * std::numbers::pi); });
 }
 void DiscOurs(benchmark::State& state) {
     const auto r = static_cast<float>(state.range(0));
-    Ours(state, [r](LICE_IBitmap* bm) { LICE_FillCircle(bm, 100, 100, r, kColor, kAlpha, 0, true); });
+    Ours(state, [r](LICE_IBitmap* bm) { LICE_FillCircle(bm, 100, 100, r, Color, Alpha, 0, true); });
 }
 void DiscCairo(benchmark::State& state) {
     const auto r = static_cast<double>(state.range(0)) + 0.5;
-    Cairo(state, true, CAIRO_ANTIALIAS_DEFAULT, kAlpha,
+    Cairo(state, true, CAIRO_ANTIALIAS_DEFAULT, Alpha,
           [r](cairo_t* cr) { cairo_arc(cr, 100.5, 100.5, r, 0, 2 * std::numbers::pi); });
 }
 
@@ -88,12 +88,12 @@ void DiscCairo(benchmark::State& state) {
 void TriangleOurs(benchmark::State& state) {
     const int h = static_cast<int>(state.range(0));
     Ours(state, [h](LICE_IBitmap* bm) {
-        LICE_FillTriangle(bm, 50, 50, 50, 50 + h, 50 + h * 3 / 4, 50 + h / 2, kColor, kAlpha, 0);
+        LICE_FillTriangle(bm, 50, 50, 50, 50 + h, 50 + h * 3 / 4, 50 + h / 2, Color, Alpha, 0);
     });
 }
 void TriangleCairo(benchmark::State& state) {
     const auto h = static_cast<double>(state.range(0));
-    Cairo(state, true, CAIRO_ANTIALIAS_NONE, kAlpha, [h](cairo_t* cr) {
+    Cairo(state, true, CAIRO_ANTIALIAS_NONE, Alpha, [h](cairo_t* cr) {
         cairo_move_to(cr, 50, 50);
         cairo_line_to(cr, 50, 50 + h);
         cairo_line_to(cr, 50 + h * 3 / 4, 50 + h / 2);
@@ -101,13 +101,13 @@ void TriangleCairo(benchmark::State& state) {
     });
 }
 
-constexpr int kOctagonX[] = {30, 50, 64, 64, 50, 30, 16, 16}, kOctagonY[] = {10, 10, 24, 44, 58, 58, 44, 24};
+constexpr int OctagonX[] = {30, 50, 64, 64, 50, 30, 16, 16}, OctagonY[] = {10, 10, 24, 44, 58, 58, 44, 24};
 void OctagonOurs(benchmark::State& state) {
-    Ours(state, [](LICE_IBitmap* bm) { LICE_FillConvexPolygon(bm, kOctagonX, kOctagonY, 8, kColor, kAlpha, 0); });
+    Ours(state, [](LICE_IBitmap* bm) { LICE_FillConvexPolygon(bm, OctagonX, OctagonY, 8, Color, Alpha, 0); });
 }
 void OctagonCairo(benchmark::State& state) {
-    Cairo(state, true, CAIRO_ANTIALIAS_NONE, kAlpha, [](cairo_t* cr) {
-        for (int i = 0; i < 8; ++i) cairo_line_to(cr, kOctagonX[i], kOctagonY[i]);
+    Cairo(state, true, CAIRO_ANTIALIAS_NONE, Alpha, [](cairo_t* cr) {
+        for (int i = 0; i < 8; ++i) cairo_line_to(cr, OctagonX[i], OctagonY[i]);
         cairo_close_path(cr);
     });
 }
@@ -126,7 +126,7 @@ BENCHMARK(TriangleCairo)->Arg(14)->Arg(80);
 BENCHMARK(OctagonOurs);
 BENCHMARK(OctagonCairo);
 
-const std::vector<Ratio> kRatios = {
+const std::vector<Ratio> Ratios = {
     {"rounded rectangle 140x36, filled: times as fast as Cairo", "RoundedFillCairo", "RoundedFillOurs", 20},
     {"rounded rectangle 140x36, outline", "RoundedOutlineCairo", "RoundedOutlineOurs", 20},
     {"ring of radius 7", "RingCairo/7", "RingOurs/7", 7},
@@ -142,5 +142,5 @@ const std::vector<Ratio> kRatios = {
 }  // namespace
 
 int main(int argc, char** argv) {
-    return RunWithRatios(argc, argv, kRatios);
+    return RunWithRatios(argc, argv, Ratios);
 }

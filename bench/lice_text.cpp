@@ -2,12 +2,12 @@
 // (its text call, and its glyph call with all glyphs looked up beforehand) and pixman's glyph cache.
 #include <benchmark/benchmark.h>
 #include <cairo.h>
-#include <pixman.h>
 
 #include <cstring>
 #include <string>
 #include <vector>
 
+#include "bench/pixman_glyphs.h"
 #include "bench/ratios.h"
 #include "lice/lice.h"
 
@@ -109,47 +109,27 @@ void CairoMeasure(benchmark::State& state, const char* text) {
     }
 }
 
-// The same masks at the same places, handed to the cache that other toolkits draw their text with.
-void PixmanGlyphs(benchmark::State& state, const char* text) {
+// The same masks at the same places.
+void Pixman(benchmark::State& state, const char* text) {
     LICE_MemBitmap bitmap(Width, Height);
     LICE_Clear(&bitmap, 0xFF223344);
-    pixman_image_t* dest = pixman_image_create_bits(PIXMAN_a8r8g8b8, Width, Height, bitmap.getBits(), Width * 4);
-    const pixman_color_t color = {0xF0F0, 0xF0F0, 0xF0F0, 0xFFFF};
-    pixman_image_t* source = pixman_image_create_solid_fill(&color);
-    pixman_glyph_cache_t* cache = pixman_glyph_cache_create();
-    pixman_glyph_cache_freeze(cache);
-    std::vector<pixman_glyph_t> glyphs;
+    PixmanGlyphs glyphs(bitmap);
     int pen = 4;
     for (const char* at = text; *at; ++at) {
-        const std::string letter(1, *at);
         RECT cell{};
-        Font().DrawText(nullptr, letter.c_str(), -1, &cell, DT_CALCRECT | FromTheLeft);
+        Font().DrawText(nullptr, at, 1, &cell, DT_CALCRECT | FromTheLeft);
         LICE_MemBitmap ink(cell.right, cell.bottom);
         LICE_Clear(&ink, 0);
-        Font().DrawText(&ink, letter.c_str(), -1, &cell, FromTheLeft);
-        const int stride = (static_cast<int>(cell.right) + 3) / 4 * 4;
-        std::vector<uint32_t> words(stride / 4 * cell.bottom);
-        for (int y = 0; y < cell.bottom; ++y)
-            for (int x = 0; x < cell.right; ++x)
-                reinterpret_cast<uint8_t*>(words.data())[y * stride + x] =
-                    ink.getBits()[y * ink.getRowSpan() + x] >> 16 & 0xFF;
-        pixman_image_t* mask = pixman_image_create_bits(PIXMAN_a8, cell.right, cell.bottom, words.data(), stride);
-        const void* key = reinterpret_cast<void*>(static_cast<uintptr_t>(*at));
-        const void* cached = pixman_glyph_cache_lookup(cache, const_cast<void*>(key), nullptr);
-        if (!cached) cached = pixman_glyph_cache_insert(cache, const_cast<void*>(key), nullptr, 0, 0, mask);
-        glyphs.push_back({pen, 9, cached});
-        pixman_image_unref(mask);
+        Font().DrawText(&ink, at, 1, &cell, FromTheLeft);
+        std::vector<unsigned char> mask;
+        for (int i = 0; i < cell.right * cell.bottom; ++i) mask.push_back(ink.getBits()[i] >> 16 & 0xFF);
+        glyphs.Add(pen, 9, mask.data(), cell.right, cell.bottom);
         pen += cell.right;
     }
     for (auto _ : state) {
-        pixman_composite_glyphs_no_mask(PIXMAN_OP_OVER, source, dest, 0, 0, 0, 0, cache,
-                                        static_cast<int>(glyphs.size()), glyphs.data());
+        glyphs.Draw();
         benchmark::ClobberMemory();
     }
-    pixman_glyph_cache_thaw(cache);
-    pixman_glyph_cache_destroy(cache);
-    pixman_image_unref(source);
-    pixman_image_unref(dest);
 }
 
 }  // namespace
@@ -165,7 +145,7 @@ int main(int argc, char** argv) {
         add("cairo_text", CairoText, text);
         add("cairo_glyphs", CairoGlyphs, text);
         add("cairo_measure", CairoMeasure, text);
-        add("pixman", PixmanGlyphs, text);
+        add("pixman", Pixman, text);
     }
     return RunWithRatios(argc, argv,
                          {{"Nine letters: speed, of Cairo's text", "cairo_text/9", "draw/9", 3.0},

@@ -2,6 +2,7 @@
 // One colour through bytes of coverage: the loops under masks and text. Uncovered pixels stay as they are.
 // A Weight says what opacity a coverage comes to: weight(coverage) for one pixel, weight.Four(bytes) for four, the
 // first in the low byte, and weight.Eight(bytes, bytes) for two times four.
+// The templates are static: each use has one caller, and masks are small enough for a call to show.
 #pragma once
 #include <cstddef>
 #include <cstring>
@@ -32,35 +33,38 @@ void ForCovered(CoverageRows rows, Each each) {
             if (rows.mask[x] != 0) each(rows.pixels[x], rows.mask[x]);
 }
 
-// Plain copying, for rows of four pixels or more, four at a time. A row that is no multiple of four begins with two
-// steps that overlap, both made from the old pixels.
+// Plain copying, for rows of four pixels or more, four at a time. The last two steps are made together from the old
+// pixels, since they overlap where a row is no multiple of four.
 template <class Weight>
-void MixCovered(CoverageRows rows, LICE_pixel color, Weight weight) {
-    const auto coverage = [](const uint8_t* mask) {
-        uint32_t four;
-        std::memcpy(&four, mask, sizeof four);
-        return four;
-    };
+static void MixCovered(const CoverageRows& rows, LICE_pixel color, Weight weight) {
     const FourPixels source = FourPixels{} + color;
-    const int second = rows.width == 4 ? 0 : (rows.width - 1) % 4 + 1;
-    for (; rows.height > 0; --rows.height, rows.mask += rows.maskSpan, rows.pixels += rows.span) {
-        const uint32_t a = coverage(rows.mask), b = coverage(rows.mask + second);
-        if ((a | b) != 0) {
-            const EightWeights weights = weight.Eight(a, b);
-            const FourPixels mixedA = Mix(LoadFour(rows.pixels), source, weights.first);
-            const FourPixels mixedB = Mix(LoadFour(rows.pixels + second), source, weights.second);
-            StoreFour(rows.pixels, mixedA);
-            StoreFour(rows.pixels + second, mixedB);
-        }
-        for (int x = second + 4; x < rows.width; x += 4)
-            if (const uint32_t four = coverage(rows.mask + x))
-                StoreFour(rows.pixels + x, Mix(LoadFour(rows.pixels + x), source, weight.Four(four)));
+    const int last = rows.width - 4;
+    const uint8_t* mask = rows.mask;
+    LICE_pixel* pixels = rows.pixels;
+    for (int y = 0; y < rows.height; ++y, mask += rows.maskSpan, pixels += rows.span) {
+        const auto coverage = [mask](int x) {
+            uint32_t four;
+            std::memcpy(&four, mask + x, sizeof four);
+            return four;
+        };
+        const auto mixed = [=](int x, const FourWeights& weights) {
+            return Mix(LoadFour(pixels + x), source, weights);
+        };
+        int x = 0;
+        for (; x < last - 4; x += 4)
+            if (const uint32_t four = coverage(x)) StoreFour(pixels + x, mixed(x, weight.Four(four)));
+        const uint32_t a = coverage(x), b = coverage(last);
+        if ((a | b) == 0) continue;
+        const EightWeights weights = weight.Eight(a, b);
+        const FourPixels mixedA = mixed(x, weights.first), mixedB = mixed(last, weights.second);
+        StoreFour(pixels + x, mixedA);
+        StoreFour(pixels + last, mixedB);
     }
 }
 
 // Any mode.
 template <class Weight>
-void CombineCovered(const CoverageRows& rows, LICE_pixel color, int mode, int ia, Weight weight) {
+static void CombineCovered(const CoverageRows& rows, LICE_pixel color, int mode, int ia, Weight weight) {
     WithCombine<CopyForms::General>(mode, ia, [&](auto combine) {
         if constexpr (std::is_same_v<decltype(combine), CombineCopy>)
             if (rows.width >= 4) return MixCovered(rows, color, weight);
