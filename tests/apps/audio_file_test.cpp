@@ -1,7 +1,6 @@
 #include "simhost/native/audio_file.h"
 
 #include <gtest/gtest.h>
-#include <sndfile.h>
 
 #include <cmath>
 #include <filesystem>
@@ -9,6 +8,7 @@
 #include <limits>
 #include <random>
 
+#include "tests/apps/program.h"
 #include "tests/apps/workshop.h"
 
 namespace fs = std::filesystem;
@@ -26,17 +26,6 @@ class Gravacoes : public testing::Test {
     Workshop workshop;
     std::string error;
 };
-
-static std::vector<double> AllBySndfile(const std::string& path, int* channels) {
-    SF_INFO info{};
-    SNDFILE* file = sf_open(path.c_str(), SFM_READ, &info);
-    std::vector<double> all, block(static_cast<size_t>(info.channels) * 1000);
-    for (sf_count_t n; (n = sf_readf_double(file, block.data(), 1000)) > 0;)
-        all.insert(all.end(), block.begin(), block.begin() + n * info.channels);
-    sf_close(file);
-    *channels = info.channels;
-    return all;
-}
 
 static int CountFormats(int command) {
     int count = 0;
@@ -72,11 +61,11 @@ TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
                 sf_writef_double(file, noise.data(), frames);
                 sf_close(file);
 
-                int found = 0;
-                const std::vector<double> wanted = AllBySndfile(path, &found);
+                const std::vector<double> wanted = ReadAll(path, &info);
                 if (wanted.empty()) continue;  // libsndfile cannot read all that it writes
                 const SourceRef source = Open(path);
                 ASSERT_TRUE(source) << error;
+                const int found = info.channels;
                 ASSERT_EQ(source->Channels(), found);
                 ASSERT_EQ(source->Frames() * found, static_cast<int64_t>(wanted.size()));
                 ++tried;
@@ -108,8 +97,8 @@ TEST_F(Gravacoes, CabecalhoQuePrometeDemaisNaoAtrapalha) {
         fs::resize_file(path, fs::file_size(path) / 2);
         const SourceRef source = Open(path);
         ASSERT_TRUE(source) << error;
-        int channels = 0;
-        const std::vector<double> wanted = AllBySndfile(path, &channels);
+        SF_INFO info;
+        const std::vector<double> wanted = ReadAll(path, &info);
         EXPECT_GT(wanted.size(), 20000u);
         ASSERT_EQ(source->Frames(), static_cast<int64_t>(wanted.size()));
         std::vector<double> all(wanted.size());
@@ -119,8 +108,7 @@ TEST_F(Gravacoes, CabecalhoQuePrometeDemaisNaoAtrapalha) {
 
     const std::string path = workshop.Write("mente", SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 48000, 1, noise);
     std::fstream bytes(path, std::ios::in | std::ios::out | std::ios::binary);
-    bytes.seekp(
-        21);  // the low four bits here and the next four bytes count the frames; the high four are part of the depth
+    bytes.seekp(21);  // the low half of this byte and the next four count the frames
     bytes.write("\xff\xff\xff\xff\xff", 5);
     bytes.close();
     const SourceRef source = Open(path);
@@ -143,8 +131,8 @@ TEST_F(Gravacoes, OQueSeGravaVoltaEm24BitsOuNaoFicaNada) {
         EXPECT_EQ(workshop.Listing(), "");
         auto writer = AudioWriter::Create(path, format, 44100, 1, 13, &error);
         ASSERT_TRUE(writer && writer->Write(samples.data(), 13) && writer->Finish(&error)) << error;
-        int channels = 0;
-        EXPECT_EQ(AllBySndfile(path, &channels), wanted);
+        SF_INFO info;
+        EXPECT_EQ(ReadAll(path, &info), wanted);
         fs::remove(path);
     }
     EXPECT_FALSE(

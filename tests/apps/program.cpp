@@ -37,8 +37,9 @@ std::vector<double> ReadAll(const std::string& path, SF_INFO* info) {
     *info = {};
     SNDFILE* file = sf_open(path.c_str(), SFM_READ, info);
     if (!file) return {};
-    std::vector<double> samples(static_cast<size_t>(info->frames) * info->channels);
-    sf_readf_double(file, samples.data(), info->frames);
+    std::vector<double> samples, block(static_cast<size_t>(info->channels) * 1000);
+    for (sf_count_t n; (n = sf_readf_double(file, block.data(), 1000)) > 0;)
+        samples.insert(samples.end(), block.begin(), block.begin() + n * info->channels);
     sf_close(file);
     return samples;
 }

@@ -14,4 +14,5 @@ struct Outcome {
 Outcome RunProgram(const std::string& name, std::vector<std::string> arguments, const char* out = nullptr);
 
 std::string Text(const std::string& path);
-std::vector<double> ReadAll(const std::string& path, SF_INFO* info);  // interleaved; empty when it is no recording
+// Interleaved, all that can be read, whatever the header promises; empty when it is no recording.
+std::vector<double> ReadAll(const std::string& path, SF_INFO* info);

@@ -14,52 +14,31 @@ class Drawing {
     explicit Drawing(ByteEater& bytes) : in(bytes), dest(in.Surface()), src(in.Surface()) {}
 
     void One() {
-        switch (in.Byte() % 17) {
-            case 0:
-                return Call(LICE_Clear);
-            case 1:
-                return Call(LICE_FillRect);
-            case 2:
-                return Call(LICE_DrawRect);
-            case 3:
-                return Call(LICE_Line);
-            case 4:
-                return Call(LICE_FLine);
-            case 5:
-                return Call(LICE_Circle);
-            case 6:
-                return Call(LICE_FillCircle);
-            case 7:
-                return Call(LICE_Arc);
-            case 8:
-                return Call(LICE_RoundRect);
-            case 9:
-                return Call(LICE_FillTriangle);
-            case 10:
-                return ConvexPolygon();
-            case 11:
-                return Call(Trapezoid<double>(LICE_FillTrapezoid));
-            case 12:
-                return Call(Trapezoid<int>(LICE_FillTrapezoid));
-            case 13:
-                return Call(LICE_Blit);
-            case 14:
-                return Call(LICE_BlitRect);
-            case 15:
-                return Call(LICE_Blur);
-            case 16:
-                return Call(LICE_ScaledBlit);
-        }
+        static constexpr void (Drawing::*routines[])() = {
+            &Drawing::Call<LICE_Clear>,      &Drawing::Call<LICE_FillRect>,
+            &Drawing::Call<LICE_DrawRect>,   &Drawing::Call<LICE_Line>,
+            &Drawing::Call<LICE_FLine>,      &Drawing::Call<LICE_Circle>,
+            &Drawing::Call<LICE_FillCircle>, &Drawing::Call<LICE_Arc>,
+            &Drawing::Call<LICE_RoundRect>,  &Drawing::Call<LICE_FillTriangle>,
+            &Drawing::ConvexPolygon,         &Drawing::Call<Trapezoid<double>(LICE_FillTrapezoid)>,
+            &Drawing::Call<LICE_Blit>,       &Drawing::Call<Trapezoid<int>(LICE_FillTrapezoid)>,
+            &Drawing::Call<LICE_BlitRect>,   &Drawing::Call<LICE_Blur>,
+            &Drawing::Call<LICE_ScaledBlit>};
+        (this->*in.Of(routines))();
     }
 
     ByteEater& in;
     TestSurface dest, src;
 
   private:
+    template <auto routine>
+    void Call() {
+        CallWith(routine);
+    }
     // A routine with arguments by their types. Where there is an opacity it is the last float, and where there is a
     // mode word it is the last int.
     template <class... Argument>
-    void Call(void (*routine)(Argument...)) {
+    void CallWith(void (*routine)(Argument...)) {
         surfaces = 0;
         std::tuple<Argument...> arguments{Take(static_cast<Argument*>(nullptr))...};  // braces: from left to right
         if constexpr (LastOf<float, Argument...>() >= 0) std::get<LastOf<float, Argument...>()>(arguments) = in.Alpha();
