@@ -9,10 +9,7 @@ static const HWND OtherProgram = reinterpret_cast<HWND>(uintptr_t{0x4});  // bel
 
 static void Tell(HWND window, WORD how, HWND other) {
     const Window* it = Find(window);
-    if (!it) return;
-    const bool minimised = it->minimised;
-    SendMessageA(window, WM_NCACTIVATE, how != WA_INACTIVE, 0);
-    SendMessageA(window, WM_ACTIVATE, MAKEWPARAM(how, minimised), reinterpret_cast<LPARAM>(other));
+    if (it) SendMessageA(window, WM_ACTIVATE, MAKEWPARAM(how, it->minimised), reinterpret_cast<LPARAM>(other));
 }
 
 void Activate(HWND handle, WORD how) {
@@ -55,10 +52,6 @@ using namespace desktop;
 
 HWND GetForegroundWindow() {
     return Desktop().foreground;
-}
-
-HWND GetActiveWindow() {
-    return Desktop().active;
 }
 
 BOOL SetForegroundWindow(HWND window) {

@@ -17,7 +17,6 @@ namespace desktop {
 void Pump();
 // Moves the virtual clock and fires what falls due on the way, earliest first.
 void AdvanceClock(int ms);
-int64_t Now();  // milliseconds; 0 at start
 // Moves the clock to this timer's next tick and past it. The milliseconds that took, or -1 when there is no such timer.
 int AwaitTimer(HWND window, UINT_PTR id);
 
@@ -29,9 +28,8 @@ void Release(Button button);  // nothing when the button is not down
 void Wheel(int delta);        // goes to the active window
 void HoldKey(int key, bool down);
 
-// What the next popup menu is answered with: an entry's id, or 0 for Escape. Answers queue up; a menu without one is
-// dismissed. The function form runs while the menu is open.
-void ChooseFromNextMenu(UINT id);
+// What the next popup menu is answered with: an entry's id, or 0 for Escape; `user` runs while the menu is open.
+// Answers queue up; a menu without one is dismissed.
 void OnNextMenu(std::function<UINT()> user);
 
 struct MenuEntry {
@@ -45,9 +43,7 @@ struct ShownMenu {
 };
 const ShownMenu& LastMenu();
 
-// The user turns to another program, whose window is none of ours; or nobody is in front.
-void ActivateOtherProgram();
-void LeaveNobodyInFront();
+void LeaveNobodyInFront();  // no window at all is in front, as between two programs
 
 struct Picture {
     int width = 0, height = 0;

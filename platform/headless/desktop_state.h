@@ -12,26 +12,14 @@
 
 namespace desktop {
 
-struct WindowClass {
-    UINT style;
-    WNDPROC procedure;
-    HBRUSH background;
-};
-
 struct Window {
-    HWND handle;
-    HWND owner;
-    std::string className;
-    WindowClass kind;
-    std::string title;
-    DWORD style;
+    HWND handle, owner;
+    std::string className, title;
     WNDPROC procedure;
-    LONG_PTR userData = 0;
     RECT place{};   // on the screen, frame included
     RECT normal{};  // where it goes back to when it is minimised
     bool visible = false, minimised = false, dying = false;
-    RECT invalid{};                      // client coordinates; empty when nothing waits to be painted
-    bool erase = false;                  // the background too
+    bool invalid = false;                // waits to be painted
     std::shared_ptr<Picture> picture{};  // null until somebody draws or looks
 };
 
@@ -40,7 +28,6 @@ struct Timer {
     UINT_PTR id;
     int interval;
     int64_t due;
-    TIMERPROC procedure;
 };
 
 struct Message {
@@ -50,18 +37,11 @@ struct Message {
     LPARAM lParam;
 };
 
-struct Click {
-    HWND window;
-    Button button;
-    POINT at;
-    int64_t when;
-};
-
 inline constexpr RECT WholeScreen{0, 0, 1280, 1024};
 inline constexpr RECT UsualWorkArea{0, 0, 1280, 984};
 
 struct State {
-    std::map<std::string, WindowClass> classes;
+    std::map<std::string, WNDPROC> classes;
     std::list<Window> windows;  // front first
     uint64_t lastHandle = 0x10000;
     HWND active = nullptr, foreground = nullptr, capture = nullptr;
@@ -69,7 +49,6 @@ struct State {
     std::list<Timer> timers;
     int64_t now = 0;
     POINT cursor{0, 0};
-    Click lastClick{};
     std::map<int, bool> keys;  // the mouse buttons among them
     RECT workArea = UsualWorkArea;
     int contextsLent = 0;  // each keeps its picture, even when the window is gone or has another size
@@ -83,11 +62,13 @@ Window* Find(HWND window);  // null for what is no window (any more)
 bool Contains(const RECT& rect, POINT point);
 RECT ClientArea(const Window& window);  // on the screen
 bool OnScreen(const Window& window);    // visible and not minimised
-void InvalidateAll(Window& window);     // background included
+void Invalidate(Window& window);        // what is not on the screen has nothing to paint; showing it invalidates it
 // Makes it the active window and tells both sides, the one that loses first; null: none of ours. `how` is WA_ACTIVE or
 // WA_CLICKACTIVE.
 void Activate(HWND window, WORD how);
 void ActivateAnother(const Window& than);
+// The user turns to another program, whose window is none of ours.
+void ActivateOtherProgram();
 // A handle that was never given out before.
 template <class Handle>
 Handle NewHandle() {

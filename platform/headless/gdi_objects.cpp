@@ -80,12 +80,6 @@ Surface DeviceContext::Target() const {
     return selected ? selected->surface : window;
 }
 
-RECT DeviceContext::Drawable() const {
-    const Surface target = Target();
-    const RECT whole{0, 0, target.width, target.height};
-    return clip ? Intersection(whole, *clip) : whole;
-}
-
 HGDIOBJ AddGdiObject(std::unique_ptr<GdiObject> object) {
     return Table().Add(std::move(object));
 }
@@ -115,6 +109,13 @@ RECT Intersection(const RECT& a, const RECT& b) {
     return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
 }
 
+BOOL IntersectRect(RECT* out, const RECT* a, const RECT* b) {
+    const RECT both = Intersection(*a, *b);
+    const bool some = !IsEmpty(*a) && !IsEmpty(*b) && !IsEmpty(both);
+    *out = some ? both : RECT{};
+    return some;
+}
+
 HDC CreateCompatibleDC(HDC like) {
     if (like && !FindGdi<DeviceContext>(like)) return nullptr;
     DeviceContext context;
@@ -134,7 +135,7 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ handle) {
         const bool elsewhere = bitmap->uses > 0 && context->bitmap != handle && !bitmap->stock;
         return context->bitmap && !elsewhere ? Exchange(context->bitmap, handle) : nullptr;
     }
-    return nullptr;  // a region is selected with SelectClipRgn
+    return nullptr;
 }
 
 BOOL DeleteObject(HGDIOBJ handle) {

@@ -4,7 +4,6 @@
 #pragma once
 #include <cstdint>
 #include <memory>
-#include <optional>
 
 #include "platform/headless/win32_gdi.h"
 
@@ -12,10 +11,10 @@
 // stride.
 struct Surface {
     uint32_t* top = nullptr;
-    int width = 0;
-    int height = 0;
+    int width = 0, height = 0;
     ptrdiff_t stride = 0;
 
+    RECT Whole() const { return {0, 0, width, height}; }
     uint32_t* Row(int y) const { return top + y * stride; }
 };
 
@@ -28,10 +27,6 @@ struct GdiObject {
 struct GdiBitmap : GdiObject {
     Surface surface;
     std::unique_ptr<uint32_t[]> pixels;
-};
-
-struct GdiRegion : GdiObject {
-    RECT box{};
 };
 
 struct FontFace;  // text_face.h
@@ -51,10 +46,8 @@ struct DeviceContext : GdiObject {
     COLORREF textColor = RGB(0, 0, 0);
     COLORREF bkColor = RGB(255, 255, 255);
     int bkMode = OPAQUE;
-    std::optional<RECT> clip;
 
     Surface Target() const;
-    RECT Drawable() const;  // the surface, cut by the clip; may be empty
 };
 
 // Takes the object and gives its handle, which no other object ever had.

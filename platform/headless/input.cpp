@@ -8,21 +8,10 @@ namespace desktop {
 // Messages and key of each button.
 struct ButtonRow {
     int key;
-    UINT down, up, doubleClick;
+    UINT down, up;
 };
-static constexpr ButtonRow Buttons[] = {{VK_LBUTTON, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK},
-                                        {VK_RBUTTON, WM_RBUTTONDOWN, WM_RBUTTONUP, WM_RBUTTONDBLCLK}};
-
-static WPARAM KeysInMouseMessages() {
-    static constexpr struct {
-        int key;
-        WPARAM flag;
-    } Flags[] = {{VK_LBUTTON, MK_LBUTTON}, {VK_RBUTTON, MK_RBUTTON}, {VK_SHIFT, MK_SHIFT}, {VK_CONTROL, MK_CONTROL}};
-    WPARAM flags = 0;
-    for (const auto& row : Flags)
-        if (Desktop().keys[row.key]) flags |= row.flag;
-    return flags;
-}
+static constexpr ButtonRow Buttons[] = {{VK_LBUTTON, WM_LBUTTONDOWN, WM_LBUTTONUP},
+                                        {VK_RBUTTON, WM_RBUTTONDOWN, WM_RBUTTONUP}};
 
 static Window* WindowAt(POINT point) {
     for (Window& each : Desktop().windows)
@@ -43,24 +32,13 @@ static void PostMouse(UINT message) {
     if (!window) return;
     const RECT area = ClientArea(*window);
     const POINT at = Desktop().cursor;
-    PostMessageA(window->handle, message, KeysInMouseMessages(), MAKELPARAM(at.x - area.left, at.y - area.top));
+    PostMessageA(window->handle, message, 0, MAKELPARAM(at.x - area.left, at.y - area.top));
 }
 
 void MoveMouse(int x, int y) {
     Desktop().cursor = {x, y};
     PostMouse(WM_MOUSEMOVE);
     Pump();
-}
-
-// The second press at one place and within half a second is a double click, for windows whose class asks for such; a
-// third is a first again.
-static bool IsDoubleClick(const Window& window, Button button) {
-    State& state = Desktop();
-    const Click click{window.handle, button, state.cursor, state.now}, last = std::exchange(state.lastClick, click);
-    const bool again = last.window == click.window && last.button == click.button && last.at.x == click.at.x &&
-                       last.at.y == click.at.y && click.when - last.when <= 500;
-    if (again) state.lastClick = {};
-    return again && (window.kind.style & CS_DBLCLKS);
 }
 
 void Press(Button button) {
@@ -72,7 +50,7 @@ void Press(Button button) {
         if (!window) return ActivateOtherProgram();
         Activate(window->handle, WA_CLICKACTIVE);
     }
-    if (const Window* window = Listener()) PostMouse(IsDoubleClick(*window, button) ? row.doubleClick : row.down);
+    PostMouse(row.down);
     Pump();
 }
 
@@ -86,7 +64,7 @@ void Release(Button button) {
 
 void Wheel(int delta) {
     const POINT at = Desktop().cursor;
-    PostMessageA(Desktop().active, WM_MOUSEWHEEL, KeysInMouseMessages() | MAKEWPARAM(0, delta), MAKELPARAM(at.x, at.y));
+    PostMessageA(Desktop().active, WM_MOUSEWHEEL, MAKEWPARAM(0, delta), MAKELPARAM(at.x, at.y));
     Pump();
 }
 
@@ -98,14 +76,8 @@ void HoldKey(int key, bool down) {
 
 using namespace desktop;
 
-static HWND ChangeCapture(HWND window) {
-    const HWND previous = std::exchange(Desktop().capture, window);
-    SendMessageA(previous, WM_CAPTURECHANGED, 0, reinterpret_cast<LPARAM>(window));
-    return previous;
-}
-
 HWND SetCapture(HWND window) {
-    return Find(window) ? ChangeCapture(window) : nullptr;
+    return Find(window) ? std::exchange(Desktop().capture, window) : nullptr;
 }
 
 HWND GetCapture() {
@@ -113,7 +85,7 @@ HWND GetCapture() {
 }
 
 BOOL ReleaseCapture() {
-    ChangeCapture(nullptr);
+    Desktop().capture = nullptr;
     return true;
 }
 

@@ -9,10 +9,6 @@ void OnNextMenu(std::function<UINT()> user) {
     Desktop().answers.push_back(std::move(user));
 }
 
-void ChooseFromNextMenu(UINT id) {
-    OnNextMenu([id] { return id; });
-}
-
 const ShownMenu& LastMenu() {
     return Desktop().shown;
 }

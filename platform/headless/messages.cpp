@@ -1,5 +1,4 @@
 // Sending, posting and delivering messages, and what a window does with those that it leaves alone.
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -23,7 +22,7 @@ static bool DeliverPosted() {
 
 static bool DeliverPaint() {
     for (const Window& each : Desktop().windows)
-        if (!IsEmpty(each.invalid)) {
+        if (each.invalid) {
             SendMessageA(each.handle, WM_PAINT, 0, 0);
             return true;
         }
@@ -37,10 +36,7 @@ static bool DeliverTimer() {
         if (each.due <= state.now && (!next || each.due < next->due)) next = &each;
     if (!next) return false;
     next->due = state.now + next->interval;  // ticks that were missed do not pile up
-    if (next->procedure)
-        next->procedure(next->window, WM_TIMER, next->id, static_cast<DWORD>(state.now));
-    else
-        SendMessageA(next->window, WM_TIMER, next->id, 0);
+    SendMessageA(next->window, WM_TIMER, next->id, 0);
     return true;
 }
 
@@ -78,37 +74,12 @@ LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wPa
     return procedure(window, message, wParam, lParam);
 }
 
-// Fills what the context may draw on, if the class's brush is a system colour's number plus 1. White is the only system
-// colour here.
-static bool EraseBackground(const Window& window, HDC dc) {
-    const DeviceContext* context = FindGdi<DeviceContext>(dc);
-    if (!context || reinterpret_cast<uintptr_t>(window.kind.background) != COLOR_WINDOW + 1) return false;
-    const RECT area = context->Drawable();
-    const Surface target = context->Target();
-    for (int y = area.top; y < area.bottom; ++y)
-        std::fill(target.Row(y) + area.left, target.Row(y) + area.right, 0xFFFFFF);
-    return true;
-}
-
-LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM) {
-    const Window* window = Find(handle);
-    if (!window) return 0;
-    switch (message) {
-        case WM_NCCREATE:
-        case WM_NCACTIVATE:
-            return true;
-        case WM_CLOSE:
-            DestroyWindow(handle);
-            return 0;
-        case WM_ERASEBKGND:
-            return EraseBackground(*window, reinterpret_cast<HDC>(wParam));
-        case WM_PAINT: {
-            PAINTSTRUCT paint;
-            BeginPaint(handle, &paint);
-            EndPaint(handle, &paint);
-            return 0;
-        }
-        default:
-            return 0;
+LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM, LPARAM) {
+    if (message == WM_CLOSE) DestroyWindow(handle);
+    if (message == WM_PAINT) {
+        PAINTSTRUCT paint;
+        BeginPaint(handle, &paint);
+        EndPaint(handle, &paint);
     }
+    return 0;
 }

@@ -1,47 +1,21 @@
 // What waits to be painted, and the pixels that a window shows.
-#include <algorithm>
-
 #include "platform/headless/desktop_state.h"
 
 namespace desktop {
 
-static RECT ClientRect(const Window& window) {
-    const RECT area = ClientArea(window);
-    return {0, 0, area.right - area.left, area.bottom - area.top};
-}
-
-static RECT Joined(const RECT& a, const RECT& b) {
-    if (IsEmpty(a)) return b;
-    if (IsEmpty(b)) return a;
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
-}
-
-void InvalidateAll(Window& window) {
-    if (!OnScreen(window)) return;  // what is not shown has nothing to paint; showing it invalidates it
-    window.invalid = ClientRect(window);
-    window.erase = true;
+void Invalidate(Window& window) {
+    if (OnScreen(window)) window.invalid = true;
 }
 
 // The picture for the present size of the client area.
 static Picture& PictureFor(Window& window) {
-    const RECT client = ClientRect(window);
+    RECT client;
+    GetClientRect(window.handle, &client);
     if (!window.picture || window.picture->width != client.right || window.picture->height != client.bottom) {
         const size_t size = static_cast<size_t>(client.right) * static_cast<size_t>(client.bottom);
         window.picture = std::make_shared<Picture>(Picture{client.right, client.bottom, std::vector<uint32_t>(size)});
     }
     return *window.picture;
-}
-
-static HDC Lend(Window& window) {
-    Picture& picture = PictureFor(window);
-    ++Desktop().contextsLent;
-    return OpenWindowDC({picture.pixels.data(), picture.width, picture.height, picture.width}, window.picture);
-}
-
-static bool TakeBack(HDC dc) {
-    if (!CloseWindowDC(dc)) return false;
-    --Desktop().contextsLent;
-    return true;
 }
 
 Picture PictureOf(HWND handle) {
@@ -62,35 +36,18 @@ std::string Leftovers() {
 
 using namespace desktop;
 
-BOOL InvalidateRect(HWND handle, const RECT* rect, BOOL erase) {
+BOOL InvalidateRect(HWND handle, const RECT* rect, BOOL) {
+    if (rect) Fail("a part of a window is invalidated");
     Window* window = Find(handle);
-    if (!window) return false;
-    if (!OnScreen(*window)) return true;
-    const RECT client = ClientRect(*window);
-    window->invalid = Joined(window->invalid, rect ? Intersection(*rect, client) : client);
-    window->erase |= erase != 0;
-    return true;
+    if (window) Invalidate(*window);
+    return window != nullptr;
 }
 
-BOOL ValidateRect(HWND handle, const RECT*) {
-    Window* window = Find(handle);
-    if (!window) return false;
-    window->invalid = {};
-    window->erase = false;
-    return true;
-}
-
-BOOL GetUpdateRect(HWND handle, RECT* rect, BOOL) {
-    const Window* window = Find(handle);
-    if (rect) *rect = window ? window->invalid : RECT{};
-    return window && !IsEmpty(window->invalid);
-}
-
-// Paints now, and only if something waits to be painted.
+// Paints now, and only if the window waits to be painted.
 BOOL UpdateWindow(HWND handle) {
     const Window* window = Find(handle);
     if (!window) return false;
-    if (!IsEmpty(window->invalid)) SendMessageA(handle, WM_PAINT, 0, 0);
+    if (window->invalid) SendMessageA(handle, WM_PAINT, 0, 0);
     return true;
 }
 
@@ -98,24 +55,16 @@ HDC BeginPaint(HWND handle, PAINTSTRUCT* paint) {
     *paint = {};
     Window* window = Find(handle);
     if (!window) return nullptr;
-    paint->hdc = Lend(*window);
-    const RECT area = paint->rcPaint = window->invalid;
-    IntersectClipRect(paint->hdc, area.left, area.top, area.right, area.bottom);
-    const bool erase = window->erase;
-    ValidateRect(handle, nullptr);
-    if (erase) paint->fErase = !SendMessageA(handle, WM_ERASEBKGND, reinterpret_cast<WPARAM>(paint->hdc), 0);
-    return paint->hdc;
+    window->invalid = false;
+    ++Desktop().contextsLent;
+    Picture& picture = PictureFor(*window);
+    const Surface surface{picture.pixels.data(), picture.width, picture.height, picture.width};
+    paint->rcPaint = surface.Whole();
+    return paint->hdc = OpenWindowDC(surface, window->picture);
 }
 
 BOOL EndPaint(HWND, const PAINTSTRUCT* paint) {
-    return TakeBack(paint->hdc);
-}
-
-HDC GetDC(HWND handle) {
-    Window* window = Find(handle);
-    return window ? Lend(*window) : nullptr;
-}
-
-int ReleaseDC(HWND, HDC dc) {
-    return TakeBack(dc);
+    if (!CloseWindowDC(paint->hdc)) return false;
+    --Desktop().contextsLent;
+    return true;
 }

@@ -15,20 +15,15 @@ bool desktop::Contains(const RECT& rect, POINT point) {
 RECT desktop::ClientArea(const Window& window) {
     RECT area = window.place;
     if (window.minimised) return {area.left, area.top, area.left, area.top};
-    const int frame = window.style & WS_THICKFRAME ? Frame : 0;
-    area.left += frame;
-    area.top += frame + ((window.style & WS_CAPTION) == WS_CAPTION ? Caption : 0);
-    area.right = std::max(area.left, area.right - frame);
-    area.bottom = std::max(area.top, area.bottom - frame);
+    area.left += Frame;
+    area.top += Frame + Caption;
+    area.right = std::max(area.left, area.right - Frame);
+    area.bottom = std::max(area.top, area.bottom - Frame);
     return area;
 }
 
 int GetSystemMetrics(int index) {
     switch (index) {
-        case SM_CXSCREEN:
-            return WholeScreen.right;
-        case SM_CYSCREEN:
-            return WholeScreen.bottom;
         case SM_CYCAPTION:
             return Caption;
         case SM_CXSIZEFRAME:
@@ -50,11 +45,8 @@ BOOL SystemParametersInfoA(UINT action, UINT, void* record, UINT) {
     return true;
 }
 
-// A window with a sizing frame or a caption is asked between which sizes it may be; the least one wins over the
-// greatest.
+// A window is asked between which sizes it may be; the least one wins over the greatest.
 static SIZE AllowedSize(HWND handle, SIZE wanted) {
-    const DWORD style = Find(handle)->style;
-    if ((style & WS_POPUP) && !(style & WS_THICKFRAME)) return wanted;
     MINMAXINFO info{};
     info.ptMaxSize = info.ptMaxTrackSize = {WholeScreen.right + 2 * Frame, WholeScreen.bottom + 2 * Frame};
     info.ptMaxPosition = {-Frame, -Frame};
@@ -64,28 +56,13 @@ static SIZE AllowedSize(HWND handle, SIZE wanted) {
             std::max(std::min(wanted.cy, info.ptMaxTrackSize.y), info.ptMinTrackSize.y)};
 }
 
-BOOL SetWindowPos(HWND handle, HWND, int x, int y, int width, int height, UINT flags) {
+BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) {
+    const SIZE size = AllowedSize(handle, {width, height});
     Window* window = Find(handle);
     if (!window) return false;
-    if (!(flags & SWP_NOSIZE)) {
-        const SIZE size = AllowedSize(handle, {width, height});
-        if (!(window = Find(handle))) return false;
-        width = size.cx;
-        height = size.cy;
-    }
-    RECT& place = window->minimised ? window->normal : window->place;
-    const SIZE before{place.right - place.left, place.bottom - place.top};
-    const SIZE after = flags & SWP_NOSIZE ? before : SIZE{width, height};
-    if (!(flags & SWP_NOMOVE)) place.left = x, place.top = y;
-    place.right = place.left + after.cx;
-    place.bottom = place.top + after.cy;
-    if (after.cx != before.cx || after.cy != before.cy) InvalidateAll(*window);
-    if (!(flags & SWP_NOACTIVATE) && window->visible) Activate(handle, WA_ACTIVE);
+    (window->minimised ? window->normal : window->place) = {x, y, x + size.cx, y + size.cy};
+    if (repaint) Invalidate(*window);
     return true;
-}
-
-BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL) {
-    return SetWindowPos(window, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 BOOL GetWindowRect(HWND handle, RECT* rect) {

@@ -11,10 +11,6 @@ static Timer* FindTimer(HWND window, UINT_PTR id) {
     return nullptr;
 }
 
-int64_t desktop::Now() {
-    return Desktop().now;
-}
-
 // A handler may set or kill timers, its own too, so the next is looked up afresh each time.
 void desktop::AdvanceClock(int ms) {
     State& state = Desktop();
@@ -33,16 +29,17 @@ void desktop::AdvanceClock(int ms) {
 int desktop::AwaitTimer(HWND window, UINT_PTR id) {
     const Timer* timer = FindTimer(window, id);
     if (!timer) return -1;
-    const int64_t start = Now();
+    const int64_t start = Desktop().now;
     AdvanceClock(static_cast<int>(timer->due - start));
-    return static_cast<int>(Now() - start);
+    return static_cast<int>(Desktop().now - start);
 }
 
 UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT ms, TIMERPROC procedure) {
+    if (procedure) Fail("a timer is to call a procedure instead of sending a message");
     if (!Find(window)) return 0;
     KillTimer(window, id);  // the same number again starts the timer anew
     const int interval = static_cast<int>(std::clamp<UINT>(ms, 10, 0x7FFFFFFF));
-    Desktop().timers.push_back({window, id, interval, Desktop().now + interval, procedure});
+    Desktop().timers.push_back({window, id, interval, Desktop().now + interval});
     return id;
 }
 

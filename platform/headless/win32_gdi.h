@@ -1,5 +1,5 @@
 // platform/headless/win32_gdi.h
-// Win32's drawing, as far as it is used here: device contexts, DIB sections, clip regions, fonts and text.
+// Win32's drawing, as far as it is used here: device contexts, DIB sections, fonts and text.
 // A null, dead or foreign handle makes each call fail as documented; nothing is ever drawn outside a surface.
 // Handles are never given out twice. What the system's own calls would also accept and this does not: DIB sections
 // of other depths than 32, raster operations other than SRCCOPY, rotated or stretched fonts, mnemonics (an ampersand
@@ -11,29 +11,20 @@ using HGDIOBJ = void*;
 using HDC = struct HDC__*;
 using HBITMAP = struct HBITMAP__*;
 using HFONT = struct HFONT__*;
-using HRGN = struct HRGN__*;
 using HKEY = struct HKEY__*;
 using COLORREF = DWORD;  // 0x00BBGGRR
 
 struct BITMAPINFOHEADER {
     DWORD biSize;
-    LONG biWidth;
-    LONG biHeight;  // negative: the top row is first in memory
-    WORD biPlanes;
-    WORD biBitCount;
-    DWORD biCompression;
-    DWORD biSizeImage;
-    LONG biXPelsPerMeter;
-    LONG biYPelsPerMeter;
-    DWORD biClrUsed;
-    DWORD biClrImportant;
+    LONG biWidth, biHeight;  // a negative height: the top row is first in memory
+    WORD biPlanes, biBitCount;
+    DWORD biCompression, biSizeImage;
+    LONG biXPelsPerMeter, biYPelsPerMeter;
+    DWORD biClrUsed, biClrImportant;
 };
 
 struct RGBQUAD {
-    BYTE rgbBlue;
-    BYTE rgbGreen;
-    BYTE rgbRed;
-    BYTE rgbReserved;
+    BYTE rgbBlue, rgbGreen, rgbRed, rgbReserved;
 };
 
 struct BITMAPINFO {
@@ -45,42 +36,16 @@ inline constexpr int LF_FACESIZE = 32;
 
 struct LOGFONTA {
     LONG lfHeight;  // negative: of the em; positive: of the cell; 0: a default
-    LONG lfWidth;
-    LONG lfEscapement;
-    LONG lfOrientation;
-    LONG lfWeight;
-    BYTE lfItalic;
-    BYTE lfUnderline;
-    BYTE lfStrikeOut;
-    BYTE lfCharSet;
-    BYTE lfOutPrecision;
-    BYTE lfClipPrecision;
-    BYTE lfQuality;
-    BYTE lfPitchAndFamily;
+    LONG lfWidth, lfEscapement, lfOrientation, lfWeight;
+    BYTE lfItalic, lfUnderline, lfStrikeOut, lfCharSet, lfOutPrecision, lfClipPrecision, lfQuality, lfPitchAndFamily;
     char lfFaceName[LF_FACESIZE];
 };
 
 struct TEXTMETRICA {
-    LONG tmHeight;
-    LONG tmAscent;
-    LONG tmDescent;
-    LONG tmInternalLeading;
-    LONG tmExternalLeading;
-    LONG tmAveCharWidth;
-    LONG tmMaxCharWidth;
-    LONG tmWeight;
-    LONG tmOverhang;
-    LONG tmDigitizedAspectX;
-    LONG tmDigitizedAspectY;
-    BYTE tmFirstChar;
-    BYTE tmLastChar;
-    BYTE tmDefaultChar;
-    BYTE tmBreakChar;
-    BYTE tmItalic;
-    BYTE tmUnderlined;
-    BYTE tmStruckOut;
-    BYTE tmPitchAndFamily;
-    BYTE tmCharSet;
+    LONG tmHeight, tmAscent, tmDescent, tmInternalLeading, tmExternalLeading, tmAveCharWidth, tmMaxCharWidth, tmWeight,
+        tmOverhang, tmDigitizedAspectX, tmDigitizedAspectY;
+    BYTE tmFirstChar, tmLastChar, tmDefaultChar, tmBreakChar, tmItalic, tmUnderlined, tmStruckOut, tmPitchAndFamily,
+        tmCharSet;
 };
 
 inline constexpr DWORD BI_RGB = 0;
@@ -89,15 +54,10 @@ inline constexpr DWORD SRCCOPY = 0x00CC0020;
 inline constexpr int TRANSPARENT = 1;
 inline constexpr int OPAQUE = 2;
 inline constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
-inline constexpr int ERROR = 0;  // of calls on regions
-inline constexpr int NULLREGION = 1;
-inline constexpr int SIMPLEREGION = 2;
 inline constexpr int ANSI_CHARSET = 0;
 inline constexpr int ANTIALIASED_QUALITY = 4;
 inline constexpr DWORD GR_GDIOBJECTS = 0;
 
-inline constexpr UINT DT_LEFT = 0x0;
-inline constexpr UINT DT_TOP = 0x0;
 inline constexpr UINT DT_CENTER = 0x1;
 inline constexpr UINT DT_RIGHT = 0x2;
 inline constexpr UINT DT_VCENTER = 0x4;  // this and the next: only with DT_SINGLELINE
@@ -137,13 +97,6 @@ BOOL GdiFlush();  // before pixels are touched directly, since the system may pu
 HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section, DWORD offset);
 BOOL BitBlt(HDC dest, int x, int y, int w, int h, HDC source, int sourceX, int sourceY, DWORD operation);
 
-// --- Clipping. Every region here is one rectangle.
-HRGN CreateRectRgn(int left, int top, int right, int bottom);
-int GetRgnBox(HRGN region, RECT* box);
-int GetClipRgn(HDC dc, HRGN region);  // 1: copied into region; 0: there is none; -1: failure
-int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
-int SelectClipRgn(HDC dc, HRGN region);  // takes a copy; null: no clipping
-
 // --- Text.
 HFONT CreateFontIndirectA(const LOGFONTA* font);
 BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics);
@@ -156,8 +109,6 @@ int DrawTextA(HDC dc, LPCSTR text, int count, RECT* rect, UINT format);
 int MultiByteToWideChar(UINT page, DWORD flags, LPCSTR text, int count, LPWSTR wide, int room);
 
 // --- Rectangles.
-BOOL SetRect(RECT* rect, int left, int top, int right, int bottom);
-BOOL SetRectEmpty(RECT* rect);
 BOOL IntersectRect(RECT* out, const RECT* a, const RECT* b);
 
 // --- The registry, which is empty here.

@@ -28,24 +28,18 @@ using HWND = struct HWND__*;
 using HINSTANCE = struct HINSTANCE__*;
 
 struct POINT {
-    LONG x;
-    LONG y;
+    LONG x, y;
 };
 
 struct SIZE {
-    LONG cx;
-    LONG cy;
+    LONG cx, cy;
 };
 
 struct RECT {
-    LONG left;
-    LONG top;
-    LONG right;  // the first column outside
-    LONG bottom;
+    LONG left, top, right, bottom;  // the last two: the first column and row outside
 };
 
 struct ACCEL {
     BYTE fVirt;
-    WORD key;
-    WORD cmd;
+    WORD key, cmd;
 };

@@ -1,7 +1,8 @@
 // platform/headless/win32_user.h
 // The window half of the Win32 subset: windows, messages, painting, timers, the mouse, keys and popup menus, with the
-// system's own names, values and layouts. All windows are top-level; there are no child windows. What a user would do,
-// and time itself, come from platform/headless/desktop.h.
+// system's own names, values and layouts. All windows are top-level, with the usual frame, and painted as a whole;
+// their classes' styles and brushes are not looked at. What a user would do, and time itself, come from
+// platform/headless/desktop.h.
 #pragma once
 #include "platform/headless/win32_gdi.h"
 
@@ -25,44 +26,32 @@ using TIMERPROC = void (*)(HWND, UINT, UINT_PTR, DWORD);
 struct WNDCLASSA {
     UINT style;
     WNDPROC lpfnWndProc;
-    int cbClsExtra;
-    int cbWndExtra;
+    int cbClsExtra, cbWndExtra;
     HINSTANCE hInstance;
     HICON hIcon;
     HCURSOR hCursor;
     HBRUSH hbrBackground;
-    const char* lpszMenuName;
-    const char* lpszClassName;
+    const char *lpszMenuName, *lpszClassName;
 };
 
 struct PAINTSTRUCT {
     HDC hdc;
-    BOOL fErase;
+    BOOL fErase;  // never set
     RECT rcPaint;
-    BOOL fRestore;
-    BOOL fIncUpdate;
+    BOOL fRestore, fIncUpdate;
     BYTE rgbReserved[32];
 };
 
 struct MINMAXINFO {
-    POINT ptReserved;
-    POINT ptMaxSize;
-    POINT ptMaxPosition;
-    POINT ptMinTrackSize;
-    POINT ptMaxTrackSize;
+    POINT ptReserved, ptMaxSize, ptMaxPosition, ptMinTrackSize, ptMaxTrackSize;
 };
 
-inline constexpr UINT WM_CREATE = 0x0001;
 inline constexpr UINT WM_DESTROY = 0x0002;
 inline constexpr UINT WM_ACTIVATE = 0x0006;
 inline constexpr UINT WM_PAINT = 0x000F;
 inline constexpr UINT WM_CLOSE = 0x0010;
-inline constexpr UINT WM_ERASEBKGND = 0x0014;
-inline constexpr UINT WM_SHOWWINDOW = 0x0018;
 inline constexpr UINT WM_GETMINMAXINFO = 0x0024;
-inline constexpr UINT WM_NCCREATE = 0x0081;
 inline constexpr UINT WM_NCDESTROY = 0x0082;
-inline constexpr UINT WM_NCACTIVATE = 0x0086;
 inline constexpr UINT WM_TIMER = 0x0113;
 inline constexpr UINT WM_MOUSEMOVE = 0x0200;
 inline constexpr UINT WM_LBUTTONDOWN = 0x0201;
@@ -72,40 +61,22 @@ inline constexpr UINT WM_RBUTTONDOWN = 0x0204;
 inline constexpr UINT WM_RBUTTONUP = 0x0205;
 inline constexpr UINT WM_RBUTTONDBLCLK = 0x0206;
 inline constexpr UINT WM_MOUSEWHEEL = 0x020A;
-inline constexpr UINT WM_CAPTURECHANGED = 0x0215;
 inline constexpr UINT WM_USER = 0x0400;
 
 inline constexpr WORD WA_INACTIVE = 0;
 inline constexpr WORD WA_ACTIVE = 1;
 inline constexpr WORD WA_CLICKACTIVE = 2;
 
-inline constexpr UINT CS_DBLCLKS = 0x0008;
 inline constexpr DWORD WS_OVERLAPPEDWINDOW = 0x00CF0000;
-inline constexpr DWORD WS_POPUP = 0x80000000;
-inline constexpr DWORD WS_CHILD = 0x40000000;
-inline constexpr DWORD WS_VISIBLE = 0x10000000;
-inline constexpr DWORD WS_CAPTION = 0x00C00000;
-inline constexpr DWORD WS_THICKFRAME = 0x00040000;
 
-inline constexpr int SW_HIDE = 0;
-inline constexpr int SW_SHOWNORMAL = 1;
 inline constexpr int SW_SHOW = 5;
 inline constexpr int SW_MINIMIZE = 6;
 inline constexpr int SW_RESTORE = 9;
 
-inline constexpr UINT SWP_NOSIZE = 0x0001;
-inline constexpr UINT SWP_NOMOVE = 0x0002;
-inline constexpr UINT SWP_NOZORDER = 0x0004;
-inline constexpr UINT SWP_NOACTIVATE = 0x0010;
-
-inline constexpr int GWL_STYLE = -16;
 inline constexpr int GWLP_WNDPROC = -4;
-inline constexpr int GWLP_USERDATA = -21;
 inline constexpr UINT GW_OWNER = 4;
 inline constexpr int COLOR_WINDOW = 5;
 
-inline constexpr int SM_CXSCREEN = 0;
-inline constexpr int SM_CYSCREEN = 1;
 inline constexpr int SM_CYCAPTION = 4;
 inline constexpr int SM_CXSIZEFRAME = 32;
 inline constexpr int SM_CYSIZEFRAME = 33;
@@ -120,11 +91,6 @@ inline constexpr UINT TPM_RETURNCMD = 0x0100;
 inline constexpr int VK_LBUTTON = 0x01;
 inline constexpr int VK_RBUTTON = 0x02;
 inline constexpr int VK_SHIFT = 0x10;
-inline constexpr int VK_CONTROL = 0x11;
-inline constexpr WPARAM MK_LBUTTON = 0x0001;
-inline constexpr WPARAM MK_RBUTTON = 0x0002;
-inline constexpr WPARAM MK_SHIFT = 0x0004;
-inline constexpr WPARAM MK_CONTROL = 0x0008;
 
 #define IDC_ARROW reinterpret_cast<const char*>(uintptr_t{32512})
 
@@ -154,19 +120,15 @@ HWND CreateWindowExA(DWORD exStyle, const char* className, const char* title, DW
                      int height, HWND owner, HMENU menu, HINSTANCE instance, void* parameter);
 BOOL DestroyWindow(HWND window);
 BOOL IsWindow(HWND window);
-BOOL IsWindowVisible(HWND window);
 BOOL IsIconic(HWND window);
 BOOL ShowWindow(HWND window, int command);  // true when it was visible before
-BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags);
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 BOOL GetWindowRect(HWND window, RECT* rect);
 BOOL GetClientRect(HWND window, RECT* rect);
 BOOL ClientToScreen(HWND window, POINT* point);
 HWND FindWindowA(const char* className, const char* title);
-HWND GetWindow(HWND window, UINT relation);  // GW_OWNER only
-int GetWindowTextA(HWND window, char* text, int size);
-LONG_PTR GetWindowLongPtrA(HWND window, int index);
-LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value);
+HWND GetWindow(HWND window, UINT relation);                          // GW_OWNER only
+LONG_PTR SetWindowLongPtrA(HWND window, int index, LONG_PTR value);  // GWLP_WNDPROC only
 
 // Messages
 LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -177,20 +139,15 @@ LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wPa
 // The one in front
 HWND GetForegroundWindow();
 BOOL SetForegroundWindow(HWND window);
-HWND GetActiveWindow();
 
 // Painting
-BOOL InvalidateRect(HWND window, const RECT* rect, BOOL erase);
-BOOL ValidateRect(HWND window, const RECT* rect);  // null only: the whole client area
-BOOL GetUpdateRect(HWND window, RECT* rect, BOOL erase);
+BOOL InvalidateRect(HWND window, const RECT* rect, BOOL erase);  // null only: the whole client area
 BOOL UpdateWindow(HWND window);
 HDC BeginPaint(HWND window, PAINTSTRUCT* paint);
 BOOL EndPaint(HWND window, const PAINTSTRUCT* paint);
-HDC GetDC(HWND window);
-int ReleaseDC(HWND window, HDC dc);
 
 // Timers
-UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT ms, TIMERPROC procedure);
+UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT ms, TIMERPROC procedure);  // null only: it sends WM_TIMER
 BOOL KillTimer(HWND window, UINT_PTR id);
 
 // Mouse and keys

@@ -1,6 +1,5 @@
 // Window classes, and windows from creation to destruction.
-#include <algorithm>
-#include <cstring>
+#include <utility>
 
 #include "platform/headless/desktop_state.h"
 
@@ -28,9 +27,8 @@ static void Forget(HWND window) {
     state.windows.remove_if([window](const Window& each) { return each.handle == window; });
 }
 
-static void Hide(Window& window) {
-    window.visible = false;
-    window.invalid = {};
+static void LeaveScreen(Window& window) {
+    window.invalid = false;
     if (Desktop().active == window.handle) ActivateAnother(window);
 }
 
@@ -67,8 +65,7 @@ HCURSOR LoadCursorA(HINSTANCE, const char* name) {
 }
 
 ATOM RegisterClassA(const WNDCLASSA* c) {
-    const WindowClass kind{c->style, c->lpfnWndProc, c->hbrBackground};
-    return Desktop().classes.emplace(c->lpszClassName, kind).second ? 0xC001 : 0;
+    return Desktop().classes.emplace(c->lpszClassName, c->lpfnWndProc).second ? 0xC001 : 0;
 }
 
 BOOL UnregisterClassA(const char* name, HINSTANCE) {
@@ -77,23 +74,14 @@ BOOL UnregisterClassA(const char* name, HINSTANCE) {
 
 HWND CreateWindowExA(DWORD, const char* className, const char* title, DWORD style, int x, int y, int width, int height,
                      HWND owner, HMENU, HINSTANCE, void*) {
+    if (style != WS_OVERLAPPEDWINDOW) Fail("a window of another style than the usual one");
     State& state = Desktop();
     const auto kind = state.classes.find(className);
-    if (kind == state.classes.end() || (owner && !Find(owner)) || (style & WS_CHILD)) return nullptr;
+    if (kind == state.classes.end() || (owner && !Find(owner))) return nullptr;
     const HWND handle = NewHandle<HWND>();
-    state.windows.push_front({.handle = handle,
-                              .owner = owner,
-                              .className = className,
-                              .kind = kind->second,
-                              .title = title ? title : "",
-                              .style = style & ~WS_VISIBLE,
-                              .procedure = kind->second.procedure});
-    SetWindowPos(handle, nullptr, x, y, width, height, SWP_NOACTIVATE);
-    if (!SendMessageA(handle, WM_NCCREATE, 0, 0) || SendMessageA(handle, WM_CREATE, 0, 0) == -1) {
-        DestroyWindow(handle);
-        return nullptr;
-    }
-    if (style & WS_VISIBLE) ShowWindow(handle, SW_SHOW);
+    state.windows.push_front(
+        {.handle = handle, .owner = owner, .className = className, .title = title, .procedure = kind->second});
+    MoveWindow(handle, x, y, width, height, false);
     return Find(handle) ? handle : nullptr;
 }
 
@@ -103,7 +91,8 @@ BOOL DestroyWindow(HWND handle) {
     Window* window = Find(handle);
     if (!window || window->dying) return false;
     window->dying = true;
-    Hide(*window);
+    window->visible = false;
+    LeaveScreen(*window);
     while (const HWND owned = SomeOwned(handle)) DestroyWindow(owned);
     SendMessageA(handle, WM_DESTROY, 0, 0);
     if (Desktop().capture == handle) ReleaseCapture();
@@ -114,11 +103,6 @@ BOOL DestroyWindow(HWND handle) {
 
 BOOL IsWindow(HWND window) {
     return Find(window) != nullptr;
-}
-
-BOOL IsWindowVisible(HWND handle) {
-    const Window* window = Find(handle);
-    return window && window->visible;
 }
 
 BOOL IsIconic(HWND handle) {
@@ -132,35 +116,26 @@ static void Minimise(Window& window) {
     window.normal = window.place;
     window.place = {-32000, -32000, -32000 + 160, -32000 + 31};
     window.minimised = true;
-    window.invalid = {};
-    if (Desktop().active == window.handle) ActivateAnother(window);
+    LeaveScreen(window);
 }
 
 static void Restore(Window& window) {
     if (!window.minimised) return;
     window.place = window.normal;
     window.minimised = false;
-    InvalidateAll(window);
+    Invalidate(window);
 }
 
 BOOL ShowWindow(HWND handle, int command) {
     Window* window = Find(handle);
     if (!window || window->dying) return false;
-    const bool before = window->visible, after = command != SW_HIDE;
-    if (before != after) SendMessageA(handle, WM_SHOWWINDOW, after, 0);
-    if (!(window = Find(handle))) return before;
-    if (!after) {
-        if (before) Hide(*window);
-        return before;
-    }
-    window->visible = true;
-    if (!before) InvalidateAll(*window);
-    if (command == SW_MINIMIZE) {
+    const bool before = std::exchange(window->visible, true);
+    if (!before) Invalidate(*window);
+    if (command == SW_RESTORE) Restore(*window);
+    if (command == SW_MINIMIZE)
         Minimise(*window);
-        return before;
-    }
-    if (command == SW_RESTORE || command == SW_SHOWNORMAL) Restore(*window);
-    Activate(handle, WA_ACTIVE);
+    else
+        Activate(handle, WA_ACTIVE);
     return before;
 }
 
@@ -175,35 +150,8 @@ HWND GetWindow(HWND handle, UINT relation) {
     return window && relation == GW_OWNER ? window->owner : nullptr;
 }
 
-int GetWindowTextA(HWND handle, char* text, int size) {
-    const Window* window = Find(handle);
-    if (!window || size < 1) return 0;
-    const size_t length = std::min(window->title.size(), static_cast<size_t>(size) - 1);
-    std::memcpy(text, window->title.data(), length);
-    text[length] = 0;
-    return static_cast<int>(length);
-}
-
-LONG_PTR GetWindowLongPtrA(HWND handle, int index) {
-    const Window* window = Find(handle);
-    if (!window) return 0;
-    switch (index) {
-        case GWL_STYLE:
-            return window->style | (window->visible ? WS_VISIBLE : 0);
-        case GWLP_WNDPROC:
-            return reinterpret_cast<LONG_PTR>(window->procedure);
-        case GWLP_USERDATA:
-            return window->userData;
-        default:
-            return 0;
-    }
-}
-
 LONG_PTR SetWindowLongPtrA(HWND handle, int index, LONG_PTR value) {
-    const LONG_PTR previous = GetWindowLongPtrA(handle, index);
-    if (Window* window = Find(handle)) {
-        if (index == GWLP_WNDPROC) window->procedure = reinterpret_cast<WNDPROC>(value);
-        if (index == GWLP_USERDATA) window->userData = value;
-    }
-    return previous;
+    Window* window = Find(handle);
+    if (!window || index != GWLP_WNDPROC) return 0;
+    return reinterpret_cast<LONG_PTR>(std::exchange(window->procedure, reinterpret_cast<WNDPROC>(value)));
 }

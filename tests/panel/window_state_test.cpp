@@ -108,7 +108,7 @@ TEST_F(PainelLugar, FecharGuardaELembra) {
 }
 
 TEST_F(PainelLugar, PastaQueNaoServe) {
-    for (const std::string& pasta : {host.resourcePath + "/nenhuma", std::string(), std::string("\xFF\xFE")}) {
+    for (const std::string& pasta : {host.resourcePath + "/nenhuma", std::string("\xFF\xFE")}) {
         AbrirJanelaPainel(dono, pasta);
         ASSERT_TRUE(JanelaPainelAberta());
         EXPECT_EQ(Lugar().top, 40);

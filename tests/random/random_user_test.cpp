@@ -179,10 +179,8 @@ class UsuarioAleatorio : public Painel {
                 return driver::Pump();
             case 14:
                 if (JanelaPainel)
-                    SendMessageA(
-                        JanelaPainel,
-                        acaso.Of({UINT{WM_LBUTTONUP}, UINT{WM_RBUTTONUP}, UINT{WM_RBUTTONDBLCLK}, UINT{WM_ERASEBKGND}}),
-                        0, 0);
+                    SendMessageA(JanelaPainel,
+                                 acaso.Of({UINT{WM_LBUTTONUP}, UINT{WM_RBUTTONUP}, UINT{WM_RBUTTONDBLCLK}}), 0, 0);
                 return driver::Pump();
             default:
                 ApontarAoAcaso();

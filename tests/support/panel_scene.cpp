@@ -17,8 +17,8 @@ static LRESULT CALLBACK ProcDoEspiao(HWND janela, UINT mensagem, WPARAM wParam, 
 
 static void Subclassificar() {
     const auto nova = reinterpret_cast<LONG_PTR>(ProcDoEspiao);
-    if (GetWindowLongPtrA(JanelaPainel, GWLP_WNDPROC) == nova) return;
-    ProcEspiada = reinterpret_cast<WNDPROC>(SetWindowLongPtrA(JanelaPainel, GWLP_WNDPROC, nova));
+    const LONG_PTR anterior = SetWindowLongPtrA(JanelaPainel, GWLP_WNDPROC, nova);
+    if (anterior != nova) ProcEspiada = reinterpret_cast<WNDPROC>(anterior);
 }
 
 HWND JanelaDeTeste(const char* titulo, int x, int y, int largura, int altura) {
