@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
-# Measures: every benchmark program, then whole commands beside other programs that do the same work.
+# Measures: every benchmark program, then whole commands beside other programs that do the same work. What is given goes
+# to every benchmark program: ./bench.sh --benchmark_filter=Blit
 set -u
+case "${1:-}" in -h | --help) sed -n '2,/^set/s/^# //p' "$0" && exit ;; esac
 cd "$(dirname "$0")" || exit 2
 scripts/setup.sh || exit 1
 cmake --preset native >/dev/null && cmake --build --preset native -j2 || exit 1

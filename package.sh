@@ -5,12 +5,14 @@
 #     ./package.sh --conferir          builds the commit twice, in two folders: the bytes must be the same
 set -eu
 cd "$(dirname "$0")"
+usage() { sed -n '2,/^set/s/^# //p' package.sh; }
 address=ENDERECO-DE-DOWNLOAD/reaper_quilmo.dll
 case "${1:-}" in
     '') ;;
     --endereco) address=${2:?falta o endereco} ;;
     --conferir) exec scripts/check_reproducible.sh ;;
-    *) sed -n '2,5s/^# \?//p' "$0" >&2; exit 2 ;;
+    -h | --help) usage && exit ;;
+    *) usage >&2 && exit 2 ;;
 esac
 scripts/setup.sh
 

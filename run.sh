@@ -3,22 +3,27 @@
 # its panel would. Leaves the results in out/. With --janela it opens the recording in studio instead, under Wine.
 set -eu
 root=$(cd "$(dirname "$0")" && pwd)
+usage() {
+    echo "Uso: ./run.sh [gravacao]            fatia a gravacao, ou a que vem junto, e passeia pelo painel; tudo fica em out/"
+    echo "     ./run.sh --janela [gravacao]   abre a gravacao numa janela, sob o Wine; a tecla A abre o painel"
+}
 preset=native targets=(fatiar passeio)
-if [ "${1:-}" = --janela ]; then
-    preset=windows targets=(studio)
-    shift
-fi
-
+case "${1:-}" in
+    -h | --help | --ajuda) usage && exit ;;
+    --janela) preset=windows targets=(studio) && shift ;;
+esac
 if [ $# -gt 1 ] || [[ "${1:-}" = -* ]]; then
-    echo "Uso: ./run.sh [--janela] [gravacao]" >&2
+    usage >&2
     exit 2
 fi
 recording=$(realpath -m -- "${1:-$root/data/fala.flac}")
+out=out
+[ "$PWD" -ef "$root" ] || out=$root/out  # so that what is told of it is true where the user stands
 
 cd "$root"
 scripts/setup.sh
+[ -e build/$preset ] && echo "Compilando..." || echo "Compilando; a primeira vez leva alguns minutos..."
 mkdir -p build
-echo "Compilando..."
 if ! { cmake --preset $preset && cmake --build --preset $preset --target "${targets[@]}"; } >build/run.log 2>&1; then
     tail -n 40 build/run.log >&2
     echo "A compilacao falhou; o registro inteiro esta em build/run.log." >&2
@@ -26,18 +31,23 @@ if ! { cmake --preset $preset && cmake --build --preset $preset --target "${targ
 fi
 
 if [ $preset = windows ]; then
-    form=$(ffprobe -v error -select_streams a:0 -show_entries stream=codec_name:format=format_name -of csv=p=0 \
-        "$recording" | tr '\n' ' ')
-    if ! [[ $form =~ ^pcm_(u8|s16le|s24le|s32le|f32le)\ wav ]]; then  # what studio reads
+    refuse() {
+        echo "'$recording' nao existe, ou nao e audio que se possa ler" >&2
+        exit 2
+    }
+    form=$(ffprobe -v quiet -select_streams a:0 -show_entries stream=codec_name:format=format_name -of csv=p=0 \
+        "$recording") || refuse
+    if ! [[ $form =~ ^pcm_(u8|s16le|s24le|s32le|f32le)[[:space:]]wav ]]; then  # what studio reads
         mkdir -p out
         name=$(basename "$recording")
-        ffmpeg -v error -y -i "$recording" -c:a pcm_s24le "out/${name%.*}.wav"
+        ffmpeg -v quiet -y -i "$recording" -c:a pcm_s24le "out/${name%.*}.wav" || refuse
         recording=$root/out/${name%.*}.wav
     fi
-    [ -n "${DISPLAY:-}" ] || echo "Sem DISPLAY: a janela abre num monitor virtual, onde ninguem a ve." >&2
+    [ -n "${DISPLAY:-}" ] || echo "Sem DISPLAY: a janela abre num monitor virtual, onde ninguem a ve. Para ve-la, rode" \
+        "numa sessao grafica ou por ssh -X. Ctrl+C termina." >&2
     echo "Abrindo $recording no studio; a tecla A abre o painel"
     exec scripts/wine.sh --janela build/windows/studio.exe "$recording"
 fi
 echo "Fatiando $recording"
-build/native/fatiar "$recording" -o out --csv --json
-build/native/passeio "$recording" out
+build/native/fatiar "$recording" -o "$out" --csv --json
+build/native/passeio "$recording" "$out"

@@ -2,6 +2,7 @@
 # Builds and runs every suite: native, under sanitizers, and the same suites on the Windows build under Wine.
 # Ends with one line "N passed, M failed".
 set -u
+case "${1:-}" in -h | --help) sed -n '2,/^set/s/^# //p' "$0" && exit ;; esac
 cd "$(dirname "$0")" || exit 2
 scripts/setup.sh || exit 1
 

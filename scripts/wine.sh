@@ -13,8 +13,14 @@ export WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
 mkdir -p "$WINEPREFIX"
 wine=/usr/lib/wine/wine64
 [ -x "$wine" ] || wine=$(command -v wine64 || command -v wine)
-[ -z "$seen" ] || exec "$wine" "$@"
+if [ -n "$seen" ]; then
+    if [ ! -e "$WINEPREFIX/system.reg" ]; then
+        echo "Preparando o Wine, so desta vez..." >&2
+        "$wine" wineboot -i >/dev/null 2>&1
+    fi
+    exec "$wine" "$@"
+fi
 # The display has no window manager; unless windows are unmanaged, Wine waits two seconds for one at each that is shown.
 settle='[ -e "$WINEPREFIX/.unmanaged" ] ||
-    { "$0" reg add "HKCU\\Software\\Wine\\X11 Driver" /v Managed /d N /f >/dev/null && touch "$WINEPREFIX/.unmanaged"; }'
+    { "$0" reg add "HKCU\\Software\\Wine\\X11 Driver" /v Managed /d N /f >/dev/null 2>&1 && touch "$WINEPREFIX/.unmanaged"; }'
 exec xvfb-run -a -s '-screen 0 1280x1024x24' bash -c "$settle"'; exec "$0" "$@"' "$wine" "$@"

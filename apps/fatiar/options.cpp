@@ -95,7 +95,7 @@ bool ParseOptions(int argc, const char* const* argv, Options* options, std::stri
             options->csv = true;
         else if (name == "--json")
             options->json = true;
-        else if (name == "--ajuda" || name == "-h")
+        else if (name == "--ajuda" || name == "--help" || name == "-h")
             options->help = true;
         else
             return refuse("opcao desconhecida: " + name + " (veja fatiar --ajuda)");
