@@ -71,22 +71,29 @@ def check_archive(path):
 
 def check_zip(path):
     files = check_archive(path)
-    needed = [MODULE, "LEIA-ME.txt", "SHA256SUMS.txt", "manual/manual.html"]
+    needed = [MODULE, "LEIA-ME.txt", "NOVIDADES.txt", "SHA256SUMS.txt", "manual/manual.html"]
     missing = [name for name in needed if name not in files]
     require(not missing, f"{path.name}: lacks {missing}")
     require(any(name.startswith("licencas/") for name in files), f"{path.name}: no licences")
     require(not any(".debug" in name for name in files), f"{path.name}: holds the debug file")
-    readme = files.get("LEIA-ME.txt", b"")
-    first = readme.decode("utf-8-sig").splitlines()[:2]
-    require(first and "64-bit Windows" in first[0] and MODULE in first[1], "LEIA-ME.txt: the first lines do not say for what it is")
-    require(readme.count(b"\n") == readme.count(b"\r\n"), "LEIA-ME.txt: lines that do not end in CRLF")
-    require(b"assinad" in readme, "LEIA-ME.txt: does not say that the file is unsigned")
+    for name in ["LEIA-ME.txt", "NOVIDADES.txt", "licencas/LEIA-ME.txt", "manual/manual.html"]:
+        text = files.get(name, b"").decode("utf-8-sig")
+        opening = text[max(text.find("<body>"), 0) :][:200]
+        require("64-bit Windows" in opening and MODULE in opening, f"{name}: does not begin with what it is for")
+    for name, text in files.items():
+        if name.endswith(".txt") and name != "SHA256SUMS.txt":  # which sha256sum -c reads, too
+            require(text.startswith(b"\xef\xbb\xbf"), f"{name}: does not say that it is UTF-8")
+            require(text.count(b"\n") == text.count(b"\r\n"), f"{name}: lines that do not end in CRLF")
+    require("assinado" in files.get("LEIA-ME.txt", b"").decode(), "LEIA-ME.txt: does not say that the file is unsigned")
     told = dict(reversed(line.split("  ", 1)) for line in files.get("SHA256SUMS.txt", b"").decode().splitlines())
     made = {name: hashlib.sha256(data).hexdigest() for name, data in files.items() if name != "SHA256SUMS.txt"}
     require(told == made, f"{path.name}: the sums do not agree with the files")
     manual = files.get("manual/manual.html", b"").decode()
     for picture in re.findall(r'<img src="([^"]+)"', manual):
         require(f"manual/{picture}" in files, f"manual.html: shows {picture}, which the zip lacks")
+    for trace in ["tecla A", "snap", "grade", "fim da gravação", "quilmo_extension_log.txt", "presets_fatiador.ini",
+                  "quilmo_janela.ini", "VELATURNO_PRE"]:
+        require(trace in manual, f"manual.html: does not tell of {trace}, which users find changed or left behind")
     places = set(re.findall(r'<h\d id="([^"]+)"', manual))
     for place in re.findall(r'<a href="#([^"]+)"', manual):
         require(unquote(place) in places, f"manual.html: links to {unquote(place)}, which is nowhere")
@@ -122,6 +129,7 @@ def check_module(image, version, root):
     machine, _, stamp = struct.unpack_from("<HHI", image, pe + 4)
     require(machine == 0x8664, f"{MODULE}: not for 64-bit Windows")
     require(stamp == 0, f"{MODULE}: has a time stamp")
+    require(b".debug_info" not in image, f"{MODULE}: is not stripped")
     require(exports_of(image, pe) == EXPORTS, f"{MODULE}: exports {sorted(exports_of(image, pe))}")
     wide = lambda text: re.escape(text.encode("utf-16-le"))
     told = re.search(wide("ProductVersion") + rb"(\0\0)+" + wide(version) + rb"\0\0", image)
@@ -130,12 +138,21 @@ def check_module(image, version, root):
             f"{MODULE}: holds a path of the building machine")
 
 
+def check_changelog(text, news, version):
+    dates = [re.search(form.format(re.escape(version)), told, re.M)
+             for form, told in [(r"^## \[{}\] - (\d{{4}}-\d\d-\d\d)$", text), (r"^{} \((\d{{4}}-\d\d-\d\d)\)$", news)]]
+    require(all(dates), f"CHANGELOG.md or NOVIDADES.txt has no dated section for {version}")
+    require(not all(dates) or dates[0][1] == dates[1][1], f"CHANGELOG.md and NOVIDADES.txt date {version} differently")
+
+
 def main(dist, version):
     dist, root = Path(dist), Path(__file__).resolve().parent.parent
     name = f"reaper_quilmo-{version}-win64"
     module = check_zip(dist / f"{name}.zip")
     check_reaper_pkg(dist / f"{name}.ReaperPkg", module)
+    require((dist / MODULE).read_bytes() == module, f"{MODULE}: not that of the zip")
     check_index((dist / "index.xml").read_text("utf-8"), version)
+    check_changelog((root / "CHANGELOG.md").read_text("utf-8"), (root / "docs/NOVIDADES.txt").read_text("utf-8"), version)
     if module:  # else its lack is told already
         check_module(module, version, root)
     require(str(root).encode() not in (dist / f"{name}.debug").read_bytes(), f"{name}.debug: holds this folder's path")

@@ -20,7 +20,7 @@ AUTHOR = "Quilmo"
 ABOUT = (
     "Quilmo para o REAPER, 64-bit Windows: reaper_quilmo.dll.\n"
     "Painel de edição de fala e Auto Fatiador, que corta silêncios com prévia. A ação é \"Quilmo: Abrir Painel\", tecla A.\n"
-    "Abrir o painel desliga o encaixe, as linhas da grade e a pergunta ao fim da gravação."
+    "Abrir o painel desliga o encaixe (snap), as linhas da grade e a pergunta ao fim da gravação."
 )
 
 INDEX = """<?xml version="1.0" encoding="utf-8"?>
@@ -45,10 +45,10 @@ def rtf(text):
     return "{\\rtf1\\ansi\n" + "".join(c if ord(c) < 128 else f"\\u{ord(c)}?" for c in text) + "\n}"
 
 
-def changes_of(changelog, version):
-    """The version's section, or that of what is not released yet."""
-    sections = dict(re.findall(r"^## \[([^\]]+)\][^\n]*\n(.*?)(?=^## |\Z)", changelog, re.M | re.S))
-    return sections.get(version, sections.get("Unreleased", "")).strip()
+def changes_of(news, version):
+    """What users are told of the version: what stands below its line "VERSION (DATE)", up to the next such line."""
+    sections = dict(re.findall(r"^(\d+\.\d+\.\d+) \([^)]*\)\n(.*?)(?=^\d+\.\d+\.\d+ |\Z)", news, re.M | re.S))
+    return sections.get(version, "").strip()
 
 
 def write_manual(docs, folder):
@@ -91,7 +91,7 @@ def main(stage, dist, version, epoch, address):
     info = dist / "reaper-package-info.txt"
     info.write_bytes(
         f"NAME: Quilmo\r\nAUTHOR: {AUTHOR}\r\nVERSION: {version}\r\n"
-        f"INFO: 64-bit Windows, {MODULE}; action \"Quilmo: Abrir Painel\", key A\r\n".encode("ascii")
+        f"INFO: 64-bit Windows, {MODULE}; acao \"Quilmo: Abrir Painel\", tecla A\r\n".encode("ascii")
     )
     pack(
         dist / f"reaper_quilmo-{version}-win64.ReaperPkg",
@@ -106,12 +106,13 @@ def main(stage, dist, version, epoch, address):
             version=quoteattr(version),
             author=quoteattr(AUTHOR),
             time=quoteattr(time.strftime("%Y-%m-%dT%H:%M:%SZ", time.gmtime(epoch))),
-            changes=changes_of((root / "CHANGELOG.md").read_text("utf-8"), version).replace("]]>", "]] >"),
+            changes=changes_of((root / "docs/NOVIDADES.txt").read_text("utf-8"), version).replace("]]>", "]] >"),
             module=quoteattr(MODULE),
             address=escape(address),
         ),
         "utf-8",
     )
+    shutil.copy(stage / MODULE, dist)  # what the index points to
     files = sorted(p for p in dist.iterdir() if p.is_file() and p.name != "SHA256SUMS.txt")
     (dist / "SHA256SUMS.txt").write_text(sums((p.name, p) for p in files))
 
