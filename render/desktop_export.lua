@@ -38,10 +38,10 @@ local format_mp3 = "bDNwbUABAAAAAAAACgAAAP////8EAAAAQAEAAAAAAAA="
 local format_wav = "ZXZhdxgAAQ=="
 local preset = string.format(
     "<RENDERPRESET VELATURNO_PRE 48000 2 0 1 9 0 0\n" ..
-    "  bDNwbUABAAAAAAAACgAAAP////8EAAAAQAEAAAAAAAA=\n" ..
+    "  " .. format_mp3 .. "\n" ..
     ">\n" ..
     "<RENDERPRESET2 VELATURNO_PRE\n" ..
-    "  ZXZhdxgAAQ==\n" ..
+    "  " .. format_wav .. "\n" ..
     ">\n" ..
     "RENDERPRESET_EXT VELATURNO_PRE 0 0 0 0 0 1 1 0 0 0 0\n" ..
     "RENDERPRESET_OUTPUT VELATURNO_PRE 1 0 124.128 0 0 %s 0 \"%s\" 1000 0 \"\" 0\n", pattern, desktop)

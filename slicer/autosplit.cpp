@@ -7,6 +7,7 @@
 #include "host/entry.h"
 #include "host/imports.h"
 #include "slicer/analysis.h"
+#include "slicer/titles.h"
 
 namespace {
 
@@ -80,6 +81,6 @@ bool Quilmo_AutoSplit(bool fecharLacunas, int blocoMs, double thresholdDb) {
     if (fecharLacunas) FecharLacunasFatias();
     host::PreventUIRefresh(-1);
     host::UpdateArrange();
-    FecharBloco("Fatiador Preview");
+    FecharBloco(TituloDoPreview);
     return true;
 }

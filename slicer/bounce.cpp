@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "commands/items.h"
+#include "slicer/titles.h"
 
 bool BounceEntradaAtivo = false;
 
@@ -94,7 +95,7 @@ bool BounceEntrada(double alcaSegundos) {
     ParaCadaSelecionado(host::CountSelectedMediaItems(0), [&](MediaItem* item) { Encolher(item, registros); });
     host::PreventUIRefresh(-1);
     host::UpdateArrange();
-    FecharBloco("Fatiador Bounce Entrada");
+    FecharBloco(TituloDoBounce);
     BounceEntradaAtivo = true;
     return true;
 }

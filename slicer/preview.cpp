@@ -9,6 +9,7 @@
 #include "render/render.h"
 #include "slicer/bounce.h"
 #include "slicer/presets.h"
+#include "slicer/titles.h"
 
 bool ModoFatiadorAtivo = false;
 bool PainelEmFrente = false;
@@ -38,13 +39,13 @@ void DesfazerEnquanto(const char* titulo, int maximo) {
 }
 
 void DesfazerPreview() {
-    DesfazerEnquanto("Fatiador Preview", 64);
+    DesfazerEnquanto(TituloDoPreview, 64);
     PreviewAtivo = false;
 }
 
 void DesfazerBounceEntrada() {
     if (!BounceEntradaAtivo) return;
-    DesfazerEnquanto("Fatiador Bounce Entrada", 8);
+    DesfazerEnquanto(TituloDoBounce, 8);
     BounceEntradaAtivo = false;
 }
 

@@ -1,6 +1,7 @@
 // A host that begins to fail in the middle of a command, one function at a time, or that answers with absurd numbers:
 // every command still comes to its end, closes what it opened, and passes on no handle that it was not given.
 #include <cmath>
+#include <random>
 
 #include "commands/commands.h"
 #include "host/entry.h"
@@ -146,22 +147,46 @@ TEST_F(Falhas, FuncaoQueFalhaDaEnesimaVezEmDiante) {
     });
 }
 
-TEST_F(Falhas, NumerosAbsurdos) {
+// Absurd numbers, always or now and then, and then missing handles and wrong counts too: whoever asks twice may hear
+// two different things.
+TEST_F(Falhas, RespostasAbsurdas) {
+    static std::mt19937 sorte;
     static double absurdo;
-    host::GetMediaItemInfo_Value = [](MediaItem*, const char*) { return absurdo; };
-    host::GetMediaTrackInfo_Value = [](MediaTrack*, const char*) { return absurdo; };
-    host::GetMediaItemTakeInfo_Value = [](MediaItem_Take*, const char*) { return absurdo; };
-    host::GetCursorPosition = [] { return absurdo; };
-    host::GetMediaSourceLength = [](PCM_source*, bool*) { return absurdo; };
-    host::GetAudioAccessorStartTime = [](AudioAccessor*) { return absurdo; };
-    for (const double valor : {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e300, -1e300, 4e9, -1.0, 1e-300, 0.05}) {
-        absurdo = valor;
-        ParaCadaCaso([&](const Comando& comando, const simhost::Project&) {
-            host.FailFrom("Main_OnCommand", 1);  // which would render as much audio as that
-            comando.rodar();
-            EXPECT_TRUE(host.Check()) << comando.nome << ", " << valor << ": " << host.FirstViolation();
-        });
-    }
+    static unsigned cada;
+#define AS_VEZES(nome, quando, resposta) \
+    static const auto nome = host::nome; \
+    host::nome = [](auto... argumentos) { return quando ? resposta : nome(argumentos...); };
+#define NUMERO(nome) AS_VEZES(nome, sorte() % cada == 0, absurdo)
+#define OUTRO(nome, resposta) AS_VEZES(nome, cada > 1 && sorte() % 8 == 0, resposta)
+    NUMERO(GetMediaItemInfo_Value)
+    NUMERO(GetMediaTrackInfo_Value)
+    NUMERO(GetMediaItemTakeInfo_Value)
+    NUMERO(GetCursorPosition)
+    NUMERO(GetMediaSourceLength)
+    NUMERO(GetAudioAccessorStartTime)
+    OUTRO(GetSelectedMediaItem, nullptr)
+    OUTRO(GetTrackMediaItem, nullptr)
+    OUTRO(GetMediaItem_Track, nullptr)
+    OUTRO(GetActiveTake, nullptr)
+    OUTRO(CountSelectedMediaItems, static_cast<int>(sorte() % 2000) - 1000)
+#undef OUTRO
+#undef NUMERO
+#undef AS_VEZES
+    for (const double valor : {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e300, -1e300, 4e9, -1.0, 1e-300, 0.05})
+        for (unsigned semente = 0; semente < 5; ++semente) {
+            absurdo = valor;
+            cada = semente ? 6 : 1;
+            sorte.seed(semente);
+            ParaCadaCaso([&](const Comando& comando, const simhost::Project&) {
+                host.FailFrom("Main_OnCommand", 1);  // which would render as much audio as that
+                const std::vector<int64_t> inicio = Chamadas();
+                comando.rodar();
+                SCOPED_TRACE(std::string(comando.nome) + ", " + std::to_string(valor) + ", seed " +
+                             std::to_string(semente));
+                EXPECT_EQ(EmAberto(inicio, ""), "");
+                EXPECT_TRUE(host.Check()) << host.FirstViolation();
+            });
+        }
 }
 
 }  // namespace

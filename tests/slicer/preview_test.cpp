@@ -1,9 +1,9 @@
 // The preview mode, from the page's buttons and from outside, by what it leaves in the project and on the undo history.
 #include "slicer/preview.h"
+
 #include <cmath>
 
-#include "panel/status.h"
-#include "render/render.h"
+#include "platform/files.h"
 #include "slicer/bounce.h"
 #include "slicer/presets.h"
 #include "tests/support/panel_scene.h"
@@ -19,27 +19,36 @@ class Previa : public Painel {
         Painel::SetUp();
         Abrir();
         faixa = Faixa("Voz");
-        MediaItem* item = NovoItem(faixa, {"A", 10, 16, Fonte()});
-        Dados(item).takes[0]->startOffset = 3;
+        const auto fonte = simhost::Bursts(
+            8000, 1, {{24000, 0}, {16000, 0.5}, {8000, 0}, {8000, 0.01}, {8000, 0}, {8000, 0.5}, {80000, 0}});
+        Dados(NovoItem(faixa, {"A", 10, 16, fonte})).takes[0]->startOffset = 3;
         NovoItem(faixa, {"B", 30, 31});
         Selecionar({"A"});
         host.StartHistory();
         original = RetratoCompleto();
     }
-    static simhost::SourceRef Fonte() {
-        return simhost::Bursts(8000, 1,
-                               {{24000, 0}, {16000, 0.5}, {8000, 0}, {8000, 0.01}, {8000, 0}, {8000, 0.5}, {80000, 0}});
-    }
     void Entrar() {
         EntrarModoFatiador();
         driver::Pump();
-        ASSERT_TRUE(ModoFatiadorAtivo);
-        ASSERT_EQ(Historico(), ComPreview);
+        Conferir("modo preview bounce", ComPreview);
     }
-    std::string Modo() const {
-        return std::string(ModoFatiadorAtivo ? "modo" : "-") + (PreviewAtivo ? " preview" : "") +
-               (BounceEntradaAtivo ? " bounce" : "");
+    // The mode's flags and the undo history.
+    void Conferir(const char* modo, const std::string& historico) {
+        EXPECT_EQ(std::string(ModoFatiadorAtivo ? "modo" : "-") + (PreviewAtivo ? " preview" : "") +
+                      (BounceEntradaAtivo ? " bounce" : ""),
+                  modo);
+        EXPECT_EQ(Historico(), historico);
     }
+    void PontoDeOutro(const char* titulo) {
+        host.BeginBlock();
+        host.EndBlock(titulo);
+    }
+    std::string UltimosGravados() {
+        std::string texto;
+        ReadTextFile(host.resourcePath + "/presets_fatiador.ini", texto);
+        return texto.substr(0, texto.find('\n'));
+    }
+    int64_t Cortes() { return host.CallCount("GetAudioAccessorSamples"); }
     void Voltar() { Clicar(80, 260); }
     void Aplicar() { Clicar(230, 260); }
     void PisoMenos() { Clicar(28, 87); }
@@ -57,14 +66,14 @@ TEST_F(Previa, RecusaAntesDeMexer) {
     EntrarModoFatiador();
     EXPECT_EQ(host.messages.back().title, "Auto Fatiador");
     EXPECT_EQ(host.messages.back().type, 4);
+    Conferir("-", "");
     Faixa("Som", {{"C", 0, 1}});
     Selecionar({"A", "C"});  // joined per track, two are still two
     ResponderMensagem(6);
-    host.StartHistory();
     EntrarModoFatiador();
     EXPECT_EQ(host.messages.back().text,
               "Ainda ha mais de um item (itens em faixas diferentes?).\nSelecione apenas um item e tente de novo.");
-    EXPECT_EQ(Modo(), "-");
+    EXPECT_FALSE(ModoFatiadorAtivo);
     EXPECT_EQ(Historico().find("Fatiador"), std::string::npos);
 }
 
@@ -73,61 +82,53 @@ TEST_F(Previa, VariosItensViramUmAntes) {
     ResponderMensagem(6);
     EntrarModoFatiador();
     driver::Pump();
-    EXPECT_EQ(Modo(), "modo preview bounce");
+    EXPECT_TRUE(ModoFatiadorAtivo);
     Voltar();
-    EXPECT_EQ(Modo(), "-");
+    EXPECT_FALSE(ModoFatiadorAtivo);
     EXPECT_EQ(Historico().find("Fatiador"), std::string::npos);
     EXPECT_EQ(Dados(faixa).items.size(), 1u) << "the joining stands";
 }
 
+// Handles die with each undo, and the host may keep the selection to itself.
 TEST_F(Previa, CadaMudancaDesfazECortaDeNovo) {
+    host.preferences.undoRestoresSelection = false;
+    PainelEmFrente = SalvarPresetAberto = true;
     Entrar();
-    EXPECT_EQ(Modo(), "modo preview bounce");
-    EXPECT_FALSE(PainelEmFrente || SalvarPresetAberto);
+    EXPECT_FALSE(SalvarPresetAberto);
     const std::string cortado = Retrato();
     EXPECT_NE(cortado, original);
     for (int i = 0; i < 5; ++i) PisoMenos();
     EXPECT_EQ(thresholdDb, -42);
-    EXPECT_EQ(Historico(), ComPreview) << "one preview at a time";
     EXPECT_NE(Retrato(), cortado) << "the quiet part sounds at -42 dB";
-    EXPECT_EQ(Modo(), "modo preview bounce");
+    Conferir("modo preview bounce", ComPreview);
     Voltar();
-    EXPECT_EQ(Modo(), "-");
+    Conferir("-", "");
     EXPECT_EQ(RetratoCompleto(), original);
-    EXPECT_EQ(Historico(), "");
+    EXPECT_EQ(UltimosGravados(), "LAST_USED=-42.00,55,true");
+    RestaurarEstadoFatiador();  // the next process
+    Entrar();
+    EXPECT_EQ(thresholdDb, -42);
 }
 
 TEST_F(Previa, AplicarGuardaOsCortesEODesfazerDoHost) {
     Entrar();
     const std::string cortado = Retrato();
     Aplicar();
-    EXPECT_EQ(Modo(), "-");
+    Conferir("-", ComPreview);
     EXPECT_EQ(Retrato(), cortado);
-    EXPECT_EQ(Historico(), ComPreview);
+    EXPECT_EQ(UltimosGravados(), "LAST_USED=-37.00,55,true");
     // A second run starts from the settings of the first, and leaves its points alone when it goes back.
     thresholdDb = -20;
-    const std::string aplicado = Retrato();
     Selecionar({"B"});
     EntrarModoFatiador();
     driver::Pump();
     EXPECT_EQ(thresholdDb, -20);
     Voltar();
-    EXPECT_EQ(Retrato(), aplicado);
-    EXPECT_EQ(Historico(), ComPreview) << "what was applied is no preview any more";
+    Conferir("-", ComPreview);
+    EXPECT_EQ(Retrato(), cortado) << "what was applied is no preview any more";
     host.Undo();
     host.Undo();
     EXPECT_EQ(Retrato(), "Voz: A 10-16 @3 | B 30-31");
-}
-
-// Handles die with each undo, and the host may keep the selection to itself.
-TEST_F(Previa, ReconheceOItemPelaFaixaLugarEComprimento) {
-    host.preferences.undoRestoresSelection = false;
-    Entrar();
-    PisoMenos();
-    PisoMenos();
-    EXPECT_EQ(Modo(), "modo preview bounce");
-    Voltar();
-    EXPECT_EQ(RetratoCompleto(), original);
 }
 
 TEST_F(Previa, SemItemParaReconhecerFicaVazioAteEleVoltar) {
@@ -138,36 +139,29 @@ TEST_F(Previa, SemItemParaReconhecerFicaVazioAteEleVoltar) {
     host.project.tracks.Remove(*host.project.tracks.ItemAt(0));
     host.EndBlock("Script");
     PisoMenos();
-    EXPECT_EQ(Modo(), "modo bounce");
-    EXPECT_EQ(Historico(), "Fatiador Bounce Entrada | Script") << "a foreign point on top is left alone";
+    Conferir("modo bounce", "Fatiador Bounce Entrada | Script");
     host.Undo();
     PisoMenos();
-    EXPECT_EQ(Modo(), "modo preview bounce");
+    Conferir("modo preview bounce", ComPreview);
     Voltar();
     EXPECT_EQ(RetratoCompleto(), original);
 }
 
-TEST_F(Previa, PontoEstranhoNoTopoParaODesfazer) {
+// A foreign point on top is left alone, with all below it; previews that a script piled up go together, 64 at most.
+TEST_F(Previa, OTopoDoHistoricoMandaNoDesfazer) {
     Entrar();
-    host.BeginBlock();
-    host.EndBlock("Script");
+    PontoDeOutro("Script");
     const std::string cortado = Retrato();
     Voltar();
-    EXPECT_EQ(Modo(), "-") << "the flags go all the same";
+    Conferir("-", std::string(ComPreview) + " | Script");
     EXPECT_EQ(Retrato(), cortado);
-    EXPECT_EQ(Historico(), std::string(ComPreview) + " | Script");
-}
-
-// Previews piled up by a script that calls the slicer are taken back together, 64 at most.
-TEST_F(Previa, DesfazNoMaximoSessentaEQuatro) {
-    Entrar();
-    for (int i = 0; i < 66; ++i) {
-        host.BeginBlock();
-        host.EndBlock("Fatiador Preview");
-    }
+    host.Undo();
+    Selecionar({"B"});
+    EntrarModoFatiador();
+    driver::Pump();
+    for (int i = 0; i < 66; ++i) PontoDeOutro("Fatiador Preview");
     Voltar();
-    EXPECT_EQ(Historico(), "Fatiador Bounce Entrada | Fatiador Preview | Fatiador Preview | Fatiador Preview");
-    EXPECT_EQ(Modo(), "-");
+    EXPECT_EQ(Historico(), std::string(ComPreview) + " | " + ComPreview + " | Fatiador Preview | Fatiador Preview");
 }
 
 TEST_F(Previa, SliderCortaSoAoSoltar) {
@@ -175,45 +169,48 @@ TEST_F(Previa, SliderCortaSoAoSoltar) {
     Mover(160, 87);
     Apertar();
     const std::string antes = Retrato();
-    const int64_t leituras = host.CallCount("GetAudioAccessorSamples");
+    const int64_t cortes = Cortes();
     Mover(180, 87);
     EXPECT_EQ(thresholdDb, std::floor((180 - 53) / 214.0 * 74 - 80));
     Mover(900, 5);
     EXPECT_EQ(thresholdDb, -6);
     Mover(150, 300);
-    EXPECT_EQ(host.CallCount("GetAudioAccessorSamples"), leituras);
+    EXPECT_EQ(Cortes(), cortes);
     EXPECT_EQ(Retrato(), antes);
     Soltar();
     driver::Pump();
-    EXPECT_GT(host.CallCount("GetAudioAccessorSamples"), leituras);
-    EXPECT_EQ(Historico(), ComPreview);
+    EXPECT_GT(Cortes(), cortes);
+    Conferir("modo preview bounce", ComPreview);
+    // A drag that outside work cut short does not go on in the next run.
+    Mover(160, 87);
+    Apertar();
+    SetForegroundWindow(outra);
+    driver::Pump();
+    Soltar();
+    const double parado = thresholdDb;
+    Entrar();
+    Mover(200, 500);
+    EXPECT_EQ(thresholdDb, parado);
 }
 
-TEST_F(Previa, PassosTestamSoOSeuLimite) {
+// A step tests its own limit only, and cuts anew also there.
+TEST_F(Previa, PassosEPresets) {
     Entrar();
-    const struct {
-        double db;
-        int xDoBotao;
-        double depois;
-    } casos[] = {{-80, 28, -80}, {-6, 292, -6}, {-90, 28, -80},    {-90, 292, -89},
-                 {3, 292, -6},   {3, 28, 2},    {-37.5, 28, -38.5}};
-    for (const auto& caso : casos) {
-        thresholdDb = caso.db;
-        const int64_t cortes = host.CallCount("Undo_EndBlock2");
-        Clicar(caso.xDoBotao, 87);
-        EXPECT_EQ(thresholdDb, caso.depois) << caso.db;
-        EXPECT_EQ(host.CallCount("Undo_EndBlock2"), cortes + 1) << "cut anew also at the limit";
-    }
-    for (const int ms : {500, 2147483647}) {
-        blocoMs = ms;
-        Clicar(292, 133);
-        EXPECT_EQ(blocoMs, 500) << ms;
-    }
-    for (const int ms : {-2147483647 - 1, 1}) {
-        blocoMs = ms;
-        Clicar(28, 133);
-        EXPECT_EQ(blocoMs, 1) << ms;
-    }
+    const auto passo = [this](auto& valor, double de, int x, int y, double para) {
+        valor = static_cast<std::decay_t<decltype(valor)>>(de);
+        const int64_t cortes = Cortes();
+        Clicar(x, y);
+        EXPECT_EQ(valor, para) << de;
+        EXPECT_GT(Cortes(), cortes) << de;
+    };
+    constexpr int menos = 28, mais = 292;
+    const std::tuple<double, int, double> pisos[] = {{-80, menos, -80},    {-6, mais, -6}, {-90, menos, -80},
+                                                     {-90, mais, -89},     {3, mais, -6},  {3, menos, 2},
+                                                     {-37.5, menos, -38.5}};
+    for (const auto& [de, x, para] : pisos) passo(thresholdDb, de, x, 87, para);
+    const std::tuple<double, int, double> blocos[] = {
+        {500, mais, 500}, {2147483647, mais, 500}, {-2147483648.0, menos, 1}, {1, menos, 1}};
+    for (const auto& [de, x, para] : blocos) passo(blocoMs, de, x, 133, para);
     Clicar(160, 180);
     EXPECT_FALSE(fecharLacunas);
     Clicar(28 + 2 * 51, 47, driver::Button::Right);
@@ -228,44 +225,21 @@ TEST_F(Previa, PerguntaCongelaAPaginaESalvaUmPreset) {
     Entrar();
     Clicar(160, 220);
     ASSERT_TRUE(SalvarPresetAberto);
-    const int64_t cortes = host.CallCount("Undo_EndBlock2");
+    const int64_t cortes = Cortes();
     for (const int y : {47, 87, 133, 180, 220, 260}) Clicar(30, y);
-    EXPECT_EQ(host.CallCount("Undo_EndBlock2"), cortes);
     EXPECT_TRUE(ModoFatiadorAtivo && SalvarPresetAberto);
     thresholdDb = -33.25;
     Clicar(30 + 88 + 40, 279 + 41 + 18);  // P5
     EXPECT_FALSE(SalvarPresetAberto);
     EXPECT_EQ(PresetsFatiador[4].thresholdDb, -33.25);
-    EXPECT_EQ(host.CallCount("Undo_EndBlock2"), cortes) << "storing cuts nothing anew";
+    EXPECT_EQ(Cortes(), cortes) << "neither the frozen page nor storing cuts anew";
     Clicar(160, 220);
     Clicar(160, 397);
     EXPECT_FALSE(SalvarPresetAberto);
-    Clicar(160, 220);
+    thresholdDb = -44;
     SetForegroundWindow(outra);
     driver::Pump();
-    EXPECT_FALSE(SalvarPresetAberto || ModoFatiadorAtivo);
-    EXPECT_EQ(RetratoCompleto(), original);
-}
-
-// A drag that outside work cut short does not go on in the next run.
-TEST_F(Previa, ArrastoInterrompidoNaoContinua) {
-    Entrar();
-    Mover(160, 87);
-    Apertar();
-    SetForegroundWindow(outra);
-    driver::Pump();
-    Soltar();
-    const double antes = thresholdDb;
-    Entrar();
-    Mover(200, 500);
-    EXPECT_EQ(thresholdDb, antes);
-    EXPECT_EQ(Historico(), ComPreview);
-}
-
-TEST_F(Previa, FecharAJanelaEncerraOModo) {
-    Entrar();
-    Fechar();
-    EXPECT_EQ(Modo(), "-");
+    EXPECT_EQ(UltimosGravados(), "LAST_USED=-33.25,55,true") << "work outside writes nothing";
     EXPECT_EQ(RetratoCompleto(), original);
 }
 
