@@ -25,10 +25,6 @@ static void ScaleView(Host& host, double factor) {
     host.project.view = {std::max(0.0, middle - half), middle + half};
 }
 
-static void RenderProject(Host& host, int action) {
-    if (host.onRender) host.onRender(action);
-}
-
 static const Action Actions[] = {
     {1007, "Play", Play},
     {1016, "Stop", Stop},
@@ -60,8 +56,8 @@ static const Action Actions[] = {
     {50124, "Media explorer", nullptr},
     {40015, "Render dialog", nullptr},
     {42411, "Open render output", nullptr},
-    {42230, "Render project, closing the window", [](Host& host) { RenderProject(host, 42230); }},
-    {41824, "Render project", [](Host& host) { RenderProject(host, 41824); }},
+    {42230, "Render project, closing the window", nullptr},
+    {41824, "Render project", nullptr},
     {40753, "Disable snapping", nullptr},
     {40145, "Toggle grid lines", nullptr, nullptr, true},
     {1161, "1161", nullptr, nullptr, true},
@@ -96,6 +92,7 @@ void Host::RunAction(int number) {
     if (const Action* action = FindAction(number)) {
         if (action->toggles) toggles[number] ^= 1;
         if (action->run) action->run(*this);
+        if (const auto outside = onAction.find(number); outside != onAction.end()) outside->second();
         if (!action->edit) return;
         BeginBlock();
         if (action->edit(*this))

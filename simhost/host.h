@@ -141,7 +141,8 @@ class Host {
     std::function<void(const Script&)> scriptRunner;         // null: runs are only recorded
     // Gives rendered samples their home: by default memory. For glue and take renders.
     std::function<SourceRef(int rate, int channels, std::vector<double> interleaved)> keepRendered;
-    std::function<void(int action)> onRender;  // 42230 and 41824: render the project
+    // What numbered actions do outside the project: write files, open windows.
+    std::map<int, std::function<void()>> onAction;
 
     // --- handles
     ReaProject* Handle() { return static_cast<ReaProject*>(identity_.Handle(Kind::Project, this)); }

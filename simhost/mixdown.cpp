@@ -25,14 +25,13 @@ bool Mix(std::vector<Voice> voices, const MixRange& range, const MixSink& sink) 
                   [&](const Voice& v) { return !(v.item->End() > range.start && v.item->position < range.end); });
     std::stable_sort(voices.begin(), voices.end(),
                      [](const Voice& a, const Voice& b) { return a.item->position < b.item->position; });
-    const double wanted = std::floor((range.end - range.start) * range.rate + 0.5);
-    if (!(wanted >= 1 && wanted < 9e15) || range.rate <= 0 || range.channels <= 0) return true;
+    const int64_t frames = range.Frames();
+    if (frames == 0 || range.channels <= 0) return true;
 
     const double start = OnFrame(range.start, range.rate);
     std::vector<double> block(static_cast<size_t>(BlockFrames) * range.channels);
     std::vector<Item> sounding;
     auto next = voices.begin();
-    const auto frames = static_cast<int64_t>(wanted);
     for (int64_t done = 0; done < frames; done += BlockFrames) {
         const int n = static_cast<int>(std::min<int64_t>(BlockFrames, frames - done));
         const double from = start + static_cast<double>(done) / range.rate;
@@ -51,6 +50,11 @@ bool Mix(std::vector<Voice> voices, const MixRange& range, const MixSink& sink) 
 }
 
 }  // namespace
+
+int64_t MixRange::Frames() const {
+    const double frames = std::floor((end - start) * rate + 0.5);
+    return rate > 0 && frames >= 1 && frames < 9e15 ? static_cast<int64_t>(frames) : 0;
+}
 
 bool MixItems(const std::vector<const Item*>& items, const MixRange& range, const MixSink& sink) {
     std::vector<Voice> voices;

@@ -11,7 +11,9 @@ namespace simhost {
 
 struct MixRange {
     int rate, channels;
-    double start, end;  // project time in seconds; the mix has nearest((end - start) * rate) frames
+    double start, end;  // project time in seconds
+
+    int64_t Frames() const;  // the nearest to (end - start) * rate; 0 where they cannot be counted
 };
 
 // Takes the next frames of the mix; false stops it.

@@ -58,6 +58,12 @@ bool ReadTake(const Take& take, int rate, int channels, double start, int frames
     return true;
 }
 
+int To24Bits(double sample) {
+    const double scaled = std::nearbyint(sample * 8388608.0);
+    if (!(scaled > -8388608.0)) return scaled == scaled ? -8388608 : 0;
+    return scaled < 8388607.0 ? static_cast<int>(scaled) : 8388607;
+}
+
 double FadeAt(const Item& item, double t) {
     const double in = item.FadeIn(), out = item.FadeOut();
     double gain = 1;

@@ -15,6 +15,10 @@ bool ReadTake(const Take& take, int rate, int channels, double start, int frames
 // and fades, nothing outside the item, nothing when muted.
 void MixItem(const Item& item, int rate, int channels, double start, int frames, double* mix);
 
+// The sample as a file keeps it: rounded to 24 bits; what is beyond full scale is held there, and what is no number is
+// silence.
+int To24Bits(double sample);
+
 // The factor of the item's fades `t` seconds behind its start.
 double FadeAt(const Item& item, double t);
 

@@ -59,11 +59,6 @@ class Template {
 
 constexpr WORD Button = 0x80, Edit = 0x81, Static = 0x82;
 
-struct Form {
-    size_t fields;
-    std::string answer;
-};
-
 std::string FieldText(HWND dialog, int id) {
     const HWND field = GetDlgItem(dialog, id);
     std::wstring text(GetWindowTextLengthW(field) + 1, L'\0');
@@ -79,42 +74,42 @@ INT_PTR CALLBACK FormProc(HWND dialog, UINT message, WPARAM w, LPARAM l) {
         return FALSE;  // the focus is set
     }
     if (message != WM_COMMAND || (LOWORD(w) != IDOK && LOWORD(w) != IDCANCEL)) return FALSE;
-    Form& form = *reinterpret_cast<Form*>(GetWindowLongPtrA(dialog, DWLP_USER));
-    for (size_t i = 0; i < form.fields; ++i)
-        form.answer += (i ? "," : "") + FieldText(dialog, FirstField + static_cast<int>(i));
+    int id = FirstField;
+    if (LOWORD(w) == IDOK)
+        for (Field& field : *reinterpret_cast<std::vector<Field>*>(GetWindowLongPtrA(dialog, DWLP_USER)))
+            field.value = FieldText(dialog, id++);
     EndDialog(dialog, LOWORD(w));
     return TRUE;
 }
 
-// The program's windows, all disabled while this lives.
-class Standstill {
-  public:
-    Standstill() {
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND window, LPARAM list) -> BOOL {
-                if (IsWindowEnabled(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&windows_));
-        for (const HWND window : windows_) EnableWindow(window, FALSE);
-    }
-    ~Standstill() {
-        for (const HWND window : windows_) EnableWindow(window, TRUE);
-        SetActiveWindow(front_);
-    }
-    Standstill(const Standstill&) = delete;
-    Standstill& operator=(const Standstill&) = delete;
-
-  private:
-    HWND front_ = GetActiveWindow();
-    std::vector<HWND> windows_;
-};
+// Not the panel: it would not hear of the mouse button's release when a press in it has opened the dialog.
+HWND Owner() {
+    const HWND active = GetActiveWindow(), owner = active ? GetWindow(active, GW_OWNER) : nullptr;
+    return owner ? owner : active;
+}
 
 }  // namespace
 
 int ShowMessage(const std::string& text, const std::string& title, int type) {
-    return MessageBoxW(nullptr, Wide(text).c_str(), Wide(title).c_str(), static_cast<UINT>(type) | MB_TASKMODAL);
+    return MessageBoxW(Owner(), Wide(text).c_str(), Wide(title).c_str(), static_cast<UINT>(type));
+}
+
+bool AskFields(const std::string& title, std::vector<Field>& fields) {
+    const int rows = static_cast<int>(fields.size());
+    const auto height = static_cast<short>(2 * Margin + (rows + 1) * RowHeight);
+    Template form(title, 2 * rows + 2, height);
+    auto y = Margin;
+    for (int i = 0; i < rows; ++i, y += RowHeight) {
+        form.Control(Static, 0, Margin, static_cast<short>(y + 2), CaptionWidth, FieldHeight, 0, fields[i].caption);
+        form.Control(Edit, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, Margin + CaptionWidth, y,
+                     Width - CaptionWidth - 2 * Margin, FieldHeight, FirstField + i, fields[i].value);
+    }
+    form.Control(Button, BS_DEFPUSHBUTTON | WS_TABSTOP, Width - 2 * (ButtonWidth + Margin), y, ButtonWidth, FieldHeight,
+                 IDOK, "OK");
+    form.Control(Button, WS_TABSTOP, Width - ButtonWidth - Margin, y, ButtonWidth, FieldHeight, IDCANCEL, "Cancelar");
+
+    return DialogBoxIndirectParamW(GetModuleHandleA(nullptr), form.Get(), Owner(), FormProc,
+                                   reinterpret_cast<LPARAM>(&fields)) == IDOK;
 }
 
 std::optional<std::string> AskInputs(const simhost::ShownInput& shown) {
@@ -123,33 +118,19 @@ std::optional<std::string> AskInputs(const simhost::ShownInput& shown) {
     // A single field keeps the commas that its text has.
     std::vector<std::string> values = captions.size() == 1 ? std::vector{shown.before} : AtCommas(shown.before);
     values.resize(captions.size());
-
-    const int rows = static_cast<int>(captions.size());
-    const auto height = static_cast<short>(2 * Margin + (rows + 1) * RowHeight);
-    Template form(shown.title, 2 * rows + 2, height);
-    auto y = Margin;
-    for (int i = 0; i < rows; ++i, y += RowHeight) {
-        form.Control(Static, 0, Margin, static_cast<short>(y + 2), CaptionWidth, FieldHeight, 0, captions[i]);
-        form.Control(Edit, WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, Margin + CaptionWidth, y,
-                     Width - CaptionWidth - 2 * Margin, FieldHeight, FirstField + i, values[i]);
-    }
-    form.Control(Button, BS_DEFPUSHBUTTON | WS_TABSTOP, Width - 2 * (ButtonWidth + Margin), y, ButtonWidth, FieldHeight,
-                 IDOK, "OK");
-    form.Control(Button, WS_TABSTOP, Width - ButtonWidth - Margin, y, ButtonWidth, FieldHeight, IDCANCEL, "Cancelar");
-
-    Form filled{captions.size(), ""};
-    const Standstill standstill;
-    const INT_PTR result = DialogBoxIndirectParamW(GetModuleHandleA(nullptr), form.Get(), nullptr, FormProc,
-                                                   reinterpret_cast<LPARAM>(&filled));
-    if (result != IDOK) return std::nullopt;
-    return filled.answer;
+    std::vector<Field> fields;
+    for (size_t i = 0; i < captions.size(); ++i) fields.push_back({captions[i], values[i]});
+    if (!AskFields(shown.title, fields)) return std::nullopt;
+    std::string answer;
+    for (const Field& field : fields) answer += (&field == &fields[0] ? "" : ",") + field.value;
+    return answer;
 }
 
-std::optional<std::string> AskForRecording(HWND owner) {
+std::optional<std::string> AskForRecording() {
     wchar_t path[32768] = L"";
     OPENFILENAMEW question{};
     question.lStructSize = sizeof question;
-    question.hwndOwner = owner;
+    question.hwndOwner = Owner();
     question.lpstrFilter = L"Gravacoes WAV\0*.wav\0Todos os arquivos\0*.*\0";
     question.lpstrFile = path;
     question.nMaxFile = static_cast<DWORD>(std::size(path));

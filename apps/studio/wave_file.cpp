@@ -5,6 +5,8 @@
 
 #include "apps/studio/multimedia.h"
 #include "apps/studio/text.h"
+#include "platform/files.h"
+#include "simhost/sound.h"
 
 namespace {
 
@@ -113,4 +115,48 @@ simhost::SourceRef OpenWaveFile(const std::string& path, std::string* error) {
     std::vector<unsigned char> bytes = reader.Chunk(mmioFOURCC('d', 'a', 't', 'a'));
     if (bytes.size() < format.frameBytes) return refuse("nao tem nenhuma amostra");
     return std::make_shared<WaveSource>(format, std::move(bytes));
+}
+
+bool WriteWaveFile(const std::string& path, const simhost::Project& project, const simhost::MixRange& range,
+                   std::string* error) {
+    const auto refuse = [&](const char* why) {
+        *error = "'" + path + "' " + why;
+        return false;
+    };
+    constexpr int sampleBytes = 3;
+    const int frameBytes = range.channels * sampleBytes;
+    constexpr double mostBytes = 4.29e9;  // what the sizes in the file can count
+    if (static_cast<double>(range.Frames()) * frameBytes > mostBytes) return refuse("passaria de 4 GB");
+    const std::string unfinished = path + ".tmp";
+    std::FILE* const file = OpenFile(unfinished, "wb");
+    if (!file) return refuse("nao pode ser criado");
+
+    const auto bytes = static_cast<uint32_t>(range.Frames() * frameBytes), padding = bytes % 2;
+    std::string block;
+    const auto put = [&block](uint32_t value, int count) {
+        for (int i = 0; i < count; ++i) block += static_cast<char>(value >> 8 * i);
+    };
+    block = "RIFF";
+    put(4 + 8 + 16 + 8 + bytes + padding, 4);
+    block += "WAVEfmt ";
+    put(16, 4);
+    put(Pcm, 2);
+    put(range.channels, 2);
+    put(range.rate, 4);
+    put(range.rate * frameBytes, 4);
+    put(frameBytes, 2);
+    put(8 * sampleBytes, 2);
+    block += "data";
+    put(bytes, 4);
+    bool written = std::fwrite(block.data(), 1, block.size(), file) == block.size();
+    written = written && MixProject(project, range, [&](const double* mix, int frames) {
+                  block.clear();
+                  for (int i = 0; i < frames * range.channels; ++i) put(simhost::To24Bits(mix[i]), sampleBytes);
+                  return std::fwrite(block.data(), 1, block.size(), file) == block.size();
+              });
+    if (padding) written = std::fputc(0, file) == 0 && written;
+    written = std::fclose(file) == 0 && written;
+    if (written && MoveFileExW(Wide(unfinished).c_str(), Wide(path).c_str(), MOVEFILE_REPLACE_EXISTING)) return true;
+    RemoveFile(unfinished);
+    return refuse("nao pode ser gravado ate o fim");
 }

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "apps/studio/dialogs.h"
+#include "apps/studio/render.h"
 #include "apps/studio/text.h"
 #include "apps/studio/wave_file.h"
 #include "simhost/actions.h"
@@ -35,7 +36,7 @@ struct Commands {
         void (*run)(StudioWindow&);
     };
     static void Choose(StudioWindow& w) {
-        if (const auto path = AskForRecording(w.window_)) w.Open(*path);
+        if (const auto path = AskForRecording()) w.Open(*path);
     }
     static void Close(StudioWindow& w) { PostMessageA(w.window_, WM_CLOSE, 0, 0); }
     static void Undo(StudioWindow& w) { w.host_.Undo(); }
@@ -86,9 +87,8 @@ StudioWindow::StudioWindow(const std::string& resourceFolder) {
         ShowMessage("A exportacao roda um script Lua, que este programa nao sabe rodar no Windows.", Title,
                     MB_ICONINFORMATION);
     };
-    host_.onRender = [](int) {
-        ShowMessage("Este programa toca o projeto, mas nao grava arquivos de audio.", Title, MB_ICONINFORMATION);
-    };
+    host_.onAction[50124] = [this] { Commands::Choose(*this); };  // the media explorer
+    AnswerRenderActions(host_);
     BuildMenus();
     ShowWindow(window_, SW_SHOW);
     lastTick_ = GetTickCount64();
@@ -121,6 +121,7 @@ void StudioWindow::Open(const std::string& path) {
     item.selected = true;
     host_.project.tracks.Add(track, std::move(item));
     host_.EndBlock("Abrir " + file);
+    RenderBeside(host_.project, path, *source);
     view_.ShowAll();
 }
 
@@ -357,6 +358,7 @@ void StudioWindow::TellActions() {
     for (; actionsTold_ < host_.actionsRun.size(); ++actionsTold_) {
         const simhost::Action* action = simhost::FindAction(host_.actionsRun[actionsTold_]);
         if (!action || action->number == SnapOff || action->run || action->edit || action->toggles) continue;
+        if (host_.onAction.count(action->number)) continue;
         const std::string text = std::string(Title) + " - a acao " + std::to_string(action->number) + " (" +
                                  action->name + ") nao tem efeito neste host";
         SetWindowTextA(window_, text.c_str());

@@ -25,7 +25,6 @@ class AudioWriter {
                                                int64_t frames, std::string* error);
     ~AudioWriter();  // takes an unfinished file away
 
-    // Rounds to 24 bits; what is beyond full scale is held there, and what is no number is silence.
     bool Write(const double* interleaved, int frames);
     bool Finish(std::string* error);
 

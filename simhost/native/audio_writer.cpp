@@ -3,12 +3,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <vector>
 
 #include "simhost/native/audio_file.h"
+#include "simhost/sound.h"
 
 namespace simhost {
 
@@ -74,17 +74,11 @@ AudioWriter::~AudioWriter() {
     *unfinished = '\0';
 }
 
-// libsndfile takes the upper 24 bits of an int.
-static int Rounded(double sample) {
-    const double scaled = std::nearbyint(sample * 8388608.0);
-    if (!(scaled > -8388608.0)) return scaled == scaled ? -8388608 * 256 : 0;
-    return (scaled < 8388607.0 ? static_cast<int>(scaled) : 8388607) * 256;
-}
-
 bool AudioWriter::Write(const double* interleaved, int frames) {
     const size_t count = static_cast<size_t>(frames) * state_->channels;
     state_->block.resize(count);
-    for (size_t i = 0; i < count; ++i) state_->block[i] = Rounded(interleaved[i]);
+    // libsndfile takes the upper 24 bits of an int.
+    for (size_t i = 0; i < count; ++i) state_->block[i] = To24Bits(interleaved[i]) * 256;
     return sf_writef_int(state_->file, state_->block.data(), frames) == frames;
 }
 

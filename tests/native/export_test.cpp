@@ -61,7 +61,7 @@ TEST_F(ExportarDeVerdade, SemRegioesVaiOProjetoComSeuNome) {
     std::ofstream(casa / ".config" / "REAPER" / "reaper-render.ini") << "<RENDERPRESET outro 44100\n>\n";
     RenderPreLeigo();
     RenderPreLeigo();
-    EXPECT_EQ(NaAreaDeTrabalho(), "Ep \"1\" 100%.mp3 4s | Ep \"1\" 100%.wav 4.5s");
+    EXPECT_EQ(NaAreaDeTrabalho(), "Ep _1_ 100%.mp3 4s | Ep _1_ 100%.wav 4.5s");
     EXPECT_EQ(host.project.timeSelection, (simhost::TimeRange{1, 4.5}));
     EXPECT_EQ(Mensagens(), [&] {
         const std::string uma =
@@ -80,9 +80,13 @@ TEST_F(ExportarDeVerdade, SemRegioesVaiOProjetoComSeuNome) {
 
 TEST_F(ExportarDeVerdade, ComRegioesUmArquivoParaCada) {
     Projeto("1: a 0-9 [R1 um 1-2] [R2 dois 4-6.5] {time 7-8}");
+    host.project.markers.push_back({true, 8, 8.25, "um", 3});
+    host.project.markers.push_back({true, 8.5, 9, "$region", 4});
     fs::remove_all(casa / ".config");  // no place for the host's presets: the render goes on without
     RenderPreLeigo();
-    EXPECT_EQ(NaAreaDeTrabalho(), "dois.mp3 2s | dois.wav 2.5s | um.mp3 1s | um.wav 1s");
+    EXPECT_EQ(NaAreaDeTrabalho(),
+              "$region.mp3 0s | $region.wav 0.5s | dois.mp3 2s | dois.wav 2.5s | um-2.mp3 0s | um-2.wav 0.25s | "
+              "um.mp3 1s | um.wav 1s");
 }
 
 TEST_F(ExportarDeVerdade, SemNomeVaiComADataEAHora) {

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "apps/studio/wave_file.h"
 #include "tests/studio/wave_writer.h"
 #include "tests/support/desktop_driver.h"
 
@@ -133,6 +134,36 @@ TEST_F(Studio, KeyAOpensThePanelAndSpacePlays) {
     for (int i = 0; i < 3; ++i) ASSERT_TRUE(driver::AwaitTimer(host.mainWindow, 1));
     EXPECT_GT(host.playPosition, start);
     DestroyWindow(panel);
+}
+
+TEST_F(Studio, RendersBesideTheRecordingWhatIsHeardAndSaysWhatItCannot) {
+    std::vector<std::string> told;
+    host.onMessage = [&told](const std::string& text, const std::string&, int) { return told.push_back(text), 1; };
+    host.project.timeSelection = {3.5, 5};  // the pause begins at 4
+    host.project.numbers["RENDER_BOUNDSFLAG"] = 2;
+    host.RunAction(42230);
+    const std::string path = (std::filesystem::temp_directory_path() / "render" / "fala.wav").string();
+    EXPECT_EQ(told.back(), "Gravado:\n" + path);
+    std::string error;
+    const simhost::SourceRef rendered = OpenWaveFile(path, &error);
+    ASSERT_TRUE(rendered) << error;
+    EXPECT_EQ(rendered->SampleRate(), 8000);
+    ASSERT_EQ(rendered->Channels(), 2);
+    ASSERT_EQ(rendered->Frames(), 12000);
+    std::vector<double> samples(24000);
+    EXPECT_TRUE(rendered->Read(0, 12000, samples.data()));
+    for (int i = 0; i < 24000; ++i) ASSERT_EQ(samples[i], i >= 8000 ? 0 : i / 8 % 2 ? 0.5 : -0.5) << i;
+
+    host.project.texts["RENDER_FORMAT"] = "bDNwbUABAAAA";
+    host.RunAction(41824);
+    EXPECT_NE(told.back().find("nao grava MP3"), std::string::npos) << told.back();
+    host.project.texts["RENDER_FORMAT"] = "";
+    host.project.texts["RENDER_FILE"] = path;  // a file, and so no folder
+    host.RunAction(41824);
+    EXPECT_NE(told.back().find("nao pode ser criado"), std::string::npos) << told.back();
+    host.project.timeSelection = {0, 1e6};
+    host.RunAction(41824);
+    EXPECT_NE(told.back().find("passaria de 4 GB"), std::string::npos) << told.back();
 }
 
 }  // namespace

@@ -1,0 +1,77 @@
+#include "apps/studio/render.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include "apps/studio/dialogs.h"
+#include "apps/studio/text.h"
+#include "apps/studio/wave_file.h"
+#include "simhost/picture.h"
+#include "simhost/render.h"
+// Below what it builds on.
+#include <shellapi.h>
+
+namespace {
+
+constexpr char Title[] = "Render";
+constexpr size_t MostNames = 20;  // in a message
+
+void Render(simhost::Host& host) {
+    std::error_code refused;
+    std::filesystem::create_directories(Wide(host.project.texts["RENDER_FILE"]), refused);  // else no file is written
+    const std::vector<simhost::RenderedFile> files = FilesToRender(host.project);
+    for (const simhost::RenderedFile& file : files) {
+        std::string error = "'" + file.path + "' nao pode ser gravado: este programa nao grava MP3";
+        if (file.kind != simhost::RenderKind::Wav || !WriteWaveFile(file.path, host.project, file.range, &error)) {
+            host.onMessage(error, Title, MB_ICONWARNING);
+            return;
+        }
+    }
+    std::string done;
+    for (size_t i = 0; i < files.size() && i < MostNames; ++i) done += '\n' + files[i].path;
+    if (files.size() > MostNames) done += "\n...";
+    host.onMessage("Gravado:" + done, Title, MB_ICONINFORMATION);
+}
+
+void AskSettings(simhost::Project& project) {
+    std::string &folder = project.texts["RENDER_FILE"], &pattern = project.texts["RENDER_PATTERN"];
+    double &rate = project.numbers["RENDER_SRATE"], &channels = project.numbers["RENDER_CHANNELS"];
+    std::vector<Field> fields = {{"Pasta", folder},
+                                 {"Nome ($region: da regiao)", pattern},
+                                 {"Taxa (Hz; 0: 44100)", simhost::Number(rate)},
+                                 {"Canais (0: 2)", simhost::Number(channels)}};
+    if (!AskFields(Title, fields)) return;
+    folder = fields[0].value;
+    pattern = fields[1].value;
+    const auto number = [&](int field, long most) {
+        return std::clamp(std::strtol(fields[field].value.c_str(), nullptr, 10), 0L, most);
+    };
+    rate = number(2, 384000);
+    channels = number(3, 64);
+}
+
+void ShowFolder(const simhost::Host& host) {
+    const std::string& folder = host.project.texts.at("RENDER_FILE");
+    std::error_code unknown;
+    if (std::filesystem::is_directory(Wide(folder), unknown))
+        ShellExecuteW(host.mainWindow, L"explore", Wide(folder).c_str(), nullptr, nullptr, SW_SHOW);
+    else
+        host.onMessage("Nada foi gravado ainda.", Title, MB_ICONINFORMATION);
+}
+
+}  // namespace
+
+void RenderBeside(simhost::Project& project, const std::string& recording, const simhost::Source& source) {
+    if (!project.texts["RENDER_FILE"].empty()) return;
+    const std::filesystem::path path = std::filesystem::absolute(Wide(recording));
+    project.texts["RENDER_FILE"] = Utf8((path.parent_path() / "render").wstring());
+    project.texts["RENDER_PATTERN"] = Utf8(path.stem().wstring());
+    project.numbers["RENDER_SRATE"] = source.SampleRate();
+}
+
+void AnswerRenderActions(simhost::Host& host) {
+    host.onAction[42230] = host.onAction[41824] = [&host] { Render(host); };
+    host.onAction[40015] = [&host] { AskSettings(host.project); };
+    host.onAction[42411] = [&host] { ShowFolder(host); };
+}

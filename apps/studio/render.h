@@ -1,0 +1,9 @@
+// apps/studio/render.h
+// What studio answers to the panel's render buttons: it writes WAV files.
+#pragma once
+#include "simhost/host.h"
+
+// Where a recording goes, unless the project says so already: a folder beside it, under its name, at its rate.
+void RenderBeside(simhost::Project& project, const std::string& recording, const simhost::Source& source);
+// From now on the host's render actions write files, ask for the settings, and show the folder.
+void AnswerRenderActions(simhost::Host& host);

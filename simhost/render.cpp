@@ -1,0 +1,89 @@
+#include "simhost/render.h"
+
+#include <algorithm>
+#include <cstring>
+#include <set>
+
+#include "platform/files.h"
+
+namespace simhost {
+
+namespace {
+
+struct Stretch {
+    std::string region;  // its name, for $region
+    double start, end;
+};
+
+enum Bounds { Custom, WholeProject, TimeSelection, AllRegions };  // values of RENDER_BOUNDSFLAG
+
+std::vector<Stretch> Stretches(const Project& project) {
+    std::vector<Stretch> stretches;
+    switch (static_cast<int>(project.numbers.at("RENDER_BOUNDSFLAG"))) {
+        case Custom:
+            stretches.push_back({"", project.numbers.at("RENDER_STARTPOS"), project.numbers.at("RENDER_ENDPOS")});
+            break;
+        case TimeSelection:
+            stretches.push_back({"", project.timeSelection.start, project.timeSelection.end});
+            break;
+        case AllRegions:
+            for (const Marker& marker : project.markers)
+                if (marker.isRegion) stretches.push_back({marker.name, marker.start, marker.end});
+            break;
+        default:
+            stretches.push_back({"", 0, ProjectEnd(project)});
+    }
+    return stretches;
+}
+
+std::string FileName(const std::string& pattern, const std::string& region) {
+    constexpr char wildcard[] = "$region";
+    std::string name = pattern;
+    for (size_t at = 0; (at = name.find(wildcard, at)) != std::string::npos; at += region.size())
+        name.replace(at, sizeof wildcard - 1, region);
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return (c >= 0 && c < ' ') || std::strchr("\"*/:<>?\\|", c); }, '_');
+    return name.empty() ? "untitled" : name;
+}
+
+struct Format {
+    RenderKind kind;
+    const char* ending;
+};
+
+// The format records are base64 of four letters, written backwards, and their settings.
+std::vector<Format> Formats(const Project& project) {
+    std::vector<Format> kinds;
+    for (const char* key : {"RENDER_FORMAT", "RENDER_FORMAT2"}) {
+        const std::string& record = project.texts.at(key);
+        if (record.starts_with("ZXZhd")) kinds.push_back({RenderKind::Wav, ".wav"});  // evaw
+        if (record.starts_with("bDNwb")) kinds.push_back({RenderKind::Mp3, ".mp3"});  // l3pm
+    }
+    if (kinds.empty()) kinds.push_back({RenderKind::Wav, ".wav"});
+    return kinds;
+}
+
+}  // namespace
+
+std::vector<RenderedFile> FilesToRender(const Project& project) {
+    const auto setting = [&project](const char* key, double otherwise) {
+        const double value = project.numbers.at(key);
+        return static_cast<int>(value > 0 ? std::min(value, 1e6) : otherwise);
+    };
+    const std::string& file = project.texts.at("RENDER_FILE");
+    const std::string folder = file.empty() ? file : file + PathSeparator;
+    std::set<std::string> taken;
+    std::vector<RenderedFile> files;
+    for (const Stretch& stretch : Stretches(project)) {
+        const std::string wanted = FileName(project.texts.at("RENDER_PATTERN"), stretch.region);
+        std::string name = wanted;
+        for (int i = 2; !taken.insert(name).second; ++i) name = wanted + '-' + std::to_string(i);
+        for (const Format& format : Formats(project))
+            files.push_back(
+                {folder + name + format.ending, format.kind,
+                 MixRange{setting("RENDER_SRATE", 44100), setting("RENDER_CHANNELS", 2), stretch.start, stretch.end}});
+    }
+    return files;
+}
+
+}  // namespace simhost
