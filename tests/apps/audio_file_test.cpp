@@ -33,6 +33,12 @@ static int CountFormats(int command) {
     return count;
 }
 
+static SF_FORMAT_INFO Format(int command, int index) {
+    SF_FORMAT_INFO format{index, nullptr, nullptr};
+    sf_command(nullptr, command, &format, sizeof format);
+    return format;
+}
+
 // Every container with every coding that libsndfile writes here; what it reads beyond that, nobody can make for a test.
 TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
     std::mt19937 random(7);
@@ -40,29 +46,19 @@ TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
     for (int m = 0; m < CountFormats(SFC_GET_FORMAT_MAJOR_COUNT); ++m)
         for (int s = 0; s < CountFormats(SFC_GET_FORMAT_SUBTYPE_COUNT); ++s)
             for (int channels : {1, 2, 5}) {
-                SF_FORMAT_INFO major{m, nullptr, nullptr}, sub{s, nullptr, nullptr};
-                sf_command(nullptr, SFC_GET_FORMAT_MAJOR, &major, sizeof major);
-                sf_command(nullptr, SFC_GET_FORMAT_SUBTYPE, &sub, sizeof sub);
-                const int format = major.format | sub.format;
+                const SF_FORMAT_INFO major = Format(SFC_GET_FORMAT_MAJOR, m), sub = Format(SFC_GET_FORMAT_SUBTYPE, s);
                 // Without a header, with its header elsewhere, and two that libsndfile reads differently by the size of
                 // the read.
-                const bool odd = major.format == SF_FORMAT_RAW || major.format == SF_FORMAT_SD2 ||
-                                 major.format == SF_FORMAT_PAF || major.format == SF_FORMAT_SDS;
-                SF_INFO info{0, 48000, channels, format, 0, 0};
-                if (odd || !sf_format_check(&info)) continue;
+                const int odd[] = {SF_FORMAT_RAW, SF_FORMAT_SD2, SF_FORMAT_PAF, SF_FORMAT_SDS};
+                SF_INFO info{0, 48000, channels, major.format | sub.format, 0, 0};
+                if (std::count(odd, std::end(odd), major.format) || !sf_format_check(&info)) continue;
                 SCOPED_TRACE(std::string(major.name) + ", " + sub.name + ", " + std::to_string(channels) + " channels");
 
-                const std::string path = workshop.Path("f.") + major.extension;
-                const int frames = 70001;  // beyond one block of stored samples for any of them
-                std::vector<double> noise(static_cast<size_t>(frames) * channels);
+                std::vector<double> noise(static_cast<size_t>(70001) * channels);  // more than one block when read
                 for (double& x : noise) x = std::uniform_real_distribution<>(-0.9, 0.9)(random);
-                SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
-                if (!file) continue;
-                sf_writef_double(file, noise.data(), frames);
-                sf_close(file);
-
+                const std::string path = workshop.Write("f", info.format, info.samplerate, channels, noise);
                 const std::vector<double> wanted = ReadAll(path, &info);
-                if (wanted.empty()) continue;  // libsndfile cannot read all that it writes
+                if (wanted.empty()) continue;  // libsndfile cannot make, or cannot read, all that it promises
                 const SourceRef source = Open(path);
                 ASSERT_TRUE(source) << error;
                 const int found = info.channels;

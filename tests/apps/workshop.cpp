@@ -30,9 +30,10 @@ std::string Workshop::Listing() const {
 std::string Workshop::Write(const std::string& name, int format, int rate, int channels,
                             const std::vector<double>& samples) {
     SF_INFO info{0, rate, channels, format, 0, 0};
-    SNDFILE* file = sf_open(Path(name).c_str(), SFM_WRITE, &info);
-    sf_writef_double(file, samples.data(), static_cast<sf_count_t>(samples.size()) / channels);
-    sf_close(file);
+    if (SNDFILE* file = sf_open(Path(name).c_str(), SFM_WRITE, &info)) {
+        sf_writef_double(file, samples.data(), static_cast<sf_count_t>(samples.size()) / channels);
+        sf_close(file);
+    }
     return Path(name);
 }
 

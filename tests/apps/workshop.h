@@ -13,7 +13,7 @@ class Workshop {
     // The names in the folder and below, sorted, with a blank behind each.
     std::string Listing() const;
 
-    // Interleaved samples into a file of libsndfile's format; returns its path.
+    // Interleaved samples into a file of libsndfile's format; returns its path. No file when it refuses the format.
     std::string Write(const std::string& name, int format, int rate, int channels, const std::vector<double>& samples);
     static std::vector<double> Noise(int count);  // the same each time, no two neighbours alike, never below 0.2
 

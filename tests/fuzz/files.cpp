@@ -1,6 +1,7 @@
 // The files that the user or another program may have spoilt: the slicer's presets and the panel's place. Whatever is
 // read, what is written afterwards reads back as the same.
 #include <filesystem>
+#include <fstream>
 #include <random>
 #include <string>
 
@@ -39,13 +40,6 @@ std::string Content(ByteEater& in) {
     return text;
 }
 
-void Write(const std::string& path, const std::string& text) {
-    std::FILE* file = OpenFile(path, "wb");
-    if (!file) std::abort();
-    std::fwrite(text.data(), 1, text.size(), file);
-    std::fclose(file);
-}
-
 struct Settings {
     TabelaDePresets table = {};
     double db = -37;
@@ -63,7 +57,7 @@ struct Settings {
 
 void Presets(const std::string& folder, const std::string& text) {
     const std::string path = folder + PathSeparator + "presets_fatiador.ini";
-    Write(path, text);
+    if (!(std::ofstream(path, std::ios::binary) << text)) std::abort();
     const std::string once = Settings().LoadAndSave(folder, path);
     for (size_t start = 0, end; start < once.size(); start = end + 1) {
         end = once.find('\n', start);
@@ -74,7 +68,7 @@ void Presets(const std::string& folder, const std::string& text) {
 
 void Place(const std::string& folder, const std::string& text) {
     CaminhoPainel = folder;
-    Write(CaminhoJanelaIni(), text);
+    if (!(std::ofstream(CaminhoJanelaIni(), std::ios::binary) << text)) std::abort();
     LugarDaJanela written = {1, 2, 3, 4}, read = {};
     if (!LerJanelaIni(written)) return;
     GravarJanelaIni(written);

@@ -23,16 +23,11 @@ HFONT FontOfHeight(int height) {
 std::string Text(ByteEater& in) {
     std::string text;
     for (int n = in.Byte() % 24; n > 0; --n) {
-        switch (in.Byte() % 8) {
-            case 0:
-                text += static_cast<char>(in.Byte());
-                break;
-            case 1:
-                text += in.Of({"\n", "\r\n", " ", "e\xCC\x81", "\xC3\xA7", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xCC"});
-                break;
-            default:
-                text += static_cast<char>(' ' + in.Byte() % 95);
-        }
+        const int kind = in.Byte() % 8;
+        if (kind == 1)
+            text += in.Of({"\n", "\r\n", " ", "e\xCC\x81", "\xC3\xA7", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xCC"});
+        else
+            text += static_cast<char>(kind == 0 ? in.Byte() : ' ' + in.Byte() % 95);
     }
     return text;
 }

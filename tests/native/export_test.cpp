@@ -2,8 +2,9 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <set>
 
+#include "platform/files.h"
 #include "render/render.h"
 #include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
@@ -28,13 +29,13 @@ class ExportarDeVerdade : public Cena {
         RenderToFiles(host);
     }
     std::string PresetsDoHost() {
-        std::stringstream texto;
-        texto << std::ifstream(casa / ".config" / "REAPER" / "reaper-render.ini").rdbuf();
-        return texto.str();
+        std::string texto;
+        ReadTextFile((casa / ".config/REAPER/reaper-render.ini").string(), texto);
+        return texto;
     }
     // "name.wav 2.5s", sorted.
     std::string NaAreaDeTrabalho() {
-        std::vector<std::string> nomes;
+        std::set<std::string> nomes;
         for (const auto& arquivo : fs::directory_iterator(casa / "Desktop")) {
             std::string erro;
             const simhost::SourceRef audio = simhost::OpenAudioFile(arquivo.path().string(), &erro);
@@ -44,10 +45,9 @@ class ExportarDeVerdade : public Cena {
             EXPECT_EQ(audio->Channels(), 2);
             // MP3 pads its ends, so only its whole seconds are said.
             const bool exato = arquivo.path().extension() == ".wav";
-            nomes.push_back(arquivo.path().filename().string() + ' ' +
-                            simhost::Number(exato ? audio->Length() : std::floor(audio->Length())) + 's');
+            nomes.insert(arquivo.path().filename().string() + ' ' +
+                         simhost::Number(exato ? audio->Length() : std::floor(audio->Length())) + 's');
         }
-        std::sort(nomes.begin(), nomes.end());
         std::string todos;
         for (const std::string& nome : nomes) todos += (todos.empty() ? "" : " | ") + nome;
         return todos;
@@ -93,6 +93,19 @@ TEST_F(ExportarDeVerdade, SemNomeVaiComADataEAHora) {
     Projeto("1: a 0-1 {time 0-1}");
     RenderPreLeigo();
     EXPECT_EQ(NaAreaDeTrabalho().find("Gravacao_20"), 0u);
+}
+
+TEST_F(ExportarDeVerdade, OQueFalhaNoHostEViolacao) {
+    simhost::Registration torta = {"APIdef_Torta", const_cast<char*>("long\0int\0a\0"), 1};
+    host.registrations.push_back(torta);
+    host.scriptRunner({1, "", ""});
+    EsperarViolacao("Torta: scripts cannot call it by its definition");
+    host.registrations.pop_back();
+    host.scriptRunner({1, "", "reaper.GetMediaItem(0)"});
+    EsperarViolacao("the script failed: ");
+    host.project.texts["RENDER_FILE"] = (casa / "nenhuma").string();
+    host.RunAction(42230);
+    EsperarViolacao("the render failed: '" + (casa / "nenhuma").string());
 }
 
 }  // namespace

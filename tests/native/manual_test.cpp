@@ -1,16 +1,16 @@
 // The manual's script, as it is printed there, in a real interpreter on a real recording.
 #include <fstream>
 #include <regex>
-#include <sstream>
 
+#include "platform/files.h"
 #include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
 #include "tests/support/scene.h"
 
 TEST_F(Cena, OExemploDoManualFazOQueEleDiz) {
-    std::stringstream manual;
-    manual << std::ifstream(SOURCE_FOLDER "/docs/manual.md").rdbuf();
-    const std::string texto = manual.str(), arquivo = host.resourcePath + "/exemplo.lua";
+    std::string texto;
+    ReadTextFile(SOURCE_FOLDER "/docs/manual.md", texto);
+    const std::string arquivo = host.resourcePath + "/exemplo.lua";
     std::smatch bloco;
     ASSERT_TRUE(std::regex_search(texto, bloco, std::regex("```lua\n([^`]*)```")));
     std::ofstream(arquivo) << "assert(not reaper.Quilmo_Teste or reaper.Quilmo_Teste(2, 3) == 5)\n" << bloco[1];

@@ -1,7 +1,7 @@
 // What callers lean on in the project: order, splits, undo, markers, and the numbered actions.
 #include <random>
 
-#include "tests/support/scene.h"
+#include "tests/support/story.h"
 
 namespace {
 
@@ -19,14 +19,11 @@ class Arrangement : public Cena {
 TEST_F(Arrangement, ItemsStandByPositionUnderTheirTracks) {
     Faixa("Voz", {{"C", 20, 24}, {"A", 2, 6}});
     MediaTrack* guitar = Faixa("Guitarra", {{"G", 0, 1}});
-    EXPECT_EQ(Retrato(), "Voz: A 2-6 | C 20-24 / Guitarra: G 0-1");
     host::SetMediaItemInfo_Value(ItemChamado("A"), "D_POSITION", 30);
-    EXPECT_EQ(host::GetMediaItem(nullptr, 0), ItemChamado("C"));
     host::MoveMediaItemToTrack(ItemChamado("C"), guitar);
     Selecionar({"C", "A"});
     EXPECT_EQ(Selecionados(), "A, C");
     EXPECT_EQ(host::GetSelectedMediaItem(nullptr, 2), nullptr);
-    EXPECT_EQ(host::GetTrackMediaItem(guitar, 1), ItemChamado("C"));
     host::SetMediaItemPosition(ItemChamado("C"), -0.01, false);
     EXPECT_EQ(RetratoCompleto(), "Voz: A 30-34 * / Guitarra: C -0.01-3.99 * | G 0-1");
 
@@ -43,42 +40,34 @@ TEST_F(Arrangement, AnyEditsKeepTheLists) {
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
     MediaTrack* tracks[] = {Faixa("a", {{"0", 0, 1000}}), Faixa("b", {{"1", 0, 1000}})};
+    const auto listed = [](int (*count)(ReaProject*), MediaItem* (*get)(ReaProject*, int)) {
+        std::vector<MediaItem*> items;
+        for (int i = 0; i < count(nullptr); ++i) items.push_back(get(nullptr, i));
+        return items;
+    };
     for (int step = 0; step < 3000; ++step) {
         MediaItem* item = host::GetMediaItem(nullptr, random() % host::CountMediaItems(nullptr));
-        const double start = host::GetMediaItemInfo_Value(item, "D_POSITION");
-        switch (random() % 6) {
-            case 0:
-            case 1:
-                host::SplitMediaItem(item, start + 0.25 * (random() % 64));
-                break;
-            case 2:
-                host::SetMediaItemPosition(item, random() % 1000, false);
-                break;
-            case 3:
-                host::MoveMediaItemToTrack(item, tracks[random() % 2]);
-                break;
-            case 4:
-                host::SetMediaItemSelected(item, random() % 2);
-                break;
-            case 5:
-                if (host::CountMediaItems(nullptr) > 2)
-                    host::DeleteTrackMediaItem(host::GetMediaItem_Track(item), item);
-        }
-        int items = 0, selected = 0;
+        const unsigned kind = random() % 6, place = random() % 1000;
+        if (kind < 2)
+            host::SplitMediaItem(item, Dados(item).position + 0.25 * (place % 64));
+        else if (kind == 2)
+            host::SetMediaItemPosition(item, place, false);
+        else if (kind == 3)
+            host::MoveMediaItemToTrack(item, tracks[place % 2]);
+        else if (kind == 4)
+            host::SetMediaItemSelected(item, place % 2);
+        else if (host::CountMediaItems(nullptr) > 2)
+            host::DeleteTrackMediaItem(host::GetMediaItem_Track(item), item);
+        std::vector<MediaItem*> items, selected;
         for (MediaTrack* track : tracks)
             for (int i = 0; i < host::CountTrackMediaItems(track); ++i) {
-                MediaItem* here = host::GetTrackMediaItem(track, i);
+                MediaItem* here = items.emplace_back(host::GetTrackMediaItem(track, i));
+                if (host::IsMediaItemSelected(here)) selected.push_back(here);
                 ASSERT_EQ(host::GetMediaItem_Track(here), track);
-                ASSERT_EQ(host::GetMediaItem(nullptr, items++), here);
-                if (host::IsMediaItemSelected(here)) {
-                    ASSERT_EQ(host::GetSelectedMediaItem(nullptr, selected++), here);
-                }
-                if (i > 0) {
-                    ASSERT_LE(Dados(host::GetTrackMediaItem(track, i - 1)).position, Dados(here).position);
-                }
+                ASSERT_TRUE(i == 0 || Dados(items.end()[-2]).position <= Dados(here).position);
             }
-        ASSERT_EQ(host::CountMediaItems(nullptr), items);
-        ASSERT_EQ(host::CountSelectedMediaItems(nullptr), selected);
+        ASSERT_EQ(listed(host::CountMediaItems, host::GetMediaItem), items);
+        ASSERT_EQ(listed(host::CountSelectedMediaItems, host::GetSelectedMediaItem), selected);
     }
 }
 
@@ -101,10 +90,9 @@ TEST_F(Arrangement, ASplitSharesTheItemOut) {
 }
 
 TEST_F(Arrangement, UndoGivesTheProjectBackUnderNewHandles) {
-    Faixa("Voz", {{"A", 2, 6}});
+    Projeto("Voz: A 2-6 *");
     MediaTrack* track = FaixaChamada("Voz");
     MediaItem* before = ItemChamado("A");
-    Selecionar({"A"});
     EXPECT_EQ(host::Undo_CanUndo2(nullptr), nullptr);
     EXPECT_EQ(host::Undo_DoUndo2(nullptr), 0);
 
@@ -124,6 +112,7 @@ TEST_F(Arrangement, UndoGivesTheProjectBackUnderNewHandles) {
     EXPECT_EQ(UltimoDesfazer(), "");
     EXPECT_FALSE(host::ValidatePtr(before, "MediaItem*"));
     EXPECT_TRUE(host::ValidatePtr(track, "MediaTrack*"));
+    EXPECT_FALSE(host::ValidatePtr(track, "MediaItem*"));
     EXPECT_EQ(host::GetMediaItem_Track(ItemChamado("A")), track);
     EXPECT_EQ(Selecionados(), "A");
 
@@ -135,8 +124,7 @@ TEST_F(Arrangement, UndoGivesTheProjectBackUnderNewHandles) {
 }
 
 TEST_F(Arrangement, PreferencesChangeWhatUndoGives) {
-    Faixa("Voz", {{"A", 2, 6}, {"B", 8, 9}});
-    Selecionar({"A"});
+    Projeto("Voz: A 2-6 * | B 8-9");
     host.preferences.undoRestoresSelection = false;
     Block("one", [] { host::SplitMediaItem(ItemChamado("B"), 8.5); });
     Selecionar({"B"});
@@ -175,9 +163,8 @@ TEST_F(Arrangement, MarkersAndRegionsAreListedByPosition) {
 }
 
 TEST_F(Arrangement, TracksMoveTogetherAndKeepTheirHandles) {
-    for (const char* name : {"1", "2", "3", "4"}) Faixa(name);
     EXPECT_FALSE(host::ReorderSelectedTracks(0, 0));
-    SelecionarFaixas({"2", "4"});
+    Projeto("1: / 2 (selected): / 3: / 4 (selected):");
     EXPECT_TRUE(host::ReorderSelectedTracks(0, 0));
     EXPECT_EQ(Retrato(), "2: / 4: / 1: / 3:");
     EXPECT_TRUE(host::ReorderSelectedTracks(3, 0));
@@ -186,8 +173,7 @@ TEST_F(Arrangement, TracksMoveTogetherAndKeepTheirHandles) {
     host::InsertTrackAtIndex(99, true);
     EXPECT_EQ(host::CountTracks(nullptr), 5);
     host::SetMediaTrackInfo_Value(FaixaChamada("1"), "I_CUSTOMCOLOR", host::ColorToNative(255, 128, 1) | 0x1000000);
-    host::SetMediaTrackInfo_Value(FaixaChamada("1"), "I_RECARM", 1);
-    EXPECT_EQ(Retrato(), "1 (armed, #ff8001): / 2: / 4: / 3: / :");
+    EXPECT_EQ(Retrato(), "1 (#ff8001): / 2: / 4: / 3: / :");
 }
 
 // What the user sees an action do; each that edits makes a point of its own, and none when there was nothing to do.
@@ -209,15 +195,12 @@ TEST_F(Arrangement, ActionsEditWhatIsSelectedAndNotLocked) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.action);
-        host.project.tracks = {};
-        Faixa("Voz", {{"A", 2, 6}, {"B", 8, 9}, {"L", 10, 12}});
-        host.StartHistory();
+        Projeto("Voz: A 2-6 | B 8-9 | L 10-12 {cursor 4}");
         Dados(ItemChamado("L")).lock = 1;
         host::Main_OnCommand(row.action, 0);
         EXPECT_EQ(Historico(), "");
         Selecionar({"A", "L"});
         SelecionarFaixas({"Voz"});
-        Cursor(4);
         host::Main_OnCommand(row.action, 0);
         EXPECT_EQ(Retrato(), row.picture);
         EXPECT_EQ(Historico(), row.undo);
@@ -228,8 +211,7 @@ TEST_F(Arrangement, ActionsEditWhatIsSelectedAndNotLocked) {
 }
 
 TEST_F(Arrangement, TransportAndViewFollowTheirActions) {
-    Faixa("Voz", {{"A", 2, 6}});
-    SelecaoDeTempo(1, 3);
+    Projeto("Voz: A 2-6 {time 1-3}");
     for (const int action : {40043, 40020, 1007}) host::Main_OnCommand(action, 0);
     EXPECT_EQ(RetratoCompleto(), "Voz: A 2-6 {cursor 6} {play 1}");
     host.Elapse(2);
@@ -253,10 +235,7 @@ TEST_F(Arrangement, TransportAndViewFollowTheirActions) {
 }
 
 TEST_F(Arrangement, ARecordingEndsInItemsOnArmedTracks) {
-    Faixa("Voz");
-    Faixa("Guitarra");
-    host::SetMediaTrackInfo_Value(FaixaChamada("Voz"), "I_RECARM", 1);
-    Cursor(3);
+    Projeto("Voz (armed): / Guitarra: {cursor 3}");
     host::Main_OnCommand(1013, 0);
     EXPECT_EQ(host::GetToggleCommandState(1013), 1);
     EXPECT_EQ(host::GetPlayState(), 5);

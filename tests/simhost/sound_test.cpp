@@ -1,32 +1,41 @@
-// Samples: what sources generate, what accessors read, what glue and take renders put into new sources.
+// Samples: what sources generate, what accessors read, what glue and take renders put into new sources, what the
+// mix-down gives to its sink.
 #include <algorithm>
 #include <cmath>
 #include <cstring>
 
-#include "simhost/sound.h"
+#include "simhost/mixdown.h"
 #include "tests/support/scene.h"
 
 namespace {
 
+using Samples = std::vector<double>;
+
 class Sound : public Cena {
   protected:
     // Reads frames of an item's active take through an accessor; the result's first value is what the call returned.
-    std::vector<double> Read(const std::string& item, int rate, int channels, double start, int frames) {
+    Samples Read(const std::string& item, int rate, int channels, double start, int frames) {
         AudioAccessor* accessor = host::CreateTakeAudioAccessor(host::GetActiveTake(ItemChamado(item)));
-        std::vector<double> samples(1 + static_cast<size_t>(frames) * channels, 99);
+        Samples samples(1 + static_cast<size_t>(frames) * channels, 99);
         samples[0] = host::GetAudioAccessorSamples(accessor, rate, channels, start, frames, samples.data() + 1);
         host::DestroyAudioAccessor(accessor);
         return samples;
     }
+    Samples Mix(simhost::MixRange range) {
+        Samples mix;
+        EXPECT_TRUE(simhost::MixProject(host.project, range, [&](const double* block, int frames) {
+            mix.insert(mix.end(), block, block + static_cast<size_t>(frames) * range.channels);
+            return true;
+        }));
+        return mix;
+    }
 };
 
-using Samples = std::vector<double>;
-
 // Frame f holds f on the left and -f on the right.
-simhost::SourceRef Ramp(int rate, int frames) {
+simhost::SourceRef Ramp(int rate, int frames, int channels = 2) {
     Samples samples;
-    for (int f = 0; f < frames; ++f) samples.insert(samples.end(), {double(f), double(-f)});
-    return simhost::Memory(rate, 2, samples);
+    for (int f = 0; f < frames * channels; ++f) samples.push_back(f % channels ? -(f / channels) : f / channels);
+    return simhost::Memory(rate, channels, samples);
 }
 
 uint64_t Fingerprint(simhost::Source& source) {
@@ -175,4 +184,49 @@ TEST_F(Sound, RenderedTakesKeepTheItemsPlace) {
     EXPECT_EQ(Read("A-render", 10, 1, 0.1, 1), (Samples{1, 0}));
     EXPECT_EQ(kept, 1);
     EXPECT_EQ(Retrato(), "Voz: A-render 1-2 take 3/3");
+}
+
+// The sum of what tracks and items play, whatever the blocks it comes in.
+TEST_F(Sound, TracksAndItemsAddUpWithTheirVolumesAndMutes) {
+    Faixa("Voz", {{"A", 0, 0.6, Ramp(10, 100, 1)}, {"B", 0.4, 1, Ramp(10, 100, 1)}});
+    Faixa("Baixo", {{"C", 0.2, 0.5, Ramp(10, 100, 1)}});
+    simhost::Item& b = Dados(ItemChamado("B"));
+    b.volume = 10;
+    b.takes[0]->startOffset = 5;
+    b.takes[0]->playRate = 2;
+    b.autoFadeIn = 0.2;
+    simhost::Track& bass = Dados(FaixaChamada("Baixo"));
+    bass.volume = 100;
+    const Samples all = {0, 1, 2, 3 + 100, 4 + 200, 5 + 260, 540, 560, 580, 600};
+    EXPECT_EQ(Mix({10, 1, 0, 1}), all);
+    EXPECT_EQ(Mix({10, 1, 0.3, 0.72}), Samples(all.begin() + 3, all.begin() + 7));
+    EXPECT_EQ(Mix({10, 1, 0.9, 1.1}), (Samples{600, 0}));
+    EXPECT_EQ(Mix({10, 1, 1, 0}), Samples());
+
+    bass.mute = 1;
+    EXPECT_EQ(Mix({10, 1, 0.3, 0.4}), Samples{3});
+    bass.mute = 0;
+    bass.solo = 1;
+    EXPECT_EQ(Mix({10, 1, 0.3, 0.4}), Samples{100});
+    Dados(ItemChamado("C")).mute = 1;
+    EXPECT_EQ(Mix({10, 2, 0.3, 0.4}), (Samples{0, 0}));
+}
+
+// Long enough for many blocks, with pieces that begin between two frames: no frame is lost, doubled or blurred.
+TEST_F(Sound, PiecesBetweenFramesAreCopiedWhole) {
+    const int rate = 44100, frames = 100000;
+    std::vector<ItemDeCena> pieces;
+    for (int i = 0; i < 10; ++i)
+        pieces.push_back({"p", i * 10000.49 / rate, (i * 10000.49 + 10000) / rate, Ramp(rate, frames, 1)});
+    Faixa("Voz", pieces);
+    const Samples mix = Mix({rate, 1, 0, 10 * 10000.49 / rate});
+    ASSERT_EQ(mix.size(), 100005u);
+    for (int i = 0; i < 10; ++i) {
+        const int first = static_cast<int>(i * 10000.49 + 0.5);
+        for (int f = 0; f < 10000; ++f) ASSERT_EQ(mix[first + f], f) << "piece " << i;
+    }
+
+    int blocks = 0;
+    EXPECT_FALSE(simhost::MixProject(host.project, {rate, 1, 0, 2}, [&](const double*, int) { return ++blocks < 2; }));
+    EXPECT_EQ(blocks, 2);
 }
