@@ -6,12 +6,12 @@
 #include <vector>
 
 struct Outcome {
-    int status;  // -1: it did not end by itself
+    int status;  // above 128 when a signal ended it
     std::string out, err;
 };
 
 // `out`: a file for what the program prints, in place of Outcome::out.
-Outcome RunProgram(const std::string& name, std::vector<std::string> arguments, const char* out = nullptr);
+Outcome RunProgram(const std::string& name, const std::vector<std::string>& arguments, const char* out = nullptr);
 
 std::string Text(const std::string& path);
 // Interleaved, all that can be read, whatever the header promises; empty when it is no recording.
