@@ -214,8 +214,11 @@ SourceRef OpenAudioFile(const std::string& path, std::string* error) {
     SndfileRef file(sf_open(path.c_str(), SFM_READ, &info));
     if (!file) return refuse("nao e audio que se possa ler");
     if (info.frames == 0) return refuse("nao tem audio nenhum");
-    const bool believable = FindsAnyFrame(info) ? LastFrameIsThere(file.get(), info)
-                                                : info.frames > 0 && info.frames / MostFramesPerByte <= status.st_size;
+    // Where a seek may lose the stream, the end is looked for through a handle of its own.
+    const bool believable = FindsAnyFrame(info)
+                                ? LastFrameIsThere(file.get(), info)
+                                : info.frames > 0 && info.frames / MostFramesPerByte <= status.st_size &&
+                                      LastFrameIsThere(SndfileRef(sf_open(path.c_str(), SFM_READ, &info)).get(), info);
     if (!believable) file = Unpack(path, &info);
     if (!file || info.frames == 0) return refuse("nao tem audio que se possa ler, ou nao cabe na pasta temporaria");
     return std::make_shared<FileSource>(path, std::move(file), info);

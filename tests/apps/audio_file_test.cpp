@@ -87,8 +87,9 @@ TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
 // A recorder that lost its power, and headers that lie: the recording is as long as what is there.
 TEST_F(Gravacoes, CabecalhoQuePrometeDemaisNaoAtrapalha) {
     const std::vector<double> noise = workshop.Noise(2 * 48000);
-    for (int format : {SF_FORMAT_WAV | SF_FORMAT_PCM_16, SF_FORMAT_FLAC | SF_FORMAT_PCM_16,
-                       SF_FORMAT_AU | SF_FORMAT_PCM_24, SF_FORMAT_OGG | SF_FORMAT_VORBIS}) {
+    for (int format :
+         {SF_FORMAT_WAV | SF_FORMAT_PCM_16, SF_FORMAT_FLAC | SF_FORMAT_PCM_16, SF_FORMAT_AU | SF_FORMAT_PCM_24,
+          SF_FORMAT_OGG | SF_FORMAT_VORBIS, SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III}) {
         const std::string path = workshop.Write("cortada", format, 48000, 1, noise);
         fs::resize_file(path, fs::file_size(path) / 2);
         const SourceRef source = Open(path);
