@@ -7,48 +7,38 @@ namespace {
 class Propriedades : public Cena {};
 
 TEST_F(Propriedades, MuteVirouOGrupoInteiro) {
-    constexpr char titulo[] = "Mute/Unmute Clips";
-    Contar({
-        {"1: a 0-1 mute * | b 1-2 * | c 2-3", MuteClip, "1: a 0-1 mute * | b 1-2 mute * | c 2-3", titulo},
-        {"1: a 0-1 mute * | b 1-2 mute * | c 2-3 mute", MuteClip, "1: a 0-1 * | b 1-2 * | c 2-3 mute", titulo},
-        {"1: a 0-1", MuteClip, "1: a 0-1", "", "Aviso: Nenhum item selecionado."},
-    });
-    const auto mudos = [](const char* cena) {
+    Contar(MuteClip, "Mute/Unmute Clips",
+           {{"1: a 0-1 mute * | b 1-2 * | c 2-3", "1: a 0-1 mute * | b 1-2 mute * | c 2-3"},
+            {"1: a 0-1 mute * | b 1-2 mute * | c 2-3 mute", "1: a 0-1 * | b 1-2 * | c 2-3 mute"}});
+    Contar(MuteClip, "", {{"1: a 0-1", nullptr, "Aviso: Nenhum item selecionado."}});
+    for (const auto& [cena, mudos] :
+         {std::pair{"1: a 0-1 mute", false}, {"1: a 0-1 mute * | b 1-2 *", false}, {"1: a 0-1 mute * | b 1-2", true}}) {
         Projeto(cena);
-        return TodosItensMudos();
-    };
-    EXPECT_FALSE(mudos("1: a 0-1 mute"));
-    EXPECT_FALSE(mudos("1: a 0-1 mute * | b 1-2 *"));
-    EXPECT_TRUE(mudos("1: a 0-1 mute * | b 1-2"));
+        EXPECT_EQ(TodosItensMudos(), mudos) << cena;
+    }
 }
 
 TEST_F(Propriedades, CoresSoDoQueEstaSelecionado) {
-    Contar({
-        {"1: a 0-1 * | b 1-2", [] { AplicarCorItens(0, 0, 0); }, "1: a 0-1 #000000 * | b 1-2"},
-        {"1 (selected): / 2:", [] { AplicarCorFaixas(250, 206, 205); }, "1 (#facecd, selected): / 2:"},
-        {"1 (selected): a 0-1 *", [] { AplicarCorItens(1, 2, 3), LimparCorItens(); }, "1 (selected): a 0-1 *"},
-        {"1 (selected):", [] { AplicarCorFaixas(1, 2, 3), LimparCorFaixas(); }, "1 (selected):"},
-        {"1: a 0-1", [] { AplicarCorItens(1, 2, 3), AplicarCorFaixas(1, 2, 3); }, "1: a 0-1"},
-    });
+    const auto itens = [] { AplicarCorItens(0, 0, 0); };
+    const auto faixas = [] { AplicarCorFaixas(250, 206, 205); };
+    Contar(itens, "", {{"1: a 0-1 * | b 1-2", "1: a 0-1 #000000 * | b 1-2"}, {"1 (selected): a 0-1"}});
+    Contar(faixas, "", {{"1 (selected): / 2:", "1 (#facecd, selected): / 2:"}, {"1: a 0-1 *"}});
+    Contar([] { AplicarCorItens(1, 2, 3), LimparCorItens(); }, "", {{"1 (selected): a 0-1 *"}});
+    Contar([] { AplicarCorFaixas(1, 2, 3), LimparCorFaixas(); }, "", {{"1 (selected):"}});
 }
 
 TEST_F(Propriedades, EnvelopeFicaComOPrimeiroItem) {
-    Contar({
-        {"1: a 0-1 | b 1-2 * | c 2-3 *", VolEnvelope, "1: a 0-1 | b 1-2 envelope * | c 2-3",
-         "Acionar Take Volume Envelope"},
-        {"1: a 0-1", VolEnvelope, "1: a 0-1", "", "Erro: Nenhum item de midia selecionado."},
-    });
-    Projeto("1: a 0-1 no take *");
-    VolEnvelope();
-    EXPECT_EQ(Mensagens(), "Erro: Nenhuma take ativa.");
-    EXPECT_EQ(Historico(), "");
+    Contar(VolEnvelope, "Acionar Take Volume Envelope",
+           {{"1: a 0-1 | b 1-2 * | c 2-3 *", "1: a 0-1 | b 1-2 envelope * | c 2-3"}});
+    Contar(VolEnvelope, "",
+           {{"1: a 0-1", nullptr, "Erro: Nenhum item de midia selecionado."},
+            {"1: a 0-1 no take *", "1:  0-1 no take *", "Erro: Nenhuma take ativa."}});
 }
 
 TEST_F(Propriedades, AlturaDasFaixasEVistaInteira) {
-    Contar({
-        {"1: a 0-5 / 2:", [] { ZoomAllFaixas(false); }, "1 (height 75): a 0-5 / 2 (height 75):"},
-        {"1: a 0-5 / 2: b 1-9", [] { ZoomAllFaixas(true); }, "1 (height 75): a 0-5 / 2 (height 75): b 1-9 {view 0-12}"},
-    });
+    Contar([] { ZoomAllFaixas(false); }, "", {{"1: a 0-5 / 2:", "1 (height 75): a 0-5 / 2 (height 75):"}});
+    Contar([] { ZoomAllFaixas(true); }, "",
+           {{"1: a 0-5 / 2: b 1-9", "1 (height 75): a 0-5 / 2 (height 75): b 1-9 {view 0-12}"}});
 }
 
 }  // namespace

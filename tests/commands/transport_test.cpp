@@ -8,40 +8,36 @@ class Transporte : public Cena {};
 
 TEST_F(Transporte, GravaNasArmadasSenaoNasSelecionadas) {
     const struct {
-        const char *antes, *depois, *acoes, *mensagens;
+        const char *antes, *depois, *acoes;
     } casos[] = {
-        {"1: / 2 (selected): / 3:", "1: / 2 (armed): / 3:", "1013", ""},
-        {"1 (armed): / 2 (selected):", "1 (armed): / 2:", "1013", ""},
-        {"1: / 2:", "1: / 2:", "", "Quilmo: Nenhuma faixa selecionada. Selecione uma faixa para gravar."},
+        {"1: / 2 (selected): / 3:", "1: / 2 (armed, selected): / 3: {play 5}", "1013"},
+        {"1 (armed): / 2 (selected):", "1 (armed): / 2 (selected): {play 5}", "1013"},
+        {"1: / 2:", "1: / 2:", ""},
     };
     for (const auto& caso : casos) {
         Projeto(caso.antes);
         host.playState = 0;
         ExecutarGravacao();
-        EXPECT_EQ(Retrato(), caso.depois);
+        EXPECT_EQ(RetratoCompleto(), caso.depois);
         EXPECT_EQ(Acoes(), caso.acoes);
-        EXPECT_EQ(Mensagens(), caso.mensagens);
         EXPECT_EQ(Historico(), "");
     }
+    EXPECT_EQ(Mensagens(), "Quilmo: Nenhuma faixa selecionada. Selecione uma faixa para gravar.");
     Projeto("1 (selected):");
     Dados(FaixaChamada("1")).armed = 0.5;  // only exactly 1 is armed
-    host.playState = 0;
     ExecutarGravacao();
-    EXPECT_EQ(Retrato(), "1 (armed):");
+    EXPECT_EQ(Dados(FaixaChamada("1")).armed, 1);
 }
 
 TEST_F(Transporte, PararDesarmaELimpa) {
-    Projeto("1 (armed, selected): a 1-2 * / 2 (armed): {time 1-2}");
-    host.playState = 5;
-    ExecutarGravacao();  // while recording it is the stop button
-    EXPECT_EQ(Acoes().substr(0, 5), "40328");
-    EXPECT_EQ(Dados(FaixaChamada("2")).armed, 0);
-
-    Projeto("1 (armed, selected): a 1-2 * / 2 (armed): {time 1-2}");
-    PararTudo();
-    EXPECT_EQ(RetratoCompleto(), "1: a 1-2 / 2:");
-    EXPECT_EQ(Acoes(), "40297 40020 1016");
-    EXPECT_EQ(Historico(), "");
+    const std::pair<void (*)(), const char*> casos[] = {
+        {ExecutarGravacao, "1 (selected): a 1-2 * / 2: {time 1-2}"},  // while recording it is the stop button
+        {PararTudo, "1: a 1-2 / 2:"}};
+    for (const auto& [parar, depois] : casos) {
+        host.playState = 5;
+        Contar(parar, "", {{"1 (armed, selected): a 1-2 * / 2 (armed): {time 1-2}", depois}});
+        EXPECT_EQ(Acoes(), parar == PararTudo ? "40297 40020 1016" : "40328");
+    }
 }
 
 TEST_F(Transporte, SaltaParaABordaMaisProxima) {

@@ -46,7 +46,7 @@ TEST_F(Bounce, PelaFaixaECadaUmUmaVez) {
     EXPECT_TRUE(BounceEntrada(10.0));
     EXPECT_EQ(Retrato(), "1: a-glued 5-6 / 2: b-glued 5-8 | c 20-21");
     const auto nada = [] { EXPECT_FALSE(BounceEntrada(10.0) || BounceEntradaAtivo); };
-    Contar({{"1: a 5-6", nada, "1: a 5-6"}, {"1: a 5-6 no take *", nada, "1:  5-6 no take *"}});
+    Contar(nada, "", {{"1: a 5-6"}, {"1: a 5-6 no take *", "1:  5-6 no take *"}});
 }
 
 }  // namespace

@@ -10,11 +10,10 @@ void Projeto(const std::string& retrato);
 
 struct Historia {
     const char* antes;
-    void (*comando)();
-    const char* depois;
-    const char* historico = "";  // titles of the undo points, oldest first, parted by " | "
-    const char* mensagens = "";  // "Erro: texto"
+    const char* depois = nullptr;  // null: as before
+    const char* mensagens = "";    // "Erro: texto"
 };
 
-// Tells each story on a project of its own.
-void Contar(const std::vector<Historia>& historias);
+// Tells each story of the command on a project of its own. In each it leaves the undo points of those titles, oldest
+// first, parted by " | ".
+void Contar(void (*comando)(), const char* historico, const std::vector<Historia>& historias);
