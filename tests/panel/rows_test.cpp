@@ -21,14 +21,16 @@ class Linhas : public Painel {
         Abrir();
     }
     // A scene in which every command has something to do.
-    static void Cenario() { Projeto("Voz (selected): a 2-4 * | b 6-8 | c 9-10 / Som: d 1-2 {cursor 3}"); }
+    static void Cenario() {
+        Projeto("Voz (selected): a 2-4 * | b 6-8 | c 9-10 / Som: d 1-2 {cursor 3}");
+        StatusMsg[0] = '\0';
+    }
 
     // Status, actions run, undo points and messages of one click.
-    std::string Efeito(const Alvo& alvo, Button botao) {
+    std::string Efeito(int x, int y, Button botao = Button::Left) {
         Cenario();
         host.playState = 0;
-        StatusMsg[0] = '\0';
-        Clicar(alvo.x, alvo.y, botao);
+        Clicar(x, y, botao);
         std::string efeito = StatusMsg;
         const auto juntar = [&efeito](const char* abre, const std::string& texto) {
             if (!texto.empty()) efeito += abre + texto;
@@ -41,13 +43,14 @@ class Linhas : public Painel {
     void Conferir(const std::vector<Alvo>& alvos) {
         for (const Alvo& alvo : alvos) {
             SCOPED_TRACE("at " + std::to_string(alvo.x) + ", " + std::to_string(alvo.y));
-            EXPECT_EQ(Efeito(alvo, Button::Left), alvo.esquerdo);
-            EXPECT_EQ(Efeito(alvo, Button::Right), alvo.direito);
+            EXPECT_EQ(Efeito(alvo.x, alvo.y), alvo.esquerdo);
+            EXPECT_EQ(Efeito(alvo.x, alvo.y, Button::Right), alvo.direito);
         }
     }
 };
 
-TEST_F(Linhas, Transporte) {
+TEST_F(Linhas, CadaBotaoFazODeleEDiz) {
+    const char* semRegiao = "Executado: PlayRegiao(7) !Quilmo: Nenhuma regiao encontrada no projeto.";
     Conferir({
         {160, 40, "Executado: ExecutarGravacao #1013", ""},
         {160, 78, "Executado: Play/Pause #40073", "Executado: Play/Stop #40044"},
@@ -56,12 +59,6 @@ TEST_F(Linhas, Transporte) {
         {123, 150, "Executado: PrevItemStart", ""},
         {201, 150, "Executado: NextItemEnd", ""},
         {279, 150, " #40043", ""},
-    });
-}
-
-TEST_F(Linhas, RegioesEEdicao) {
-    const char* semRegiao = "Executado: PlayRegiao(7) !Quilmo: Nenhuma regiao encontrada no projeto.";
-    Conferir({
         {227, 197, semRegiao, ""},
         {261, 197, "Executado: CriarOuRenomearRegiao", "Executado: SelTempoERegiao #40297 40020 <Criar Regiao (Itens)"},
         {295, 197, "Executado: DeletarRegiaoSobCursor <Deletar regiao sob cursor ou item",
@@ -70,55 +67,8 @@ TEST_F(Linhas, RegioesEEdicao) {
         {123, 242, "Executado: SplitNoCursor", ""},
         {201, 242, "Executado: TrimDireita <Corta e Apaga Direita (Ripple)", ""},
         {259, 242, "Executado: ExcluirRipple <Excluir Ripple Manual", ""},
-    });
-    Projeto("[R1 a 1-2] [R2 b 3-4]");
-    Clicar(59, 197);
-    EXPECT_STREQ(StatusMsg, "Executado: PlayRegiao(2)");
-    EXPECT_EQ(host.project.cursor, 3);
-
-    const Alvo ripple = {298, 242, "Ripple: OFF", ""};
-    Conferir({ripple,
-              {45, 242, "Executado: CortarE #41305 <Cortar Esquerda", ""},
-              {201, 242, "Executado: CortarD #41311 <Cortar Direita", ""},
-              {259, 242, "Executado: Deletar Itens (nativo) #40697 <Remove items", ""}});
-    Fechar();
-    Abrir();
-    EXPECT_FALSE(ModoRipple) << "the switch outlives the window";
-    EXPECT_EQ(Efeito(ripple, Button::Left), "Ripple: ON");
-}
-
-TEST_F(Linhas, LacunasESelecaoComSeusMenus) {
-    const struct {
-        int x, y;
-        const char *escolha, *efeito;
-    } menus[] = {
-        {240, 287, "Fecha Lacunas Subsequentes", "Executado: FechaLacunaSubsequente"},
-        {240, 287, "Fechar", ""},
-        {240, 287, "", ""},
-        {60, 332, "Todos os itens do projeto", "Executado: SelecionarTodosProjeto"},
-        {60, 332, "Tudo depois do ponteiro (faixa selecionada)", "Executado: SelecionarDepoisCursorFaixa"},
-        {60, 332, "Fechar", ""},
-    };
-    for (const auto& menu : menus) {
-        Cenario();
-        StatusMsg[0] = '\0';
-        driver::AnswerNextMenu(menu.escolha);
-        Clicar(menu.x, menu.y);
-        EXPECT_STREQ(StatusMsg, menu.efeito);
-        EXPECT_FALSE(Mouse.esquerdoSeguro) << "the menu took the release";
-    }
-    EXPECT_EQ(driver::LastMenu().size(), 10u);
-    Conferir({
         {182, 332, "Executado: SelecaoFluxo <Selecao em Fluxo", ""},
         {279, 332, "Executado: SelTempoItens", ""},
-    });
-    EXPECT_EQ(Efeito({80, 287, "", ""}, Button::Left),
-              "Executado: EntrarModoFatiador #41588 <Fatiador Bounce Entrada | Fatiador Preview");
-    EXPECT_TRUE(ModoFatiadorAtivo);
-}
-
-TEST_F(Linhas, ItensEMovimentos) {
-    Conferir({
         {45, 377, " #41295 <Duplicate items", " #40062 <Duplicate tracks"},
         {123, 377, "Executado: VolEnvelope #40693 <Acionar Take Volume Envelope", ""},
         {201, 377, "Executado: MvClipCima <Move itens para faixa acima",
@@ -131,41 +81,10 @@ TEST_F(Linhas, ItensEMovimentos) {
          "Executado: MvPistaBaixo #40297 <Move Pista para Baixo"},
         {279, 417, "Executado: ColaClipDir <Colar Clips Direita",
          "Executado: MvClipDir <Move Clip Dir | Move Clip Dir"},
-    });
-    driver::HoldKey(VK_SHIFT, true);
-    EXPECT_EQ(Efeito({123, 417, "", ""}, Button::Left), "Executado: ColaClipEsq <Move Clip Esq | Move Clip Esq");
-    EXPECT_EQ(Efeito({279, 417, "", ""}, Button::Left), "Executado: ColaClipDir <Move Clip Dir | Move Clip Dir");
-    EXPECT_EQ(Efeito({201, 417, "", ""}, Button::Left), "Executado: MvClipBaixo <Move itens para faixa abaixo");
-    driver::HoldKey(VK_SHIFT, false);
-}
-
-TEST_F(Linhas, ZoomRepeteEnquantoSeguro) {
-    Conferir({
         {45, 462, " #1012", " #1011"},
         {123, 462, " #40111", " #40112"},
         {201, 462, "Executado: VerSelecao #41622 <Ver Selecao", ""},
         {279, 462, "Executado: ZoomAllFaixas(esticar)", "Executado: ZoomAllFaixas(so_altura)"},
-    });
-    for (const Button botao : {Button::Left, Button::Right}) {
-        const char* vezes[] = {botao == Button::Left ? "40111" : "40112",
-                               botao == Button::Left ? "40111 40111 40111" : "40112 40112 40112"};
-        host.actionsRun.clear();
-        Mover(123, 462);
-        Apertar(botao);
-        EXPECT_EQ(Acoes(), vezes[0]) << "once at the press";
-        EXPECT_TRUE(EsperarTique(2) && EsperarTique(2));
-        EXPECT_EQ(Acoes(), vezes[1]);
-        Mover(201, 462);
-        EXPECT_TRUE(EsperarTique(2));  // the tick that finds nothing to repeat, and ends the timer
-        Mover(123, 462);
-        EXPECT_FALSE(EsperarTique(2)) << "back on the button does not begin again";
-        EXPECT_EQ(Acoes(), vezes[1]);
-        Soltar(botao);
-    }
-}
-
-TEST_F(Linhas, RenderECores) {
-    Conferir({
         {45, 507, "Executado: BounceInteligente #41993 <Render items to new stereo take", ""},
         {123, 507, " #40435", " #40129 <Delete active take"},
         {201, 507, "Executado: StereoRender #41993 40435 <Render items to new stereo take", ""},
@@ -176,15 +95,94 @@ TEST_F(Linhas, RenderECores) {
         {25, 593, "Executado: AplicarCorItens", "Executado: AplicarCorFaixas"},
         {25, 633, "Executado: LimparCorItens", "Executado: LimparCorFaixas"},
     });
+    EXPECT_EQ(Efeito(80, 287), "Executado: EntrarModoFatiador #41588 <Fatiador Bounce Entrada | Fatiador Preview");
+    EXPECT_TRUE(ModoFatiadorAtivo);
+}
+
+TEST_F(Linhas, UmaCorPelaAmostraUmaRegiaoPeloNumero) {
     Cenario();
     Clicar(298, 633);  // the last swatch; the command gets its own values, not the lit ones
     Clicar(64, 633, Button::Right);
     EXPECT_EQ(RetratoCompleto(), "Voz (#fccde0, selected): a 2-4 #3cdc6e * | b 6-8 | c 9-10 / Som: d 1-2 {cursor 3}");
+    Projeto("[R1 a 1-2] [R2 b 3-4]");
+    Clicar(59, 197);
+    EXPECT_STREQ(StatusMsg, "Executado: PlayRegiao(2)");
+    EXPECT_EQ(host.project.cursor, 3);
 }
 
-// A click whose command fails still reports; a bare action wipes the line.
-TEST_F(Linhas, FaixaDeStatusMostraDicaMensagemOuNada) {
-    Conferir({{160, 114, "Executado: PararTudo #40297 40020 1016", ""}});
+TEST_F(Linhas, SemRippleOsCortesSaoOutros) {
+    Conferir({{298, 242, "Ripple: OFF", ""},
+              {45, 242, "Executado: CortarE #41305 <Cortar Esquerda", ""},
+              {201, 242, "Executado: CortarD #41311 <Cortar Direita", ""},
+              {259, 242, "Executado: Deletar Itens (nativo) #40697 <Remove items", ""}});
+    Fechar();
+    Abrir();
+    EXPECT_FALSE(ModoRipple) << "the switch outlives the window";
+    EXPECT_EQ(Efeito(298, 242), "Ripple: ON");
+}
+
+TEST_F(Linhas, CadaEscolhaDosMenus) {
+    const struct {
+        int x, y;
+        const char *escolha, *efeito;
+    } menus[] = {
+        {240, 287, "Fecha Lacuna Entre Selecionados", "Executado: FechaLacuna"},
+        {240, 287, "Fecha Lacunas Subsequentes", "Executado: FechaLacunaSubsequente"},
+        {240, 287, "Fecha Lacuna Selecionada com Mixagem", "Executado: JuntaClipCrossfade"},
+        {240, 287, "Fechar", ""},
+        {240, 287, "", ""},
+        {60, 332, "Todos os itens do projeto", "Executado: SelecionarTodosProjeto"},
+        {60, 332, "Todos os itens da faixa", "Executado: SelecionarTodosFaixa"},
+        {60, 332, "Tudo antes do ponteiro", "Executado: SelecionarAntesCursor"},
+        {60, 332, "Tudo depois do ponteiro", "Executado: SelecionarDepoisCursor"},
+        {60, 332, "Tudo antes do ponteiro (faixa selecionada)", "Executado: SelecionarAntesCursorFaixa"},
+        {60, 332, "Tudo depois do ponteiro (faixa selecionada)", "Executado: SelecionarDepoisCursorFaixa"},
+        {60, 332, "Fechar", ""},
+    };
+    for (const auto& menu : menus) {
+        Cenario();
+        driver::AnswerNextMenu(menu.escolha);
+        Clicar(menu.x, menu.y);
+        EXPECT_STREQ(StatusMsg, menu.efeito);
+        EXPECT_FALSE(Mouse.esquerdoSeguro) << "the menu took the release";
+    }
+    EXPECT_EQ(driver::LastMenu().size(), 10u);
+}
+
+TEST_F(Linhas, ShiftMoveEmVezDeColar) {
+    driver::HoldKey(VK_SHIFT, true);
+    EXPECT_EQ(Efeito(123, 417), "Executado: ColaClipEsq <Move Clip Esq | Move Clip Esq");
+    EXPECT_EQ(Efeito(279, 417), "Executado: ColaClipDir <Move Clip Dir | Move Clip Dir");
+    EXPECT_EQ(Efeito(201, 417), "Executado: MvClipBaixo <Move itens para faixa abaixo");
+    driver::HoldKey(VK_SHIFT, false);
+}
+
+TEST_F(Linhas, ZoomRepeteEnquantoSeguro) {
+    for (const Button botao : {Button::Left, Button::Right}) {
+        const std::string uma = botao == Button::Left ? "40111" : "40112", tres = uma + " " + uma + " " + uma;
+        host.actionsRun.clear();
+        Mover(123, 462);
+        Apertar(botao);
+        EXPECT_EQ(Acoes(), uma) << "once at the press";
+        EXPECT_TRUE(EsperarTique(2) && EsperarTique(2));
+        EXPECT_EQ(Acoes(), tres);
+        Mover(201, 462);
+        EXPECT_TRUE(EsperarTique(2));  // the tick that finds nothing to repeat, and ends the timer
+        Mover(123, 462);
+        EXPECT_FALSE(EsperarTique(2)) << "back on the button does not begin again";
+        EXPECT_EQ(Acoes(), tres);
+        Soltar(botao);
+        Apertar(botao);
+        const double intervalo = driver::TimerInterval(JanelaPainel, 2);
+        EXPECT_GE(intervalo, 90 * 0.9);
+        EXPECT_LE(intervalo, 90 * (1 + driver::IntervalSlack));
+        Soltar(botao);
+        EXPECT_FALSE(EsperarTique(2));
+    }
+}
+
+// A click whose command does nothing still reports; a bare action wipes the line.
+TEST_F(Linhas, StatusDizOUltimoComando) {
     host.toggles[1013] = 1;
     host.playState = 4;
     host.actionsRun.clear();

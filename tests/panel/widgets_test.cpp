@@ -198,12 +198,22 @@ TEST(Icones, FormasNoLugarENomesPorConteudo) {
         const int barra = nome[0] == 's' ? 10 : 17;
         EXPECT_EQ(tela.Pintados(barra, 10, barra + 2, 19), 18) << "at least 2 pixels wide";
     }
-    for (const char* nome : {"play", "stop", "rec", "circle", "up", "down", "left", "right", "zoom_in", "zoom_out",
-                             "zoom_sel", "zoom_all", "zoom_vert"}) {
+    // Which of the corners are painted: left top, right top, left bottom, right bottom.
+    const struct {
+        const char *nome, *cantos;
+    } casos[] = {{"play", "1010"},     {"right", "1010"},    {"left", "0101"},     {"up", "0011"},
+                 {"down", "1100"},     {"stop", "1111"},     {"rec", "0000"},      {"circle", "0000"},
+                 {"zoom_in", "0001"},  {"zoom_out", "0001"}, {"zoom_sel", "0001"}, {"zoom_all", "0001"},
+                 {"zoom_vert", "0000"}};
+    for (const auto& [nome, cantos] : casos) {
         tela.Limpar();
         DesenhaIcone(&tela.bm, 40, 40, 16.2f, nome, CorBranca, 0.88f);
         EXPECT_GT(tela.Pintados(39, 39, 58, 58), 20) << nome;
         EXPECT_EQ(tela.Pintados(39, 39, 58, 58), tela.Pintados(0, 0, 320, 100)) << nome << " stays in its square";
+        std::string pintados;
+        for (const int y : {40, 54})
+            for (const int x : {40, 54}) pintados += tela.Pintados(x, y, x + 2, y + 2) ? '1' : '0';
+        EXPECT_EQ(pintados, cantos) << nome;
     }
 }
 

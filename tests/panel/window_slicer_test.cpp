@@ -1,15 +1,20 @@
-// What ends the slicer mode from outside: everything that is not work in the panel.
+// What ends the slicer mode from outside, where the loss of the front alone would not tell.
 #include "panel/status.h"
 #include "slicer/preview.h"
 #include "tests/support/panel_scene.h"
 
-static const char* const Cancelado = "Modo Fatiador cancelado (atividade fora do painel)";
+namespace {
 
 class PainelFatiador : public Painel {
   protected:
-    // The panel is open and the mode is on; the item is cut.
-    void Entrar() {
+    // The panel is open, the mode is on, the item is cut, and the panel hears nothing of its activation.
+    void SetUp() override {
+        Painel::SetUp();
         Abrir();
+        SetForegroundWindow(outra);
+        driver::Pump();
+        EXPECT_STREQ(StatusMsg, "") << "outside the mode there is nothing to cancel";
+        SetForegroundWindow(JanelaPainel);
         Faixa("Voz", {{"A", 0, 4, simhost::Bursts(8000, 1, {{8000, 0.5}, {16000, 0}, {8000, 0.5}})}});
         Selecionar({"A"});
         host.StartHistory();
@@ -18,30 +23,17 @@ class PainelFatiador : public Painel {
         driver::Pump();
         ASSERT_TRUE(ModoFatiadorAtivo);
         ASSERT_NE(Retrato(), inteiro);
+        Espiar([](UINT mensagem, WPARAM) { return mensagem == WM_ACTIVATE; });
     }
     void ConfereCancelado() {
         EXPECT_FALSE(ModoFatiadorAtivo);
         EXPECT_EQ(Retrato(), inteiro);
-        EXPECT_STREQ(StatusMsg, Cancelado);
+        EXPECT_STREQ(StatusMsg, "Modo Fatiador cancelado (atividade fora do painel)");
     }
     std::string inteiro;  // the project before the mode
 };
 
-TEST_F(PainelFatiador, OutraJanelaNaFrenteCancela) {
-    Abrir();
-    SetForegroundWindow(outra);
-    driver::Pump();
-    EXPECT_STREQ(StatusMsg, "") << "outside the mode there is nothing to cancel";
-    Entrar();
-    SalvarPresetAberto = true;
-    SetForegroundWindow(outra);
-    ConfereCancelado();
-    EXPECT_FALSE(SalvarPresetAberto);
-}
-
 TEST_F(PainelFatiador, AVigiaSoValeDepoisDoPainelTerEstadoNaFrente) {
-    Entrar();
-    Espiar([](UINT mensagem, WPARAM) { return mensagem == WM_ACTIVATE; });
     PainelEmFrente = false;
     SetForegroundWindow(outra);
     ASSERT_TRUE(EsperarTique(1));
@@ -59,11 +51,9 @@ TEST_F(PainelFatiador, AVigiaSoValeDepoisDoPainelTerEstadoNaFrente) {
 }
 
 TEST_F(PainelFatiador, FecharOPainelCancelaAntes) {
-    Entrar();
-    Espiar([](UINT mensagem, WPARAM) { return mensagem == WM_ACTIVATE; });  // so that only the closing itself can tell
     Fechar();
     EXPECT_FALSE(JanelaPainelAberta());
     ConfereCancelado();
-    Abrir();
-    EXPECT_FALSE(ModoFatiadorAtivo);
 }
+
+}  // namespace

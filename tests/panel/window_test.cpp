@@ -1,18 +1,22 @@
-// Opening, closing, timers and the mouse, through the window's messages.
+// Opening, closing, timers, the mouse and the screen, through the window's messages.
 #include "host/entry.h"
 #include "panel/pass.h"
-#include "panel/status.h"
 #include "slicer/preview.h"
 #include "tests/support/panel_scene.h"
 
 using driver::Button;
 
-static bool Contem(const std::string& texto, const std::string& parte) {
-    return texto.find(parte) != std::string::npos;
+namespace {
+
+SIZE Cliente() {
+    RECT r;
+    GetClientRect(JanelaPainel, &r);
+    return {r.right, r.bottom};
 }
 
 TEST_F(Painel, AbreJuntoAoHostEVoltaAFrente) {
     const auto marca = [this] { return ToggleActionProc(host.ActionNumber("QUILMO_ABRIR_PAINEL")); };
+    const auto preparou = [this] { return std::exchange(host.actionsRun, {}).size() > 0; };
     EXPECT_EQ(marca(), 0);
     Abrir();
     ASSERT_TRUE(JanelaPainelAberta());
@@ -20,17 +24,11 @@ TEST_F(Painel, AbreJuntoAoHostEVoltaAFrente) {
     EXPECT_EQ(FindWindowA("QuilmoPainelClass", "Quilmo"), JanelaPainel);
     EXPECT_EQ(GetWindow(JanelaPainel, GW_OWNER), dono);
     EXPECT_EQ(GetForegroundWindow(), JanelaPainel);
-    EXPECT_TRUE(Contem(Acoes(), "40753"));
-    RECT cliente;
-    GetClientRect(JanelaPainel, &cliente);
-    EXPECT_EQ(cliente.right, 320);
-    EXPECT_EQ(cliente.bottom, 659);
-
+    EXPECT_TRUE(preparou());
     MoveWindow(JanelaPainel, 50, 60, 900, 100, TRUE);
-    GetClientRect(JanelaPainel, &cliente);
-    EXPECT_EQ(cliente.right, 320);
-    EXPECT_EQ(cliente.bottom, 659);
-    host.actionsRun.clear();
+    EXPECT_EQ(Cliente().cx, 320) << "whatever is asked";
+    EXPECT_EQ(Cliente().cy, 659);
+
     ShowWindow(JanelaPainel, SW_MINIMIZE);
     SetForegroundWindow(outra);
     const HWND antes = JanelaPainel;
@@ -40,7 +38,7 @@ TEST_F(Painel, AbreJuntoAoHostEVoltaAFrente) {
     EXPECT_EQ(GetForegroundWindow(), JanelaPainel);
     EXPECT_EQ(Lugar().left, 50);
     EXPECT_EQ(Lugar().top, 60);
-    EXPECT_TRUE(Contem(Acoes(), "40753")) << "the host's options are set at each opening";
+    EXPECT_TRUE(preparou()) << "the host's options are set at each opening";
 
     Fechar();
     EXPECT_FALSE(JanelaPainelAberta());
@@ -67,31 +65,37 @@ TEST_F(Painel, SemDonoOuComDonoMorto) {
 
 TEST_F(Painel, PiscaQuatroVezesPorSegundoEnquantoAberto) {
     Abrir();
+    int passes = 0;
+    AposCadaPasse([&] { ++passes; });
     const bool antes = PiscaLigado;
     ASSERT_TRUE(EsperarTique(1));
     EXPECT_NE(PiscaLigado, antes);
+    EXPECT_GE(passes, 1) << "each tick repaints, so that the host's changes show";
     ASSERT_TRUE(EsperarTique(1));
     EXPECT_EQ(PiscaLigado, antes);
     const double intervalo = driver::TimerInterval(JanelaPainel, 1);
     EXPECT_GE(intervalo, 250 * 0.9);
     EXPECT_LE(intervalo, 250 * (1 + driver::IntervalSlack));
-
-    int passes = 0;
-    AposCadaPasse([&] { ++passes; });
-    ASSERT_TRUE(EsperarTique(1));
-    EXPECT_GE(passes, 1) << "each tick repaints, so that the host's changes show";
 }
 
 TEST_F(Painel, UmCliquePorAperto) {
     Abrir();
     EXPECT_EQ(Mouse.x, -1);
     EXPECT_EQ(Mouse.y, -1);
+    int passes = 0;
     std::string cliques;
     AposCadaPasse([&] {
+        ++passes;
         if (Mouse.esquerdoApertou) cliques += "E";
         if (Mouse.direitoApertou) cliques += "D";
     });
     const auto desdeEntao = [&] { return std::exchange(cliques, ""); };
+    for (int x = 10; x < 20; ++x) PostMessageA(JanelaPainel, WM_MOUSEMOVE, 0, MAKELPARAM(x, 5));
+    driver::Pump();
+    EXPECT_EQ(Mouse.x, 19);
+    EXPECT_GE(passes, 1);
+    EXPECT_LT(passes, 10) << "moves share a pass";
+
     Mover(100, 50);
     EXPECT_EQ(Mouse.x, 100);
     EXPECT_EQ(Mouse.y, 50);
@@ -101,12 +105,8 @@ TEST_F(Painel, UmCliquePorAperto) {
     EXPECT_EQ(desdeEntao(), "E") << "on the press, once, however long it is held";
     Soltar();
     EXPECT_EQ(desdeEntao(), "");
-    Clicar(101, 50);
-    Clicar(101, 50);
-    EXPECT_EQ(desdeEntao(), "EE") << "a double click is two clicks";
-    Clicar(101, 50, Button::Right);
-    Clicar(101, 50, Button::Right);
-    EXPECT_EQ(desdeEntao(), "DD");
+    for (const Button botao : {Button::Left, Button::Left, Button::Right, Button::Right}) Clicar(101, 50, botao);
+    EXPECT_EQ(desdeEntao(), "EEDD") << "a double click is two clicks";
     SendMessageA(JanelaPainel, WM_LBUTTONDBLCLK, 0, 0);
     EXPECT_EQ(Mouse.x, 101) << "a press counts where the mouse moved last, whatever it carries";
     SendMessageA(JanelaPainel, WM_LBUTTONUP, 0, 0);
@@ -119,22 +119,10 @@ TEST_F(Painel, UmCliquePorAperto) {
     Clicar(101, 50);
     EXPECT_EQ(desdeEntao(), "E") << "the click that activates the panel counts";
     EXPECT_EQ(GetForegroundWindow(), JanelaPainel);
-    const EstadoMouse antes = Mouse;
     EXPECT_EQ(SendMessageA(JanelaPainel, WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0), 0);
     driver::Wheel(1);
-    EXPECT_EQ(Mouse.x, antes.x);
+    EXPECT_EQ(Mouse.x, 101);
     EXPECT_EQ(desdeEntao(), "");
-}
-
-TEST_F(Painel, MovimentosDividemUmPasse) {
-    Abrir();
-    int passes = 0;
-    AposCadaPasse([&] { ++passes; });
-    for (int x = 10; x < 20; ++x) PostMessageA(JanelaPainel, WM_MOUSEMOVE, 0, MAKELPARAM(x, 5));
-    driver::Pump();
-    EXPECT_EQ(Mouse.x, 19);
-    EXPECT_GE(passes, 1);
-    EXPECT_LT(passes, 10);
 }
 
 TEST_F(Painel, OBotaoEsquerdoCapturaODireitoNao) {
@@ -161,49 +149,6 @@ TEST_F(Painel, OBotaoEsquerdoCapturaODireitoNao) {
     EXPECT_TRUE(Mouse.direitoSeguro) << "released elsewhere: held until its next message";
     Clicar(10, 10, Button::Right);
     EXPECT_FALSE(Mouse.direitoSeguro);
-}
-
-static int Repetidas;
-
-TEST_F(Painel, SeguradoSobreUmBotaoQueRepete) {
-    Abrir();
-    const auto sobre = [] { return Mouse.x < 100; };
-    AposCadaPasse([&] {
-        if (sobre() && (Mouse.esquerdoSeguro || Mouse.direitoSeguro)) AcaoRepetir = [] { ++Repetidas; };
-    });
-    for (const Button botao : {Button::Left, Button::Right}) {
-        Repetidas = 0;
-        Mover(20, 20);
-        Apertar(botao);
-        EXPECT_EQ(Repetidas, 0) << "the press itself is the widget's click";
-        ASSERT_TRUE(EsperarTique(2));
-        ASSERT_TRUE(EsperarTique(2));
-        EXPECT_EQ(Repetidas, 2);
-        Soltar(botao);
-        EXPECT_FALSE(EsperarTique(2));
-        EXPECT_EQ(Repetidas, 2);
-    }
-    Apertar();
-    const double intervalo = driver::TimerInterval(JanelaPainel, 2);
-    EXPECT_GE(intervalo, 90 * 0.9);
-    EXPECT_LE(intervalo, 90 * (1 + driver::IntervalSlack));
-    Repetidas = 0;
-    Mover(200, 20);
-    EXPECT_TRUE(EsperarTique(2)) << "the tick that finds nothing to repeat";
-    Mover(20, 20);
-    EXPECT_FALSE(EsperarTique(2)) << "coming back does not start it again";
-    EXPECT_EQ(Repetidas, 0);
-    Soltar();
-}
-
-TEST_F(Painel, AsCoresDoFundoChegamATela) {
-    Abrir();
-    driver::Pump();
-    const driver::Picture tela = driver::PictureOf(JanelaPainel);
-    ASSERT_EQ(tela.width, 320);
-    ASSERT_EQ(tela.height, 659);
-    EXPECT_EQ(tela.At(0, 0), 0x0D0D0Fu);
-    EXPECT_EQ(tela.At(319, 658), 0x0D0D0Fu);
 }
 
 // A command inside a pass may run a message loop of its own: a box, a render.
@@ -239,3 +184,41 @@ TEST_F(Painel, UmPasseSuspensoNaoPerdeOQueDesenha) {
     driver::Pump();
     EXPECT_EQ(driver::PictureOf(JanelaPainel).At(0, 0), 0x0D0D0Fu);
 }
+
+TEST_F(Painel, CadaEstadoMudaSoOSeuLugarNaTela) {
+    const auto tela = [] {
+        driver::Pump();
+        return driver::PictureOf(JanelaPainel);
+    };
+    // Pixels that differ between the two, in those rows.
+    const auto diferentes = [](const driver::Picture& a, const driver::Picture& b, int topo, int fundo) {
+        int n = 0;
+        for (int y = topo; y < fundo; ++y)
+            for (int x = 0; x < a.width; ++x) n += a.At(x, y) != b.At(x, y);
+        return n;
+    };
+    Abrir();
+    Mover(316, 2);  // the pointer may rest on the panel from before
+    const driver::Picture parada = tela();
+    ASSERT_EQ(parada.width, 320);
+    ASSERT_EQ(parada.height, 659);
+    for (const POINT margem : {POINT{0, 0}, {4, 300}, {319, 658}}) EXPECT_EQ(parada.At(margem.x, margem.y), 0x0D0D0Fu);
+    EXPECT_EQ(parada.At(60, 633), 0xDDB4C5u) << "252, 205, 224 dimmed";
+
+    Mover(100, 78);
+    const driver::Picture sobre = tela();
+    EXPECT_GT(diferentes(parada, sobre, 62, 95), 8000) << "the whole button lights up";
+    EXPECT_GT(diferentes(parada, sobre, 3, 26), 100) << "its tooltip shows";
+    EXPECT_EQ(diferentes(parada, sobre, 96, 659) + diferentes(parada, sobre, 26, 62), 0);
+    Apertar();
+    EXPECT_GT(diferentes(sobre, tela(), 62, 95), 8000);
+    Soltar();
+
+    host.playState = 4;
+    Mover(316, 2);
+    const driver::Picture gravando = tela();
+    ASSERT_TRUE(EsperarTique(1));
+    EXPECT_GT(diferentes(gravando, tela(), 26, 59), 5000) << "it blinks";
+}
+
+}  // namespace

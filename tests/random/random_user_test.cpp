@@ -112,20 +112,12 @@ class UsuarioAleatorio : public Painel {
         }
     }
     void ProjetoNovo() {
-        simhost::Project novo;
-        novo.numbers = host.project.numbers;  // the settings stay: the host knows them by name
-        novo.texts = host.project.texts;
+        ProjetoVazio();
         host.playState = 0;
-        host.project = std::move(novo);
         host.preferences = {.undoRestoresSelection = !acaso.Chance(3),
                             .undoPoints = acaso.Of({200, 30, 3}),
                             .splitCrossfade = acaso.Of({0.0, 0.0, 0.01}),
                             .sortsAtOnce = !acaso.Chance(3)};
-        host.messages.clear();
-        host.inputs.clear();
-        host.actionsRun.clear();
-        host.scriptsRun.clear();
-        host.StartHistory();
     }
     void OutroProjeto() {
         if (JanelaPainel) Fechar();

@@ -24,10 +24,6 @@ double TimerInterval(HWND window, UINT_PTR id) {
     return desktop::AwaitTimer(window, id);
 }
 
-static desktop::Button Real(Button button) {
-    return button == Button::Left ? desktop::Button::Left : desktop::Button::Right;
-}
-
 void Move(HWND window, int x, int y) {
     POINT at{x, y};
     ClientToScreen(window, &at);
@@ -35,11 +31,11 @@ void Move(HWND window, int x, int y) {
 }
 
 void Press(Button button) {
-    desktop::Press(Real(button));
+    desktop::Press(static_cast<desktop::Button>(button));
 }
 
 void Release(Button button) {
-    desktop::Release(Real(button));
+    desktop::Release(static_cast<desktop::Button>(button));
 }
 
 void Wheel(int notches) {

@@ -45,6 +45,19 @@ void Cena::TearDown() {
     EXPECT_TRUE(host.Check()) << host.FirstViolation() << " (" << host.ViolationCount() << " in all)";
 }
 
+void ProjetoVazio() {
+    Host& host = Host::Current();
+    simhost::Project vazio;
+    vazio.numbers = host.project.numbers;
+    vazio.texts = host.project.texts;
+    host.project = std::move(vazio);
+    host.messages.clear();
+    host.inputs.clear();
+    host.actionsRun.clear();
+    host.scriptsRun.clear();
+    host.StartHistory();
+}
+
 MediaTrack* Faixa(const std::string& nome, const std::vector<ItemDeCena>& itens) {
     MediaTrack* faixa = Host::Handle(AddTrack(Host::Current().project, nome));
     for (const ItemDeCena& item : itens) NovoItem(faixa, item);
@@ -140,13 +153,6 @@ static std::string Juntar(const Lista& lista, const char* entre, Dizer dizer) {
 
 std::string Selecionados() {
     return Juntar(Host::Current().project.tracks.Selected(), ", ", [](const auto* item) { return item->Name(); });
-}
-
-std::string FaixasSelecionadas() {
-    std::vector<std::string> nomes;
-    for (const auto& faixa : Host::Current().project.tracks.All())
-        if (faixa->selected) nomes.push_back(faixa->name);
-    return Juntar(nomes, ", ", [](const std::string& nome) { return nome; });
 }
 
 std::string UltimoDesfazer() {

@@ -28,7 +28,10 @@ class Cena : public testing::Test {
     simhost::Host host;
 };
 
-// All on the host that lives. Names need not be unique: a name means the first of that name, and to Selecionar all.
+// All on the host that lives.
+// An empty project with the settings of the one before, a fresh history, and no record of what was shown and run.
+void ProjetoVazio();
+// Names need not be unique: a name means the first of that name, and to Selecionar all.
 MediaTrack* Faixa(const std::string& nome, const std::vector<ItemDeCena>& itens = {});  // behind the last
 MediaItem* NovoItem(MediaTrack* faixa, const ItemDeCena& item);
 MediaTrack* FaixaChamada(const std::string& nome);  // null when there is none, like the next
@@ -48,7 +51,6 @@ void CancelarTexto();
 std::string Retrato();             // simhost/picture.h: what undo covers
 std::string RetratoCompleto();     // selection, cursor, time selection, view and play state too
 std::string Selecionados();        // "A, B", in the host's order
-std::string FaixasSelecionadas();  // likewise
 std::string UltimoDesfazer();      // the topmost undo point's title; empty when there is none
 std::string Historico();           // all of them, oldest first: "um | dois"
 std::string Mensagens();           // message boxes shown: "Erro: texto | Aviso: texto"

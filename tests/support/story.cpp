@@ -44,11 +44,7 @@ static void LerFaixa(const std::string& texto) {
 }
 
 void Projeto(const std::string& retrato) {
-    Host& host = Host::Current();
-    simhost::Project novo;
-    novo.numbers = host.project.numbers;  // the settings stay: the host knows them by name
-    novo.texts = host.project.texts;
-    host.project = std::move(novo);
+    ProjetoVazio();
     std::string resto = Extrair(retrato, R"(\{(cursor|time) (-?[\d.]+)(-([\d.]+))?\})", [](const std::smatch& m) {
         if (m[1] == "cursor")
             Cursor(std::stod(m[2]));
@@ -65,10 +61,7 @@ void Projeto(const std::string& retrato) {
     });
     if (resto.find(':') != std::string::npos)
         for (const std::string& faixa : Partes(resto, " / ")) LerFaixa(faixa);
-    host.StartHistory();
-    host.messages.clear();
-    host.inputs.clear();
-    host.actionsRun.clear();
+    Host::Current().StartHistory();
 }
 
 void Contar(void (*comando)(), const char* historico, const std::vector<Historia>& historias) {
