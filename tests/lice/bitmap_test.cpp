@@ -4,25 +4,17 @@
 
 #include <climits>
 
+#include "lice/lice.h"
+
 namespace {
 
-// What a caller can see of a surface after a resize.
-struct Seen {
-    bool changed;
-    int width, height, span;
-    bool sameBits, hasBits;
-    bool operator==(const Seen&) const = default;
-    friend std::ostream& operator<<(std::ostream& out, const Seen& s) {
-        return out << s.changed << ' ' << s.width << 'x' << s.height << " span " << s.span << " same " << s.sameBits
-                   << " has " << s.hasBits;
-    }
-};
-
-Seen Resized(LICE_IBitmap& bm, int width, int height) {
+// What resize answers, and what can be seen of the surface afterwards.
+std::string Resized(LICE_IBitmap& bm, int width, int height) {
     const LICE_pixel* before = bm.getBits();
-    const bool changed = bm.resize(width, height);
-    const LICE_pixel* bits = bm.getBits();
-    return {changed, bm.getWidth(), bm.getHeight(), bm.getRowSpan(), bits == before, bits != nullptr};
+    const std::string answer = bm.resize(width, height) ? "true: " : "false: ";
+    const std::string bits = !bm.getBits() ? " without bits" : bm.getBits() == before ? " same bits" : " new bits";
+    return answer + std::to_string(bm.getWidth()) + "x" + std::to_string(bm.getHeight()) + " span " +
+           std::to_string(bm.getRowSpan()) + bits;
 }
 
 int SetScale(LICE_IBitmap& bm, int code, int scale) {
@@ -36,21 +28,23 @@ TEST(SysBitmap, KeepsItsSectionWhileItIsLargeEnough) {
     {
         LICE_SysBitmap bm(100, 100);
         ASSERT_NE(bm.getDC(), nullptr);
-        EXPECT_EQ(Resized(bm, 100, 100), (Seen{false, 100, 100, 100, true, true}));
-        EXPECT_EQ(Resized(bm, 50, 50), (Seen{true, 50, 50, 100, true, true}));
-        EXPECT_EQ(Resized(bm, 97, 100), (Seen{true, 97, 100, 100, true, true}));
+        EXPECT_EQ(Resized(bm, 100, 100), "false: 100x100 span 100 same bits");
+        EXPECT_EQ(Resized(bm, 50, 50), "true: 50x50 span 100 same bits");
+        EXPECT_EQ(Resized(bm, 97, 100), "true: 97x100 span 100 same bits");
         bm.resize(101, 50);  // 104 with the rounding, which the 100 there are don't hold
         EXPECT_EQ(bm.getRowSpan(), 104);
-        EXPECT_EQ(Resized(bm, 104, 50), (Seen{true, 104, 50, 104, true, true}));
-        EXPECT_EQ(Resized(bm, 0, 0), (Seen{false, 0, 0, 0, false, false}));
-        EXPECT_EQ(Resized(bm, 3, 2), (Seen{true, 3, 2, 4, false, true}));
+        EXPECT_EQ(Resized(bm, 104, 50), "true: 104x50 span 104 same bits");
+        EXPECT_EQ(Resized(bm, 0, 0), "false: 0x0 span 0 without bits");
+        EXPECT_EQ(Resized(bm, 3, 2), "true: 3x2 span 4 new bits");
         bm.getBits()[4 + 2] = 0x01020304;  // the last pixel is there to be written
         // Refused: nothing is left to draw on, and the next size is tried afresh.
-        EXPECT_EQ(Resized(bm, INT_MAX, INT_MAX).hasBits, false);
+        bm.resize(INT_MAX, INT_MAX);
+        EXPECT_EQ(bm.getBits(), nullptr);
         EXPECT_EQ(bm.getWidth(), 0);
-        EXPECT_EQ(Resized(bm, 5, 5), (Seen{true, 5, 5, 8, false, true}));
+        EXPECT_EQ(Resized(bm, 5, 5), "true: 5x5 span 8 new bits");
         for (const int side : {INT_MIN, -1, 0, INT_MAX}) bm.resize(side, 7), bm.resize(7, side), bm.resize(side, side);
-        EXPECT_TRUE(Resized(bm, 8, 8).hasBits);
+        bm.resize(8, 8);
+        EXPECT_NE(bm.getBits(), nullptr);
     }
     EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), objects);
 }
@@ -84,14 +78,14 @@ TEST(SysBitmap, AScaleEnlargesTheBackingStoreOnly) {
 TEST(MemBitmap, GrowsAlignedAndNeverShrinks) {
     LICE_MemBitmap bm(10, 10);
     EXPECT_EQ(reinterpret_cast<uintptr_t>(bm.getBits()) % 64, 0u);
-    EXPECT_EQ(Resized(bm, 5, 5), (Seen{true, 5, 5, 5, true, true}));
+    EXPECT_EQ(Resized(bm, 5, 5), "true: 5x5 span 5 same bits");
     bm.resize(20, 20);  // 1600 bytes, and a quarter more in store
-    EXPECT_EQ(Resized(bm, 20, 25), (Seen{true, 20, 25, 20, true, true}));
+    EXPECT_EQ(Resized(bm, 20, 25), "true: 20x25 span 20 same bits");
     EXPECT_EQ(reinterpret_cast<uintptr_t>(bm.getBits()) % 64, 0u);
     bm.getBits()[20 * 25 - 1] = 1;
-    EXPECT_EQ(Resized(bm, 0, 10), (Seen{true, 0, 0, 0, false, false}));
-    EXPECT_EQ(Resized(bm, 65536, 65536), (Seen{true, 0, 0, 0, true, false}));  // 2^34 bytes: not 0 of them
-    EXPECT_EQ(Resized(bm, INT_MAX, INT_MIN), (Seen{true, 0, 0, 0, true, false}));
+    EXPECT_EQ(Resized(bm, 0, 10), "true: 0x0 span 0 without bits");
+    EXPECT_EQ(Resized(bm, 65536, 65536), "true: 0x0 span 0 without bits");  // 2^34 bytes: not 0 of them
+    EXPECT_EQ(Resized(bm, INT_MAX, INT_MIN), "true: 0x0 span 0 without bits");
 
     // The span by the alignment asked for; a row is never longer than its span.
     const std::pair<int, int> spans[] = {{0, 13}, {1, 13}, {-4, 13}, {4, 16}, {8, 16}, {12, 16}, {3, 13}, {16, 16}};
@@ -108,4 +102,34 @@ TEST(Scale, CoordinatesTruncateAndAreHeldSizesAreNot) {
     EXPECT_EQ(LICE_ScaleSize(INT_MAX, 512), 0xFFFFFFFEu);
     EXPECT_EQ(LICE_ScaleSize(-3, 384), 0xFFFFFFFFu);
     EXPECT_EQ(LICE_ScaleFloat(0.1f, 384), double{0.1f} * 1.5);
+}
+
+// Nor is a surface that there isn't.
+TEST(Surface, WithoutPixelsIsNotDrawnOn) {
+    struct : LICE_MemBitmap {
+        LICE_pixel* getBits() override { return nullptr; }
+    } none;
+    none.resize(30, 30);
+    LICE_MemBitmap other(30, 30);
+    const int x[] = {1, 9, 4, 2}, y[] = {1, 3, 9, 7};
+    const unsigned char mask[] = {255};
+    for (LICE_IBitmap* bm : {static_cast<LICE_IBitmap*>(nullptr), static_cast<LICE_IBitmap*>(&none)}) {
+        LICE_Clear(bm, 1);
+        LICE_FillRect(bm, 1, 1, 9, 9, 1, 1, 0);
+        LICE_DrawRect(bm, 1, 1, 9, 9, 1, 1, 0);
+        LICE_Line(bm, 1, 1, 9, 3, 1, 1, 0, true);
+        LICE_FLine(bm, 1, 1, 9, 3, 1, 1, 0, true);
+        LICE_DrawGlyph(bm, 1, 1, 1, mask, 1, 1, 1, 0);
+        LICE_Circle(bm, 9, 9, 4.5f, 1, 1, 0, true);
+        LICE_FillCircle(bm, 9, 9, 2, 1, 1, 0, true);
+        LICE_Arc(bm, 9, 9, 4.5f, 0, 2, 1, 1, 0, true);
+        LICE_RoundRect(bm, 1, 1, 20, 20, 5, 1, 1, 0, true);
+        LICE_FillConvexPolygon(bm, x, y, 4, 1, 1, 0);
+        LICE_FillTrapezoid(bm, 1, 9, 1, 2, 7, 6, 1, 1, 0);
+        for (const auto& [dest, src] : {std::pair(bm, static_cast<LICE_IBitmap*>(&other)), {&other, bm}, {bm, bm}}) {
+            LICE_Blit(dest, src, 0, 0, nullptr, 1, 0);
+            LICE_ScaledBlit(dest, src, 0, 0, 9, 9, 0, 0, 5, 5, 1, 0);
+            LICE_Blur(dest, src, 0, 0, 0, 0, 9, 9);
+        }
+    }
 }

@@ -49,38 +49,42 @@ void SlowBlit(TestSurface& dest, TestSurface& src, int dstx, int dsty, const REC
 int AnyMode(Random& random) {
     int mode = random.Of({0, 0, 0, 1, 2, 3, 4, 5, 6, 0xEF, random.In(0xF0, 0xFF)});
     if (random.Chance(2)) mode |= LICE_BLIT_USE_ALPHA;
-    if (random.Chance(4)) mode |= LICE_BLIT_IGNORE_SCALING;
     return mode | random.Of({0, 0, 0x100, 0x7E00, 0x40000000});
 }
 
 }  // namespace
 
+// Surfaces of one draw scale, and of two where the mode counts backing pixels.
 TEST(Blit, AgreesWithAPixelByPixelReference) {
     Random random;
-    for (int round = 0; round < 20000; ++round) {
-        TestSurface src = TestSurface::Any(random, 24, false, 0);
-        TestSurface dest = TestSurface::Any(random, 24, false, 8);
+    for (int round = 0; round < 30000; ++round) {
+        const int scale = random.Of({0, 0, 0, 0, 512, 384, 300, 128, 100, 1});
+        const bool ignored = random.Chance(3);
+        const auto surface = [&](int own, int border) {
+            return TestSurface({random.In(1, 24), random.In(1, 24), random.In(0, 3), random.Chance(2), own, border},
+                               random);
+        };
+        TestSurface src = surface(scale, 0), dest = surface(ignored ? random.Of({0, 200, 512}) : scale, 8);
         TestSurface expected = dest;
-        const int dstx = random.In(-20, 28), dsty = random.In(-20, 28), mode = AnyMode(random);
+        const int dstx = random.In(-20, 28), dsty = random.In(-20, 28);
+        const int mode = AnyMode(random) | (ignored ? LICE_BLIT_IGNORE_SCALING : 0);
         const float alpha = random.Alpha();
-        const RECT r = {random.In(-6, 20), random.In(-6, 20), random.In(-2, 30), random.In(-2, 30)};
-        const bool whole = random.Chance(4), byRect = random.Chance(2);
-        SlowBlit(expected, src, dstx, dsty, whole ? nullptr : &r, alpha, mode);
-        if (byRect && !whole) {
+        const RECT r = {random.In(-6, 20), random.In(-6, 20), random.In(-2, 45), random.In(-2, 45)};
+        const RECT* source = random.Chance(4) ? nullptr : &r;
+        SlowBlit(expected, src, dstx, dsty, source, alpha, mode);
+        if (source && random.Chance(2)) {
             LICE_BlitRect(&dest, &src, dstx, dsty, r.left, r.top, r.right - r.left, r.bottom - r.top, alpha, mode);
         } else {
-            LICE_Blit(&dest, &src, dstx, dsty, whole ? nullptr : &r, alpha, mode);
+            LICE_Blit(&dest, &src, dstx, dsty, source, alpha, mode);
         }
-        ASSERT_EQ(dest.memory, expected.memory)
-            << "round " << round << " mode " << std::hex << mode << " alpha " << alpha;
+        ASSERT_TRUE(dest.memory == expected.memory) << "mode " << mode << " alpha " << alpha << " scale " << scale;
     }
 }
 
 TEST(Blit, OverlapIsWalkedInPlainOrder) {
     Random random;
     for (int round = 0; round < 5000; ++round) {
-        TestSurface both = TestSurface::Any(random, 20, false, 8);
-        TestSurface expected = both;
+        TestSurface both = TestSurface::Any(random, 20, false, 8), expected = both;
         const bool wholeRows = random.Chance(3);
         const RECT r = wholeRows ? RECT{0, random.In(0, 4), 20, random.In(1, 20)}
                                  : RECT{random.In(0, 4), random.In(0, 4), random.In(1, 20), random.In(1, 20)};
@@ -89,32 +93,7 @@ TEST(Blit, OverlapIsWalkedInPlainOrder) {
         const float alpha = random.Alpha();
         SlowBlit(expected, expected, dstx, dsty, &r, alpha, mode);
         LICE_Blit(&both, &both, dstx, dsty, &r, alpha, mode);
-        ASSERT_EQ(both.memory, expected.memory)
-            << "round " << round << " mode " << std::hex << mode << " alpha " << alpha;
-    }
-}
-
-// Surfaces of one scale, and of two where the mode counts backing pixels.
-TEST(Blit, HonoursDrawScales) {
-    Random random;
-    for (int round = 0; round < 10000; ++round) {
-        const int scale = random.Of({512, 384, 300, 128, 100, 1});
-        const bool ignored = random.Chance(3);
-        const auto shape = [&](int own, int border) {
-            return TestSurface::Shape{
-                random.In(1, 20), random.In(1, 20), random.In(0, 3), random.Chance(2), own, border};
-        };
-        TestSurface src(shape(scale, 0), random);
-        TestSurface dest(shape(ignored ? random.Of({0, 200, 512}) : scale, 8), random);
-        TestSurface expected = dest;
-        const int mode = random.Of({0, 1, LICE_BLIT_USE_ALPHA, 0xF6}) | (ignored ? LICE_BLIT_IGNORE_SCALING : 0);
-        const int dstx = random.In(-10, 30), dsty = random.In(-10, 30);
-        const RECT r = {random.In(-6, 20), random.In(-6, 20), random.In(-2, 45), random.In(-2, 45)};
-        const RECT* source = random.Chance(4) ? nullptr : &r;
-        const float alpha = random.Alpha();
-        SlowBlit(expected, src, dstx, dsty, source, alpha, mode);
-        LICE_Blit(&dest, &src, dstx, dsty, source, alpha, mode);
-        ASSERT_EQ(dest.memory, expected.memory) << "round " << round << " scale " << scale << " mode " << mode;
+        ASSERT_TRUE(both.memory == expected.memory) << "mode " << mode << " alpha " << alpha;
     }
 }
 
@@ -124,34 +103,15 @@ TEST(Blit, SourceAlphaIsExactForEveryPairOfBytes) {
     TestSurface src({256, 256}, random), dest({256, 256}, random);
     for (const int ia : {256, 255, 200, 129, 128, 64, 1, 257, 300}) {
         for (int a = 0; a < 256; a += ia == 256 ? 1 : 5) {
-            for (int d = 0; d < 256; ++d) {
-                for (int s = 0; s < 256; ++s) {
-                    src.At(s, d) = LICE_RGBA(s, 255 - s, s ^ 0x55, a);
-                    dest.At(s, d) = LICE_RGBA(d, 255 - d, d, s);
-                }
+            for (int i = 0; i < 65536; ++i) {
+                const int d = i >> 8, s = i & 255;
+                src.memory[i] = LICE_RGBA(s, 255 - s, s ^ 0x55, a);
+                dest.memory[i] = LICE_RGBA(d, 255 - d, d, s);
             }
             TestSurface expected = dest;
             SlowBlit(expected, src, 0, 0, nullptr, ia / 256.0f, LICE_BLIT_USE_ALPHA);
             LICE_Blit(&dest, &src, 0, 0, nullptr, ia / 256.0f, LICE_BLIT_USE_ALPHA);
-            ASSERT_EQ(dest.memory, expected.memory) << "alpha byte " << a << ", opacity " << ia;
+            ASSERT_TRUE(dest.memory == expected.memory) << "alpha byte " << a << ", opacity " << ia;
         }
     }
-}
-
-TEST(Blit, AbsurdArgumentsStayInside) {
-    Random random;
-    const int ints[] = {INT_MIN, INT_MIN + 1, -70000, -1, 0, 1, 5, 70000, INT_MAX - 1, INT_MAX};
-    const float floats[] = {0.0f, -1.0f, 1.0f, 1e30f, -1e30f, 1e-30f, HUGE_VALF, -HUGE_VALF, NAN};
-    for (int round = 0; round < 20000; ++round) {
-        TestSurface src = TestSurface::Any(random, 9, true, 0);
-        TestSurface dest = TestSurface::Any(random, 9, true, 0);
-        const auto any = [&] { return random.Chance(2) ? random.Of(ints) : random.In(-3, 12); };
-        const RECT r = {any(), any(), any(), any()};
-        LICE_Blit(&dest, &src, any(), any(), &r, random.Of(floats), AnyMode(random));
-        LICE_BlitRect(&dest, &src, any(), any(), any(), any(), any(), any(), random.Of(floats), AnyMode(random));
-    }
-    TestSurface one({3, 3}, random), copy = one;
-    LICE_Blit(nullptr, &one, 0, 0, nullptr, 1.0f, 0);
-    LICE_Blit(&one, nullptr, 0, 0, nullptr, 1.0f, 0);
-    EXPECT_EQ(one.memory, copy.memory);
 }

@@ -10,14 +10,13 @@
 #include "lice/font_scratch.h"
 #include "lice/lice.h"
 #include "lice/text_reader.h"
+#include "tests/lice/brush.h"
 #include "tests/lice/slow_text.h"
-#include "tests/lice/support.h"
 
 namespace {
 
 std::string Show(const RECT& r) {
-    return std::to_string(r.left) + " " + std::to_string(r.top) + " " + std::to_string(r.right) + " " +
-           std::to_string(r.bottom);
+    return testing::PrintToString(std::tuple(r.left, r.top, r.right, r.bottom));
 }
 
 std::string AnyText(Random& random) {
@@ -72,10 +71,9 @@ TEST(Font, AgreesWithASlowComposer) {
                 if (!drawn.Has(0, 0)) continue;  // scaled to nothing
                 TestSurface wanted = drawn;
                 RECT wantedRect = rect;
-                const std::string trace = "height " + std::to_string(height) + " flags " + std::to_string(flags) +
-                                          " format " + std::to_string(format) + " mode " + std::to_string(look.mode) +
-                                          " scale " + std::to_string(drawn.Scale()) + " text " +
-                                          testing::PrintToString(text) + " at " + Show(rect);
+                const std::string trace =
+                    Told({0, look.alpha, look.mode}, drawn, "height", height, "flags", flags, "format", format, "text",
+                         testing::PrintToString(text), "at", Show(rect));
                 const int wantedResult = SlowDraw(wanted, slow, look, text, wantedRect, format);
                 // In a block without a closing zero, so that a sanitizer sees reading ahead.
                 const std::vector<char> bytes(text.begin(), text.end());
@@ -187,12 +185,9 @@ TEST(Font, TallTextIsTheSystemsOwn) {
         EXPECT_EQ(DrawTextW(plain.getDC(), wide, -1, &theirs, format | DT_NOPREFIX), height);
         GdiFlush();
         for (int y = 0; y < 330; ++y) {
-            const auto row = [y](LICE_IBitmap& b) {
-                return std::vector<LICE_pixel>(b.getBits() + y * b.getRowSpan(),
-                                               b.getBits() + y * b.getRowSpan() + 420);
-            };
-            ASSERT_EQ(row(direct), row(plain)) << format << " row " << y;
-            ASSERT_EQ(row(without), row(plain)) << format << " row " << y;
+            const auto row = [y](LICE_IBitmap& b) { return b.getBits() + y * b.getRowSpan(); };
+            ASSERT_TRUE(std::equal(row(plain), row(plain) + 420, row(direct))) << format << " row " << y;
+            ASSERT_TRUE(std::equal(row(plain), row(plain) + 420, row(without))) << format << " row " << y;
         }
     }
     RECT with{5, 5, 0, 0}, none{5, 5, 0, 0};

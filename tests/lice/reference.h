@@ -23,6 +23,13 @@ inline LICE_pixel Join(const Channels& k) {
     return p;
 }
 
+template <class Formula>  // of an old and a source channel
+LICE_pixel EachChannel(LICE_pixel old, LICE_pixel source, Formula formula) {
+    Channels n = Split(old);
+    for (int i = 0; i < 4; ++i) n.c[i] = formula(n.c[i], Split(source).c[i]);
+    return Join(n);
+}
+
 inline int64_t Held(int64_t v) {
     return v < 0 ? 0 : v > 255 ? 255 : v;
 }
@@ -63,26 +70,22 @@ inline LICE_pixel HsvAdjust(LICE_pixel old, LICE_pixel source, int64_t ia) {
 // The general function of the mode byte, at any opacity; the old pixel for a mode that there is not.
 inline LICE_pixel Combine(LICE_pixel old, LICE_pixel source, int64_t ia, int modeByte) {
     if (modeByte == LICE_BLIT_MODE_HSVADJ) return HsvAdjust(old, source, ia);
-    Channels d = Split(old);
-    const Channels k = Split(source);
-    for (int i = 0; i < 4; ++i) {
-        const int64_t s = k.c[i];
-        int64_t& n = d.c[i];
-        if (modeByte == LICE_BLIT_MODE_COPY) {
-            n = s + (n - s) * (256 - ia) / 256;
-        } else if (modeByte == LICE_BLIT_MODE_ADD) {
-            n = Held(n + s * ia / 256);
-        } else if (modeByte == LICE_BLIT_MODE_DODGE) {
-            const int64_t t = 256 - s * ia / 256;
-            n = Held(t >= 2 ? n * 256 / t : n * 256);
-        } else if (modeByte == LICE_BLIT_MODE_MUL) {
-            n = n * ((256 - ia) * 256 + s * ia) >> 16;
-        } else if (modeByte == LICE_BLIT_MODE_OVERLAY) {
-            const int64_t u = s * ia + (256 - ia) * 128;
-            n = Held(n * (n * (32768 - u) / 256 + u) >> 15);
+    return EachChannel(old, source, [=](int64_t d, int64_t s) {
+        const int64_t t = 256 - s * ia / 256, u = s * ia + (256 - ia) * 128;
+        switch (modeByte) {
+            case LICE_BLIT_MODE_COPY:
+                return s + (d - s) * (256 - ia) / 256;
+            case LICE_BLIT_MODE_ADD:
+                return Held(d + s * ia / 256);
+            case LICE_BLIT_MODE_DODGE:
+                return Held(t >= 2 ? d * 256 / t : d * 256);
+            case LICE_BLIT_MODE_MUL:
+                return d * ((256 - ia) * 256 + s * ia) >> 16;
+            case LICE_BLIT_MODE_OVERLAY:
+                return Held(d * (d * (32768 - u) / 256 + u) >> 15);
         }
-    }
-    return Join(d);
+        return d;
+    });
 }
 
 // With the source's own alpha.
@@ -99,16 +102,12 @@ inline LICE_pixel CombineAlpha(LICE_pixel old, LICE_pixel source, int64_t ia, in
 }
 
 inline LICE_pixel Mean(LICE_pixel old, LICE_pixel source) {
-    Channels d = Split(old);
-    for (int i = 0; i < 4; ++i) d.c[i] = (d.c[i] + Split(source).c[i]) / 2;
-    return Join(d);
+    return EachChannel(old, source, [](int64_t d, int64_t s) { return (d + s) / 2; });
 }
 
 // The quick form, which loses a low bit of both.
 inline LICE_pixel Average(LICE_pixel old, LICE_pixel source) {
-    Channels d = Split(old);
-    for (int i = 0; i < 4; ++i) d.c[i] = d.c[i] / 2 + Split(source).c[i] / 2;
-    return Join(d);
+    return EachChannel(old, source, [](int64_t d, int64_t s) { return d / 2 + s / 2; });
 }
 
 inline int64_t ScaleCoord(int64_t value, int scale) {

@@ -15,38 +15,31 @@ struct Stretch {
     float srcx, srcy, srcw, srch;
 };
 
-std::ostream& operator<<(std::ostream& out, const Stretch& s) {
-    return out << s.srcx << "," << s.srcy << " " << s.srcw << "x" << s.srch << " -> " << s.dstx << "," << s.dsty << " "
-               << s.dstw << "x" << s.dsth;
-}
-
-// The sum of all source pixels, each times weight(dx, dy) by its distance from column and row.
+// The sum of all source pixels, each times weight(dx, dy) by its distance from column and row, divided by `total`, or
+// where that is 0 by the weights that counted.
 template <class Weight>
-LICE_pixel Weighted(TestSurface& src, int64_t column, int64_t row, int reach, int64_t fixedTotal, Weight weight) {
-    int64_t sums[4] = {}, total = 0;
+LICE_pixel Weighted(TestSurface& src, int64_t column, int64_t row, int reach, int64_t total, Weight weight) {
+    int64_t sums[4] = {}, counted = 0;
     for (int dy = -reach; dy <= reach; ++dy) {
         for (int dx = -reach; dx <= reach; ++dx) {
             if (!src.Has(column + dx, row + dy)) continue;
-            const int64_t w = weight(dx, dy);
-            const reference::Channels k =
-                reference::Split(src.At(static_cast<int>(column + dx), static_cast<int>(row + dy)));
-            for (int i = 0; i < 4; ++i) sums[i] += w * k.c[i];
-            total += w;
+            const LICE_pixel pixel = src.At(static_cast<int>(column + dx), static_cast<int>(row + dy));
+            for (int i = 0; i < 4; ++i) sums[i] += weight(dx, dy) * reference::Split(pixel).c[i];
+            counted += weight(dx, dy);
         }
     }
-    const int64_t divisor = fixedTotal ? fixedTotal : total;
-    return reference::Join({{sums[0] / divisor, sums[1] / divisor, sums[2] / divisor, sums[3] / divisor}});
+    for (int64_t& sum : sums) sum /= total ? total : counted;
+    return reference::Join({{sums[0], sums[1], sums[2], sums[3]}});
 }
 
 // For surfaces without draw scale, at sizes that are not those of the source.
 void SlowScaledBlit(TestSurface& dest, TestSurface& src, const Stretch& s, float alpha, int mode) {
     const int ia = static_cast<int>(alpha * 256.0), modeByte = mode & 0xFF;
-    if (s.dstw <= 0 || s.dsth <= 0 || ia == 0 || modeByte > 5 || (modeByte == 0 && ia < 0)) return;
+    if (ia == 0 || modeByte > 5 || (modeByte == 0 && ia < 0)) return;
     const auto fixed = [](double v) { return static_cast<int64_t>(v * 65536.0); };
     const int64_t xStep = fixed(double{s.srcw} / s.dstw), yStep = fixed(double{s.srch} / s.dsth);
     const double larger = static_cast<double>(std::max(xStep, yStep)) / 65536.0;
     const bool filter = (mode & 0xFF00) == Filter, shrinks = xStep >= 111411 && yStep >= 111411;
-    const bool alphaForm = (mode & LICE_BLIT_USE_ALPHA) != 0, nearest = (mode & 0x1FFFF) == 0;
 
     const auto cross = [&](int dx, int dy) -> int64_t {
         if (dx == 0 && dy == 0) return 0x10000;
@@ -70,10 +63,10 @@ void SlowScaledBlit(TestSurface& dest, TestSurface& src, const Stretch& s, float
                 });
             }
             LICE_pixel& pixel = dest.At(s.dstx + x, s.dsty + y);
-            if (alphaForm) {
+            if (mode & LICE_BLIT_USE_ALPHA) {
                 pixel = reference::CombineAlpha(pixel, source, ia, modeByte);
             } else if (modeByte == 0 && ia == 128) {
-                pixel = nearest ? reference::Average(pixel, source) : reference::Mean(pixel, source);
+                pixel = (mode & 0x1FFFF) == 0 ? reference::Average(pixel, source) : reference::Mean(pixel, source);
             } else {
                 pixel = reference::Combine(pixel, source, ia, modeByte);
             }
@@ -86,9 +79,9 @@ void SlowScaledBlit(TestSurface& dest, TestSurface& src, const Stretch& s, float
 TEST(ScaledBlit, EachFamilyAgreesWithAPixelByPixelReference) {
     Random random;
     for (int round = 0; round < 20000; ++round) {
-        TestSurface src = TestSurface::Any(random, 24, false, 0);
-        TestSurface dest = TestSurface::Any(random, 24, false, 8);
-        TestSurface expected = dest;
+        TestSurface src = TestSurface::Any(random, 24, false, 8);
+        TestSurface dest = TestSurface::Any(random, 24, false, 8), expected = dest;
+        const bool onItself = random.Chance(8);  // pixel by pixel, each reading what the one before it has left
         Stretch s = {random.In(-8, 20),    random.In(-8, 20),    random.In(1, 40),      random.In(1, 40),
                      random.In(-3.f, 9.f), random.In(-3.f, 9.f), random.In(-4.f, 40.f), random.In(0.f, 40.f)};
         if (random.Chance(2)) {  // whole pixels, and sizes in proportion
@@ -100,10 +93,12 @@ TEST(ScaledBlit, EachFamilyAgreesWithAPixelByPixelReference) {
         const int mode = random.Of({0, 0, 1, 2, 3, 4, 5, 6}) | random.Of({0, Filter, Filter, 0x200}) |
                          (random.Chance(2) ? LICE_BLIT_USE_ALPHA : 0);
         const float alpha = random.Alpha();
-        SlowScaledBlit(expected, src, s, alpha, mode);
-        LICE_ScaledBlit(&dest, &src, s.dstx, s.dsty, s.dstw, s.dsth, s.srcx, s.srcy, s.srcw, s.srch, alpha, mode);
-        ASSERT_EQ(dest.memory, expected.memory)
-            << "round " << round << " mode " << std::hex << mode << " alpha " << alpha << " " << s;
+        SlowScaledBlit(expected, onItself ? expected : src, s, alpha, mode);
+        LICE_ScaledBlit(&dest, onItself ? &dest : &src, s.dstx, s.dsty, s.dstw, s.dsth, s.srcx, s.srcy, s.srcw, s.srch,
+                        alpha, mode);
+        ASSERT_TRUE(dest.memory == expected.memory)
+            << "mode " << mode << " alpha " << alpha << " of " << s.srcx << "," << s.srcy << " " << s.srcw << "x"
+            << s.srch << " to " << s.dstx << "," << s.dsty << " " << s.dstw << "x" << s.dsth;
     }
 }
 
@@ -126,40 +121,13 @@ TEST(ScaledBlit, EqualSizesAreABlit) {
 // Surfaces of different scale: a blit stretches by their quotient, and never reads past what the source has.
 TEST(ScaledBlit, BlitsBetweenDrawScalesStretch) {
     Random random;
-    TestSurface src({6, 6}, random), dest({6, 6, 0, false, 512, 4}, random);
+    TestSurface src({6, 6}, random), dest({6, 6, 0, false, 512, 4}, random), back({6, 6, 0, true, 0, 4}, random);
     LICE_Blit(&dest, &src, 1, 0, nullptr, 1.0f, 0);
-    for (int y = 0; y < 12; ++y) {
-        for (int x = 2; x < 12; ++x) ASSERT_EQ(dest.At(x, y), src.At((x - 2) / 2, y / 2)) << x << "," << y;
-    }
-    TestSurface back({6, 6, 0, true, 0, 4}, random);
     LICE_Blit(&back, &dest, 0, 0, nullptr, 1.0f, 0);
-    for (int y = 0; y < 6; ++y) {
-        for (int x = 1; x < 6; ++x) ASSERT_EQ(back.At(x, y), src.At(x - 1, y)) << x << "," << y;
-    }
-}
-
-TEST(ScaledBlit, OverlapIsWalkedPixelByPixel) {
-    Random random;
-    for (int round = 0; round < 2000; ++round) {
-        TestSurface both = TestSurface::Any(random, 20, false, 8), expected = both;
-        const Stretch s = {random.In(0, 6), random.In(0, 6), random.In(1, 20), random.In(1, 20), 0.25f, 0, 7.5f, 9.0f};
-        const int mode = random.Of({0, Filter}) | (random.Chance(2) ? LICE_BLIT_USE_ALPHA : 0);
-        SlowScaledBlit(expected, expected, s, 0.75f, mode);
-        LICE_ScaledBlit(&both, &both, s.dstx, s.dsty, s.dstw, s.dsth, s.srcx, s.srcy, s.srcw, s.srch, 0.75f, mode);
-        ASSERT_EQ(both.memory, expected.memory) << "round " << round << " mode " << std::hex << mode << " " << s;
-    }
-}
-
-TEST(ScaledBlit, AbsurdArgumentsStayInside) {
-    Random random;
-    const int ints[] = {INT_MIN, INT_MIN + 1, -70000, -1, 0, 1, 5, 70000, INT_MAX - 1, INT_MAX};
-    const float floats[] = {0.0f, -1.0f, 1e-30f, 1e-5f, 65536.0f, 2147483648.0f, 1e30f, HUGE_VALF, -HUGE_VALF, NAN};
-    for (int round = 0; round < 20000; ++round) {
-        TestSurface src = TestSurface::Any(random, 9, true, 0), dest = TestSurface::Any(random, 9, true, 0);
-        const auto any = [&] { return random.Chance(3) ? random.Of(ints) : random.In(-3, 12); };
-        const auto anyFloat = [&] { return random.Chance(3) ? random.Of(floats) : random.In(-3.f, 12.f); };
-        LICE_ScaledBlit(&dest, &src, any(), any(), any(), any(), anyFloat(), anyFloat(), anyFloat(), anyFloat(),
-                        random.Chance(8) ? anyFloat() : 1.0f, random.Of({0, 1, Filter, 0xF6, 0x20000, 0x10100}));
-    }
-    LICE_ScaledBlit(nullptr, nullptr, 0, 0, 5, 5, 0, 0, 5, 5, 1.0f, 0);
+    for (int y = 0; y < 12; ++y)
+        for (int x = 2; x < 12; ++x) {
+            const LICE_pixel pixel = src.At((x - 2) / 2, y / 2);
+            ASSERT_EQ(dest.At(x, y), pixel) << x << "," << y;
+            ASSERT_EQ(back.At(x / 2, y / 2), pixel) << x << "," << y;
+        }
 }

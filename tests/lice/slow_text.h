@@ -103,17 +103,17 @@ class SlowFont {
         const int startX = x, startY = y;
         const bool vertical = Has(LICE_FONT_FLAG_VERTICAL);
         const int step = lineHeight + lineSpacing;
+        int wrapAt = 0;
         const auto nextLine = [&] {
             x = vertical ? x + step : startX;
             y = vertical ? startY : y + step;
+            wrapAt = 0;
         };
-        int wrapAt = 0;
         for (size_t i = 0; i < letters.size(); ++i) {
             unsigned code = letters[i].code;
             if (code == 13) continue;
             if (code == 10 && !(format & DT_SINGLELINE)) {
                 nextLine();
-                wrapAt = 0;
                 continue;
             }
             if (code == 10) code = 32;
@@ -122,10 +122,7 @@ class SlowFont {
                 (vertical ? y : x) += upward ? -glyph->advance : glyph->advance;
             }
             if (!(format & DT_WORDBREAK) || format & DT_SINGLELINE) continue;
-            if (wrapAt && letters[i].end >= wrapAt) {
-                nextLine();
-                wrapAt = 0;
-            }
+            if (wrapAt && letters[i].end >= wrapAt) nextLine();
             if (!wrapAt) wrapAt = Break(letters, i + 1, limit - (vertical ? y : x));
         }
         return placed;
@@ -134,10 +131,11 @@ class SlowFont {
     SIZE Measure(const std::string& text, UINT format, int limit) {
         SIZE size{0, 0};
         for (const Placed& p : Place(text, 0, 0, format, limit, false)) {
-            const int ink = (Has(LICE_FONT_FLAG_VERTICAL) ? p.glyph->Height() : p.glyph->Width()) - p.glyph->left;
-            const int length = std::max(p.glyph->advance, ink);
-            size.cx = std::max<LONG>(size.cx, p.x + (Has(LICE_FONT_FLAG_VERTICAL) ? p.glyph->Width() : length));
-            size.cy = std::max<LONG>(size.cy, p.y + (Has(LICE_FONT_FLAG_VERTICAL) ? length : p.glyph->Height()));
+            int w = p.glyph->Width(), h = p.glyph->Height();
+            int& length = Has(LICE_FONT_FLAG_VERTICAL) ? h : w;
+            length = std::max(p.glyph->advance, length - p.glyph->left);
+            size.cx = std::max<LONG>(size.cx, p.x + w);
+            size.cy = std::max<LONG>(size.cy, p.y + h);
         }
         return size;
     }
@@ -178,10 +176,10 @@ class SlowFont {
         SlowGlyph g;
         g.advance = cell.right;
         g.left = leftMargin - first;
-        g.rows.assign(cell.bottom, std::vector<int>(last - first));
+        g.rows.resize(cell.bottom);
         for (int y = 0; y < cell.bottom; ++y)
             for (int x = first; x < last; ++x)
-                g.rows[y][x - first] = Has(LICE_FONT_FLAG_INVERT) ? 255 - ink(x, y) : ink(x, y);
+                g.rows[y].push_back(Has(LICE_FONT_FLAG_INVERT) ? 255 - ink(x, y) : ink(x, y));
         if (Has(LICE_FONT_FLAG_VERTICAL)) {
             std::vector<std::vector<int>> turned(g.Width(), std::vector<int>(g.Height()));
             for (int y = 0; y < g.Height(); ++y)
@@ -221,12 +219,11 @@ struct Look {
 
 inline LICE_pixel MergeCoverage(LICE_pixel old, int coverage, const Look& look, float alpha, bool twoColors) {
     const int modeByte = look.mode & 0xFF;
-    int64_t ia = static_cast<int64_t>(alpha * 256.0);
-    if (ia == 0 || modeByte > 5 || (modeByte == 0 && ia < 0)) return old;
-    if (twoColors)
-        return reference::Combine(old, coverage == 255 ? look.text : look.effect, std::min<int64_t>(ia, 256), modeByte);
-    return reference::Combine(old, look.text, ia == 256 ? coverage + 1 : std::min<int64_t>(coverage * ia / 256, 256),
-                              modeByte);
+    const int64_t ia = static_cast<int64_t>(alpha * 256.0);
+    if (coverage == 0 || ia == 0 || modeByte > 5 || (modeByte == 0 && ia < 0)) return old;
+    if (!twoColors && ia == 256) return reference::Combine(old, look.text, coverage + 1, modeByte);
+    return reference::Combine(old, twoColors && coverage < 255 ? look.effect : look.text,
+                              std::min<int64_t>(twoColors ? ia : coverage * ia / 256, 256), modeByte);
 }
 
 inline int ScaledBack(int64_t value, int scale) {
@@ -263,31 +260,25 @@ inline int SlowDraw(TestSurface& dest, SlowFont& font, const Look& look, const s
         if (format & DT_BOTTOM) y = rect.bottom - size.cy;
         if (font.Upward()) y += size.cy;
 
-        const auto inClip = [&](int px, int py) {
-            return format & DT_NOCLIP || (px >= rect.left && px < rect.right && py >= rect.top && py < rect.bottom);
-        };
-        bool anyRoom = alpha != 0.0f && (format & DT_NOCLIP);
-        for (int py = 0; py < dest.BackingHeight(); ++py)
-            for (int px = 0; px < dest.BackingWidth(); ++px) anyRoom |= alpha != 0.0f && inClip(px, py);
+        RECT clip{0, 0, dest.BackingWidth(), dest.BackingHeight()};
+        const bool shown = alpha != 0.0f && (format & DT_NOCLIP || IntersectRect(&clip, &clip, &rect));
         int reach = vertical ? x : y;
         const int start = reach;
         for (const Placed& p : font.Place(text, x, y, format, vertical ? rect.bottom : rect.right, font.Upward())) {
-            if (!anyRoom) break;
+            if (!shown) break;
             const SlowGlyph& g = *p.glyph;
             const int top = font.Upward() ? p.y - g.Height() : p.y;
             const int gx = vertical ? p.x : p.x - g.left;
             const int gy = !vertical ? top : font.Upward() ? top - g.left : top + g.left;
             reach = std::max(reach, vertical ? p.x + g.Width() : top + g.Height());
-            for (int row = 0; row < g.Height(); ++row)
-                for (int column = 0; column < g.Width(); ++column) {
-                    const int px = gx + column, py = gy + row;
-                    if (!dest.Has(px, py) || !inClip(px, py)) continue;
+            for (int py = std::max<int>(gy, clip.top); py < std::min<int>(gy + g.Height(), clip.bottom); ++py)
+                for (int px = std::max<int>(gx, clip.left); px < std::min<int>(gx + g.Width(), clip.right); ++px) {
                     if (look.bkMode == OPAQUE)
                         LICE_FillRect(&dest, px, py, 1, 1, look.back, alpha,
                                       (look.mode & ~LICE_BLIT_USE_ALPHA) | LICE_BLIT_IGNORE_SCALING);
-                    LICE_pixel& pixel = dest.At(px, py);
                     const bool two = font.Has(LICE_FONT_FLAG_SHADOW | LICE_FONT_FLAG_OUTLINE | LICE_FONT_FLAG_MONO);
-                    if (g.rows[row][column]) pixel = MergeCoverage(pixel, g.rows[row][column], look, alpha, two);
+                    LICE_pixel& pixel = dest.At(px, py);
+                    pixel = MergeCoverage(pixel, g.rows[py - gy][px - gx], look, alpha, two);
                 }
         }
         result = reach - start;
