@@ -17,33 +17,16 @@ class Exportar : public Cena {
         Cena::SetUp();
         SetEnvironment("TEMP", host.resourcePath);
         SetEnvironment("TMP", "");
-        host.projectConfigVars["projrenderresample"] = {3, 0, 0, 0};
-        script = host.resourcePath + PathSeparator + "~quilmo_desktop_temp.lua";
+        reamostragem = {3, 0, 0, 0};
     }
-    bool ScriptNoDisco() {
-        std::string texto;
-        return ReadTextFile(script, texto);
-    }
-    // The first line that the script gets for a project of that path.
-    std::string Cabecalho(const std::string& caminho) {
-        host.project.path = caminho;
-        host.scriptsRun.clear();
-        RenderPreLeigo();
-        return Script().substr(0, Script().find('\n'));
-    }
-    // The one that was run. It is a text file, whose lines end as the system's do.
-    std::string Script() {
-        std::string texto = host.scriptsRun.empty() ? "" : host.scriptsRun[0].text;
-        std::erase(texto, '\r');
-        return texto;
-    }
-    std::string script;
+    bool HaScriptNoDisco() { return fs::exists(fs::u8path(script)); }
+
+    std::vector<char>& reamostragem = host.projectConfigVars["projrenderresample"];
+    const std::string script = host.resourcePath + PathSeparator + "~quilmo_desktop_temp.lua";
 };
 
 TEST_F(Exportar, NomeDoProjetoChegaInteiroAoScript) {
-    const struct {
-        const char *caminho, *nome;
-    } casos[] = {
+    const std::pair<const char*, const char*> casos[] = {
         {"/musicas/Show.RPP", "Show"},
         {"C:\\musicas\\a.rpp", "a"},
         {"Show.rpp", "Show"},
@@ -55,30 +38,36 @@ TEST_F(Exportar, NomeDoProjetoChegaInteiroAoScript) {
         {"/x/100%s \"ao vivo\".rpp", "100%s \\\"ao vivo\\\""},
         {"/x/S\xC3\xA3o.rpp", "S\xC3\xA3o"},
     };
-    for (const auto& caso : casos)
-        EXPECT_EQ(Cabecalho(caso.caminho), std::string("local proj_name_cpp = \"") + caso.nome + '"') << caso.caminho;
-    const std::string texto = Script();
-    EXPECT_NE(texto.find("\nlocal proj_name = (proj_name_cpp ~= \"\") and proj_name_cpp or "
-                         "os.date(\"Gravacao_%Y-%m-%d_%Hh%M\")\n"),
-              std::string::npos);
+    for (const auto& [caminho, nome] : casos) {
+        host.project.path = caminho;
+        host.scriptsRun.clear();
+        RenderPreLeigo();
+        ASSERT_EQ(host.scriptsRun.size(), 1u);
+        std::string texto = host.scriptsRun[0].text;
+        std::erase(texto, '\r');  // a text file, whose lines end as the system's do
+        const std::string cabecalho = std::string("local proj_name_cpp = \"") + nome +
+                                      "\"\nlocal proj_name = (proj_name_cpp ~= \"\") and proj_name_cpp or "
+                                      "os.date(\"Gravacao_%Y-%m-%d_%Hh%M\")\n";
+        EXPECT_EQ(texto.substr(0, cabecalho.size()), cabecalho);
+    }
     EXPECT_EQ(host.scriptsRun[0].path, script);
-    EXPECT_FALSE(ScriptNoDisco());
+    EXPECT_FALSE(HaScriptNoDisco());
     EXPECT_TRUE(host.scripts.empty()) << "the action is taken out again";
-    EXPECT_EQ(host.projectConfigVars["projrenderresample"], (std::vector<char>{9, 0, 0, 0}));
+    EXPECT_EQ(reamostragem, (std::vector<char>{9, 0, 0, 0}));
 }
 
 TEST_F(Exportar, RecusasNaoDeixamNada) {
     host.FailFrom("AddRemoveReaScript", 1);
     RenderPreLeigo();
-    EXPECT_EQ(Mensagens(), "Quilmo: Nao foi possivel registrar o script temporario de render.");
-    EXPECT_FALSE(ScriptNoDisco());
+    EXPECT_FALSE(HaScriptNoDisco());
     host.StopFailing();
-    host.messages.clear();
-    host.projectConfigVars["projrenderresample"] = {3, 0};
+    reamostragem = {3, 0};
     SetEnvironment("TEMP", host.resourcePath + "/nao/existe");
     RenderPreLeigo();
-    EXPECT_EQ(Mensagens(), "Quilmo: Nao foi possivel criar o script temporario de render.");
-    EXPECT_EQ(host.projectConfigVars["projrenderresample"], (std::vector<char>{3, 0})) << "of another size: left alone";
+    EXPECT_EQ(Mensagens(),
+              "Quilmo: Nao foi possivel registrar o script temporario de render. | "
+              "Quilmo: Nao foi possivel criar o script temporario de render.");
+    EXPECT_EQ(reamostragem, (std::vector<char>{3, 0})) << "of another size: left alone";
     EXPECT_TRUE(host.scriptsRun.empty());
 }
 
