@@ -1,10 +1,8 @@
 #include "panel/window_state.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cinttypes>
 #include <cstdlib>
-#include <limits>
 
 #include "panel/state.h"
 #include "platform/files.h"
@@ -26,10 +24,8 @@ static std::string LerComeco(const std::string& caminho) {
 // The next integer after white space; false when there is none or it has more than 32 bits.
 static bool LerInteiro(const char*& texto, int32_t& valor) {
     char* fim = nullptr;
-    errno = 0;
-    const long long lido = std::strtoll(texto, &fim, 10);
-    using Limites = std::numeric_limits<int32_t>;
-    if (fim == texto || errno == ERANGE || lido < Limites::min() || lido > Limites::max()) return false;
+    const long long lido = std::strtoll(texto, &fim, 10);  // held at the ends of its type
+    if (fim == texto || lido < INT32_MIN || lido > INT32_MAX) return false;
     texto = fim;
     valor = static_cast<int32_t>(lido);
     return true;

@@ -126,24 +126,25 @@ TEST_F(Linhas, CadaEscolhaDosMenus) {
         int x, y;
         const char *escolha, *efeito;
     } menus[] = {
-        {240, 287, "Fecha Lacuna Entre Selecionados", "Executado: FechaLacuna"},
-        {240, 287, "Fecha Lacunas Subsequentes", "Executado: FechaLacunaSubsequente"},
+        {240, 287, "Fecha Lacuna Entre Selecionados",
+         "Executado: FechaLacuna !Erro: Selecione mais de 2 itens na mesma trilha para usar este script."},
+        {240, 287, "Fecha Lacunas Subsequentes", "Executado: FechaLacunaSubsequente <Fechar Lacunas Subsequentes"},
         {240, 287, "Fecha Lacuna Selecionada com Mixagem", "Executado: JuntaClipCrossfade"},
         {240, 287, "Fechar", ""},
         {240, 287, "", ""},
-        {60, 332, "Todos os itens do projeto", "Executado: SelecionarTodosProjeto"},
-        {60, 332, "Todos os itens da faixa", "Executado: SelecionarTodosFaixa"},
-        {60, 332, "Tudo antes do ponteiro", "Executado: SelecionarAntesCursor"},
-        {60, 332, "Tudo depois do ponteiro", "Executado: SelecionarDepoisCursor"},
-        {60, 332, "Tudo antes do ponteiro (faixa selecionada)", "Executado: SelecionarAntesCursorFaixa"},
-        {60, 332, "Tudo depois do ponteiro (faixa selecionada)", "Executado: SelecionarDepoisCursorFaixa"},
+        {60, 332, "Todos os itens do projeto", "Executado: SelecionarTodosProjeto <Selecionar Todos os Itens"},
+        {60, 332, "Todos os itens da faixa", "Executado: SelecionarTodosFaixa <Selecionar Itens da Faixa"},
+        {60, 332, "Tudo antes do ponteiro", "Executado: SelecionarAntesCursor <Selecionar Antes do Cursor"},
+        {60, 332, "Tudo depois do ponteiro", "Executado: SelecionarDepoisCursor <Selecionar Depois do Cursor"},
+        {60, 332, "Tudo antes do ponteiro (faixa selecionada)",
+         "Executado: SelecionarAntesCursorFaixa <Selecionar Antes do Cursor (Faixa)"},
+        {60, 332, "Tudo depois do ponteiro (faixa selecionada)",
+         "Executado: SelecionarDepoisCursorFaixa <Selecionar Depois do Cursor (Faixa)"},
         {60, 332, "Fechar", ""},
     };
     for (const auto& menu : menus) {
-        Cenario();
         driver::AnswerNextMenu(menu.escolha);
-        Clicar(menu.x, menu.y);
-        EXPECT_STREQ(StatusMsg, menu.efeito);
+        EXPECT_EQ(Efeito(menu.x, menu.y), menu.efeito) << menu.escolha;
         EXPECT_FALSE(Mouse.esquerdoSeguro) << "the menu took the release";
     }
     EXPECT_EQ(driver::LastMenu().size(), 10u);
