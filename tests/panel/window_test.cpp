@@ -137,8 +137,8 @@ TEST_F(Painel, OBotaoEsquerdoCapturaODireitoNao) {
     Soltar();
     EXPECT_FALSE(Mouse.esquerdoSeguro);
     EXPECT_EQ(GetCapture(), nullptr);
-    Mover(-50, 60);
-    EXPECT_EQ(Mouse.x, -30) << "outside and without capture the last place stays";
+    Mover(-3, 60);
+    EXPECT_EQ(Mouse.x, -30) << "on the frame and without capture the last place stays";
 
     Mover(10, 10);
     Apertar(Button::Right);
