@@ -22,20 +22,22 @@ command -v taskset >/dev/null && one_core=(taskset -c 0)
 best_of() {
     local best= took
     for _ in 1 2 3 4 5; do
-        took=$( { TIMEFORMAT=%R; time "${one_core[@]}" "$@" >/dev/null 2>&1; } 2>&1)
+        took=$( { TIMEFORMAT=%R; time "${one_core[@]}" "$@" >/dev/null 2>&1; } 2>&1) || { echo "failed: $*" >&2; return 1; }
         best=$(awk -v a="${best:-$took}" -v b="$took" 'BEGIN {print a < b ? a : b}')
     done
     echo "$best"
 }
 
 ours=$(best_of $fatiar "$hour")
-report() { # name, seconds, wanted ratio
-    awk -v name="$1" -v s="$2" -v ours="$ours" -v goal="$3" 'BEGIN {
+report() { # name, wanted ratio, command
+    local seconds
+    seconds=$(best_of "${@:3}")
+    awk -v name="$1" -v s="$seconds" -v ours="$ours" -v goal="$2" 'BEGIN {
         printf "%-34s %7.3f s   fatiar is %5.1f times as fast (goal %d)\n", name, s, s / ours, goal}'
 }
 printf '%-34s %7.3f s   %.0f times real time\n' "fatiar" "$ours" "$(awk -v s="$ours" 'BEGIN {print 3600 / s}')"
-report "ffmpeg -af silencedetect" "$(best_of ffmpeg -hide_banner -i "$hour" -af silencedetect -f null -)" 10
-report "sox silence" "$(best_of sox "$hour" -n silence 1 0.01 -37d -1 0.055 -37d)" 25
+report "ffmpeg -af silencedetect" 10 ffmpeg -hide_banner -i "$hour" -af silencedetect -f null -
+report "sox silence" 25 sox "$hour" -n silence 1 0.01 -37d -1 0.055 -37d
 if command -v /usr/bin/time >/dev/null; then
     kilobytes=$( { /usr/bin/time -f %M $fatiar "$hour" >/dev/null; } 2>&1)
     awk -v k="$kilobytes" 'BEGIN {printf "fatiar, memory at its peak           %5.1f MB   (goal: under 40)\n", k / 1024}'

@@ -4,7 +4,7 @@
 set -eu
 here=$(cd "$(dirname "$0")/.." && pwd)
 prefix=wineprefix seen=
-if [ "$1" = --janela ]; then
+if [ "${1:?usage: wine.sh [--janela] PROGRAM [ARGUMENT...]}" = --janela ]; then
     shift
     [ -z "${DISPLAY:-}" ] || prefix=wineprefix-janela seen=yes
 fi
@@ -12,7 +12,7 @@ export WINEPREFIX="${WINEPREFIX:-$here/build/windows/$prefix}"
 export WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
 mkdir -p "$WINEPREFIX"
 wine=/usr/lib/wine/wine64
-[ -x "$wine" ] || wine=$(command -v wine64 || command -v wine)
+[ -x "$wine" ] || wine=$(command -v wine64 || command -v wine) || { echo "Wine is not installed." >&2; exit 127; }
 if [ -n "$seen" ]; then
     if [ ! -e "$WINEPREFIX/system.reg" ]; then
         echo "Preparando o Wine, so desta vez..." >&2
