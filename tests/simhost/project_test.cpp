@@ -1,6 +1,5 @@
 // What callers lean on in the project: order, splits, undo, markers, and the numbered actions.
-#include <random>
-
+#include "tests/lice/support.h"
 #include "tests/support/story.h"
 
 namespace {
@@ -36,9 +35,7 @@ TEST_F(Arrangement, ItemsStandByPositionUnderTheirTracks) {
 
 // The list of a track's items must agree with a plain sorted list, wherever its gap stands.
 TEST_F(Arrangement, AnyEditsKeepTheLists) {
-    const unsigned seed = std::random_device{}();
-    SCOPED_TRACE(seed);
-    std::mt19937 random(seed);
+    Random random;
     MediaTrack* tracks[] = {Faixa("a", {{"0", 0, 1000}}), Faixa("b", {{"1", 0, 1000}})};
     const auto listed = [](int (*count)(ReaProject*), MediaItem* (*get)(ReaProject*, int)) {
         std::vector<MediaItem*> items;
@@ -46,8 +43,8 @@ TEST_F(Arrangement, AnyEditsKeepTheLists) {
         return items;
     };
     for (int step = 0; step < 3000; ++step) {
-        MediaItem* item = host::GetMediaItem(nullptr, random() % host::CountMediaItems(nullptr));
-        const unsigned kind = random() % 6, place = random() % 1000;
+        MediaItem* item = host::GetMediaItem(nullptr, random.In(0, host::CountMediaItems(nullptr) - 1));
+        const int kind = random.In(0, 5), place = random.In(0, 999);
         if (kind < 2)
             host::SplitMediaItem(item, Dados(item).position + 0.25 * (place % 64));
         else if (kind == 2)
