@@ -142,7 +142,6 @@ void PlainLoop() {
     ReadInChunks([&](const double* buffer, int p, int n) {
         for (int i = 0; i < n; ++i) plain.Frame(buffer + static_cast<size_t>(i) * Channels, p + i);
     });
-    plain.Finish(item.Frames());
     benchmark::DoNotOptimize(plain.Silence(item.Frames(), Rate));
 }
 

@@ -1,5 +1,4 @@
 // The export: the temporary script, its header, and what is left when the host refuses it.
-#include <cstdlib>
 #include <filesystem>
 
 #include "platform/files.h"

@@ -5,25 +5,22 @@
 
 namespace {
 
-class Render : public Cena {};
+class Render : public Cena {
+  protected:
+    std::string Rodar(void (*comando)(), const char* cena) {
+        Projeto(cena);
+        comando();
+        return Acoes();
+    }
+};
 
 TEST_F(Render, ColaSoQuandoHaVarios) {
-    const struct {
-        void (*comando)();
-        const char *cena, *acoes;
-    } casos[] = {
-        {StereoRender, "1: a 0-1 *", "41993"},
-        {MonoRender, "1: a 0-1 *", "40361"},
-        {StereoRender, "1: a 0-1 * | b 1-2 *", "40362 41993"},
-        {MonoRender, "1: a 0-1 * | b 1-2 *", "40362 40361"},
-        {BounceInteligente, "1: a 0-1 * | b 1-2 *", "40362 41993"},  // the scene's sources are stereo
-        {BounceInteligente, "1: a 0-1", ""},
-    };
-    for (const auto& caso : casos) {
-        Projeto(caso.cena);
-        caso.comando();
-        EXPECT_EQ(Acoes(), caso.acoes) << caso.cena;
-    }
+    EXPECT_EQ(Rodar(StereoRender, "1: a 0-1 *"), "41993");
+    EXPECT_EQ(Rodar(MonoRender, "1: a 0-1 *"), "40361");
+    EXPECT_EQ(Rodar(StereoRender, "1: a 0-1 * | b 1-2 *"), "40362 41993");
+    EXPECT_EQ(Rodar(MonoRender, "1: a 0-1 * | b 1-2 *"), "40362 40361");
+    EXPECT_EQ(Rodar(BounceInteligente, "1: a 0-1 * | b 1-2 *"), "40362 41993") << "the scene's sources are stereo";
+    EXPECT_EQ(Rodar(BounceInteligente, "1: a 0-1"), "");
     Projeto("1:");
     NovoItem(FaixaChamada("1"), {"mono", 0, 1, simhost::Silence(8000, 1, 8000)});
     Selecionar({"mono"});
@@ -40,28 +37,20 @@ TEST_F(Render, FicaAUltimaTakeSemOsEfeitosDaFaixa) {
 }
 
 TEST_F(Render, LimitesPelaOrdemDePrioridade) {
-    const struct {
-        const char* cena;
-        double limites;
-        const char *nomes, *acoes, *mensagens = "";
-    } casos[] = {
-        {"1: a 0-1 [R1 x 0-1] {time 3-4}", 3, "$region", "42230"},
-        {"1: a 0-1 [M1 x 0] {time 3-4}", 1, "antes", "42230"},
-        {"1: [M1 x 0]", -1, "antes", "", "Quilmo: Projeto vazio."},
-        {"1: a 2-3 / 2: b 5-9", 1, "antes", "42230"},
-    };
-    for (const auto& caso : casos) {
-        Projeto(caso.cena);
+    const auto limites = [this](const char* cena) {
+        Projeto(cena);
         host.project.numbers["RENDER_BOUNDSFLAG"] = -1;
         host.project.texts["RENDER_PATTERN"] = "antes";
         RenderProjeto();
-        EXPECT_EQ(host.project.numbers["RENDER_BOUNDSFLAG"], caso.limites) << caso.cena;
-        EXPECT_EQ(host.project.texts["RENDER_PATTERN"], caso.nomes);
-        EXPECT_EQ(Acoes(), caso.acoes);
-        EXPECT_EQ(Mensagens(), caso.mensagens);
-        EXPECT_EQ(Historico(), "");
-    }
+        return std::to_string(static_cast<int>(host.project.numbers["RENDER_BOUNDSFLAG"])) + ' ' +
+               host.project.texts["RENDER_PATTERN"] + ' ' + Acoes() + Mensagens();
+    };
+    EXPECT_EQ(limites("1: a 0-1 [R1 x 0-1] {time 3-4}"), "3 $region 42230");
+    EXPECT_EQ(limites("1: a 0-1 [M1 x 0] {time 3-4}"), "1 antes 42230");
+    EXPECT_EQ(limites("1: a 2-3 / 2: b 5-9"), "1 antes 42230");
     EXPECT_EQ(RetratoCompleto(), "1: a 2-3 / 2: b 5-9 {time 2-9}");
+    EXPECT_EQ(limites("1: [M1 x 0]"), "-1 antes Quilmo: Projeto vazio.");
+    EXPECT_EQ(Historico(), "");
 }
 
 }  // namespace

@@ -9,9 +9,7 @@
 
 struct PlainAnalysis {
     double threshold;
-    int channels;
-    int window;
-    int block;
+    int channels, window, block;
 
     double peak = 0.0;
     int count = 0, windowStart = 0;
@@ -40,32 +38,31 @@ struct PlainAnalysis {
             silent = 0;
         } else if (runStart >= 0) {
             silent += end - windowStart;
-            if (silent >= block) {
-                runs.emplace_back(runStart, runEnd);
-                runStart = -1;
-                silent = 0;
-            }
+            if (silent >= block) CloseRun();
         }
         peak = 0.0;
         count = 0;
     }
 
-    void Finish(int frames) {
-        if (count > 0) CloseWindow(frames);
-        if (runStart >= 0) runs.emplace_back(runStart, runEnd);
+    void CloseRun() {
+        runs.emplace_back(runStart, runEnd);
+        runStart = -1;
+        silent = 0;
     }
 
-    std::vector<std::pair<double, double>> Silence(int frames, int rate) const {
+    // What lies before, between and behind the runs, in seconds; nothing when there is no run.
+    std::vector<std::pair<double, double>> Silence(int frames, int rate) {
+        if (count > 0) CloseWindow(frames);
+        if (runStart >= 0) CloseRun();
         std::vector<std::pair<double, double>> spans;
-        if (runs.empty()) return spans;
-        std::vector<std::pair<int, int>> edges = runs;
-        edges.emplace_back(frames, frames);
         int previous = 0;
-        for (const auto& [start, end] : edges) {
+        const auto add = [&](int start, int end) {
             const double from = previous / static_cast<double>(rate), to = start / static_cast<double>(rate);
             if (start > previous && to - from > 0.001) spans.emplace_back(from, to);
             previous = end;
-        }
+        };
+        for (const auto& [start, end] : runs) add(start, end);
+        if (!runs.empty()) add(frames, frames);
         return spans;
     }
 };
