@@ -12,7 +12,6 @@ TEST_F(Regioes, TocaPelaOrdemNoTempo) {
     PlayRegiao(1);
     EXPECT_EQ(RetratoCompleto(), "[M1 m 1] [R1 b 5-6] [R2 a 2-3] {cursor 2} {time 2-3} {loop 2-3} {play 1}");
     EXPECT_EQ(Acoes(), "1007");
-    host.playState = 0;
     Contar([] { PlayRegiao(5); }, "",
            {{"[R1 a 2-3] [R2 b 4-5] [R3 c 6-7]", nullptr, "Quilmo: Regiao 5 nao existe. O projeto tem 3 regiao(oes)."},
             {"[M1 m 1]", nullptr, "Quilmo: Nenhuma regiao encontrada no projeto."}});

@@ -7,37 +7,23 @@ namespace {
 class Transporte : public Cena {};
 
 TEST_F(Transporte, GravaNasArmadasSenaoNasSelecionadas) {
-    const struct {
-        const char *antes, *depois, *acoes;
-    } casos[] = {
-        {"1: / 2 (selected): / 3:", "1: / 2 (armed, selected): / 3: {play 5}", "1013"},
-        {"1 (armed): / 2 (selected):", "1 (armed): / 2 (selected): {play 5}", "1013"},
-        {"1: / 2:", "1: / 2:", ""},
-    };
-    for (const auto& caso : casos) {
-        Projeto(caso.antes);
-        host.playState = 0;
-        ExecutarGravacao();
-        EXPECT_EQ(RetratoCompleto(), caso.depois);
-        EXPECT_EQ(Acoes(), caso.acoes);
-        EXPECT_EQ(Historico(), "");
-    }
-    EXPECT_EQ(Mensagens(), "Quilmo: Nenhuma faixa selecionada. Selecione uma faixa para gravar.");
+    Contar(ExecutarGravacao, "",
+           {{"1: / 2 (selected): / 3:", "1: / 2 (armed, selected): / 3: {play 5}"},
+            {"1 (armed): / 2 (selected):", "1 (armed): / 2 (selected): {play 5}"},
+            {"1: / 2:", nullptr, "Quilmo: Nenhuma faixa selecionada. Selecione uma faixa para gravar."}});
     Projeto("1 (selected):");
     Dados(FaixaChamada("1")).armed = 0.5;  // only exactly 1 is armed
     ExecutarGravacao();
-    EXPECT_EQ(Dados(FaixaChamada("1")).armed, 1);
+    EXPECT_EQ(RetratoCompleto(), "1 (armed, selected): {play 5}");
+    EXPECT_EQ(Acoes(), "1013");
 }
 
 TEST_F(Transporte, PararDesarmaELimpa) {
-    const std::pair<void (*)(), const char*> casos[] = {
-        {ExecutarGravacao, "1 (selected): a 1-2 * / 2: {time 1-2}"},  // while recording it is the stop button
-        {PararTudo, "1: a 1-2 / 2:"}};
-    for (const auto& [parar, depois] : casos) {
-        host.playState = 5;
-        Contar(parar, "", {{"1 (armed, selected): a 1-2 * / 2 (armed): {time 1-2}", depois}});
-        EXPECT_EQ(Acoes(), parar == PararTudo ? "40297 40020 1016" : "40328");
-    }
+    constexpr char gravando[] = "1 (armed, selected): a 1-2 * / 2 (armed): {time 1-2} {play 5}";
+    Contar(ExecutarGravacao, "", {{gravando, "1 (selected): a 1-2 * / 2: {time 1-2}"}});  // now it is the stop button
+    EXPECT_EQ(Acoes(), "40328");
+    Contar(PararTudo, "", {{gravando, "1: a 1-2 / 2:"}});
+    EXPECT_EQ(Acoes(), "40297 40020 1016");
 }
 
 TEST_F(Transporte, SaltaParaABordaMaisProxima) {

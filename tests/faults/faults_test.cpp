@@ -19,24 +19,23 @@ struct Comando {
 };
 // clang-format off
 #define RODA(chamadas) {#chamadas, [] { chamadas; }}
+#define C(nome) RODA(nome())
 const Comando Comandos[] = {
-    RODA(ExecutarGravacao()), RODA(ExecutarGravacao(); ExecutarGravacao()), RODA(PararTudo()), RODA(PrevItemStart()),
-    RODA(NextItemEnd()), RODA(PrepararHost()), RODA(GravacaoEmCurso()), RODA(BotaoGravarAtivo()),
-    RODA(TocandoSemGravar()), RODA(PlayRegiao(2)), RODA(CriarOuRenomearRegiao()), RODA(SelTempoERegiao()),
-    RODA(DeletarRegiaoSobCursor()), RODA(LimparRegioes()), RODA(VerSelecao()), RODA(TrimEsquerda()),
-    RODA(TrimDireita()), RODA(CortarE()), RODA(CortarD()), RODA(SplitNoCursor()), RODA(ExcluirRipple()),
-    RODA(FechaLacuna()), RODA(FechaLacunaSubsequente()), RODA(JuntaClipCrossfade()), RODA(SelecionarTodosProjeto()),
-    RODA(SelecionarTodosFaixa()), RODA(SelecionarAntesCursor()), RODA(SelecionarDepoisCursor()),
-    RODA(SelecionarAntesCursorFaixa()), RODA(SelecionarDepoisCursorFaixa()), RODA(SelecaoFluxo()),
-    RODA(SelTempoItens()), RODA(MvClipCima()), RODA(MvClipBaixo()), RODA(MvPistaCima()), RODA(MvPistaBaixo()),
-    RODA(MvClipEsq()), RODA(MvClipDir()), RODA(ColaClipEsq()), RODA(ColaClipDir()), RODA(MuteClip()),
-    RODA(TodosItensMudos()), RODA(AplicarCorItens(1, 2, 3)), RODA(AplicarCorFaixas(1, 2, 3)), RODA(LimparCorItens()),
-    RODA(LimparCorFaixas()), RODA(VolEnvelope()), RODA(ZoomAllFaixas(true)), RODA(StereoRender()), RODA(MonoRender()),
-    RODA(BounceInteligente()), RODA(RenderProjeto()), RODA(AbrirDiretorio()), RODA(RenderPreLeigo()),
-    RODA(Quilmo_AutoSplit(true, 100, -30)),
+    C(ExecutarGravacao), C(PararTudo), C(PrevItemStart), C(NextItemEnd), C(PrepararHost), C(GravacaoEmCurso),
+    C(BotaoGravarAtivo), C(TocandoSemGravar), C(CriarOuRenomearRegiao), C(SelTempoERegiao), C(DeletarRegiaoSobCursor),
+    C(LimparRegioes), C(VerSelecao), C(TrimEsquerda), C(TrimDireita), C(CortarE), C(CortarD), C(SplitNoCursor),
+    C(ExcluirRipple), C(FechaLacuna), C(FechaLacunaSubsequente), C(JuntaClipCrossfade), C(SelecionarTodosProjeto),
+    C(SelecionarTodosFaixa), C(SelecionarAntesCursor), C(SelecionarDepoisCursor), C(SelecionarAntesCursorFaixa),
+    C(SelecionarDepoisCursorFaixa), C(SelecaoFluxo), C(SelTempoItens), C(MvClipCima), C(MvClipBaixo), C(MvPistaCima),
+    C(MvPistaBaixo), C(MvClipEsq), C(MvClipDir), C(ColaClipEsq), C(ColaClipDir), C(MuteClip), C(TodosItensMudos),
+    C(LimparCorItens), C(LimparCorFaixas), C(VolEnvelope), C(StereoRender), C(MonoRender), C(BounceInteligente),
+    C(RenderProjeto), C(AbrirDiretorio), C(RenderPreLeigo), RODA(chamadas),
+    RODA(ExecutarGravacao(); ExecutarGravacao()), RODA(PlayRegiao(2)), RODA(AplicarCorItens(1, 2, 3)),
+    RODA(AplicarCorFaixas(1, 2, 3)), RODA(ZoomAllFaixas(true)), RODA(Quilmo_AutoSplit(true, 100, -30)),
     RODA(EntrarModoFatiador(); RecalcularPreview(true, 200, -30); RestaurarOriginal()),
     RODA(EntrarModoFatiador(); EntrarModoFatiador(); AplicarFatias()),
 };
+#undef C
 #undef RODA
 // clang-format on
 

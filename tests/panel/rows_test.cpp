@@ -29,7 +29,6 @@ class Linhas : public Painel {
     // Status, actions run, undo points and messages of one click.
     std::string Efeito(int x, int y, Button botao = Button::Left) {
         Cenario();
-        host.playState = 0;
         Clicar(x, y, botao);
         std::string efeito = StatusMsg;
         const auto juntar = [&efeito](const char* abre, const std::string& texto) {

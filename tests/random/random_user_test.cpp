@@ -113,7 +113,6 @@ class UsuarioAleatorio : public Painel {
     }
     void ProjetoNovo() {
         ProjetoVazio();
-        host.playState = 0;
         host.preferences = {.undoRestoresSelection = !acaso.Chance(3),
                             .undoPoints = acaso.Of({200, 30, 3}),
                             .splitCrossfade = acaso.Of({0.0, 0.0, 0.01}),

@@ -30,7 +30,6 @@ class Previa : public Painel {
     void Entrar() {
         EntrarModoFatiador();
         driver::Pump();
-        Conferir("modo preview bounce", ComPreview);
     }
     // The mode's flags and the undo history.
     void Conferir(const char* modo, const std::string& historico) {
@@ -80,8 +79,7 @@ TEST_F(Previa, RecusaAntesDeMexer) {
 TEST_F(Previa, VariosItensViramUmAntes) {
     Selecionar({"A", "B"});
     ResponderMensagem(6);
-    EntrarModoFatiador();
-    driver::Pump();
+    Entrar();
     EXPECT_TRUE(ModoFatiadorAtivo);
     Voltar();
     EXPECT_FALSE(ModoFatiadorAtivo);
@@ -94,6 +92,7 @@ TEST_F(Previa, CadaMudancaDesfazECortaDeNovo) {
     host.preferences.undoRestoresSelection = false;
     PainelEmFrente = SalvarPresetAberto = true;
     Entrar();
+    Conferir("modo preview bounce", ComPreview);
     EXPECT_FALSE(SalvarPresetAberto);
     const std::string cortado = Retrato();
     EXPECT_NE(cortado, original);
@@ -120,8 +119,7 @@ TEST_F(Previa, AplicarGuardaOsCortesEODesfazerDoHost) {
     // A second run starts from the settings of the first, and leaves its points alone when it goes back.
     thresholdDb = -20;
     Selecionar({"B"});
-    EntrarModoFatiador();
-    driver::Pump();
+    Entrar();
     EXPECT_EQ(thresholdDb, -20);
     Voltar();
     Conferir("-", ComPreview);
@@ -157,8 +155,7 @@ TEST_F(Previa, OTopoDoHistoricoMandaNoDesfazer) {
     EXPECT_EQ(Retrato(), cortado);
     host.Undo();
     Selecionar({"B"});
-    EntrarModoFatiador();
-    driver::Pump();
+    Entrar();
     for (int i = 0; i < 66; ++i) PontoDeOutro("Fatiador Preview");
     Voltar();
     EXPECT_EQ(Historico(), std::string(ComPreview) + " | " + ComPreview + " | Fatiador Preview | Fatiador Preview");
@@ -196,21 +193,19 @@ TEST_F(Previa, SliderCortaSoAoSoltar) {
 // A step tests its own limit only, and cuts anew also there.
 TEST_F(Previa, PassosEPresets) {
     Entrar();
-    const auto passo = [this](auto& valor, double de, int x, int y, double para) {
-        valor = static_cast<std::decay_t<decltype(valor)>>(de);
+    constexpr double menos = 28, mais = 292;  // the x of the buttons
+    const double pisos[][3] = {{-80, menos, -80}, {-6, mais, -6}, {-90, menos, -80},    {-90, mais, -89},
+                               {3, mais, -6},     {3, menos, 2},  {-37.5, menos, -38.5}};
+    const double blocos[][3] = {{500, mais, 500}, {2147483647, mais, 500}, {-2147483648.0, menos, 1}, {1, menos, 1}};
+    const auto passo = [this](auto& valor, const double(&caso)[3], int y) {
         const int64_t cortes = Cortes();
-        Clicar(x, y);
-        EXPECT_EQ(valor, para) << de;
-        EXPECT_GT(Cortes(), cortes) << de;
+        valor = static_cast<std::decay_t<decltype(valor)>>(caso[0]);
+        Clicar(static_cast<int>(caso[1]), y);
+        EXPECT_EQ(valor, caso[2]) << caso[0];
+        EXPECT_GT(Cortes(), cortes) << caso[0];
     };
-    constexpr int menos = 28, mais = 292;
-    const std::tuple<double, int, double> pisos[] = {{-80, menos, -80},    {-6, mais, -6}, {-90, menos, -80},
-                                                     {-90, mais, -89},     {3, mais, -6},  {3, menos, 2},
-                                                     {-37.5, menos, -38.5}};
-    for (const auto& [de, x, para] : pisos) passo(thresholdDb, de, x, 87, para);
-    const std::tuple<double, int, double> blocos[] = {
-        {500, mais, 500}, {2147483647, mais, 500}, {-2147483648.0, menos, 1}, {1, menos, 1}};
-    for (const auto& [de, x, para] : blocos) passo(blocoMs, de, x, 133, para);
+    for (const auto& caso : pisos) passo(thresholdDb, caso, 87);
+    for (const auto& caso : blocos) passo(blocoMs, caso, 133);
     Clicar(160, 180);
     EXPECT_FALSE(fecharLacunas);
     Clicar(28 + 2 * 51, 47, driver::Button::Right);

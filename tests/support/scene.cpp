@@ -55,6 +55,7 @@ void ProjetoVazio() {
     host.inputs.clear();
     host.actionsRun.clear();
     host.scriptsRun.clear();
+    host.playState = 0;
     host.StartHistory();
 }
 

@@ -29,7 +29,8 @@ class Cena : public testing::Test {
 };
 
 // All on the host that lives.
-// An empty project with the settings of the one before, a fresh history, and no record of what was shown and run.
+// An empty project with the settings of the one before, stopped, with a fresh history and no record of what was shown
+// and run.
 void ProjetoVazio();
 // Names need not be unique: a name means the first of that name, and to Selecionar all.
 MediaTrack* Faixa(const std::string& nome, const std::vector<ItemDeCena>& itens = {});  // behind the last
@@ -48,13 +49,13 @@ void ResponderMensagem(int resposta);  // to the next message box without an ans
 void ResponderTexto(const std::string& texto);
 void CancelarTexto();
 
-std::string Retrato();             // simhost/picture.h: what undo covers
-std::string RetratoCompleto();     // selection, cursor, time selection, view and play state too
-std::string Selecionados();        // "A, B", in the host's order
-std::string UltimoDesfazer();      // the topmost undo point's title; empty when there is none
-std::string Historico();           // all of them, oldest first: "um | dois"
-std::string Mensagens();           // message boxes shown: "Erro: texto | Aviso: texto"
-std::string Acoes();               // numbers of the actions run: "40297 40020"
+std::string Retrato();          // simhost/picture.h: what undo covers
+std::string RetratoCompleto();  // selection, cursor, time selection, view and play state too
+std::string Selecionados();     // "A, B", in the host's order
+std::string UltimoDesfazer();   // the topmost undo point's title; empty when there is none
+std::string Historico();        // all of them, oldest first: "um | dois"
+std::string Mensagens();        // message boxes shown: "Erro: texto | Aviso: texto"
+std::string Acoes();            // numbers of the actions run: "40297 40020"
 
 // The expected violation, by a part of its sentence, has happened; it no longer fails the test.
 void EsperarViolacao(const std::string& parte);

@@ -45,9 +45,11 @@ static void LerFaixa(const std::string& texto) {
 
 void Projeto(const std::string& retrato) {
     ProjetoVazio();
-    std::string resto = Extrair(retrato, R"(\{(cursor|time) (-?[\d.]+)(-([\d.]+))?\})", [](const std::smatch& m) {
+    std::string resto = Extrair(retrato, R"(\{(cursor|time|play) (-?[\d.]+)(-([\d.]+))?\})", [](const std::smatch& m) {
         if (m[1] == "cursor")
             Cursor(std::stod(m[2]));
+        else if (m[1] == "play")
+            Host::Current().playState = std::stoi(m[2]);
         else
             SelecaoDeTempo(std::stod(m[2]), std::stod(m[4]));
     });

@@ -5,7 +5,7 @@
 #include "tests/support/scene.h"
 
 // Makes the host's project what the picture says, with a fresh history. Of an item's marks it knows mute, no take and
-// the star of the selected; of a track's, armed and selected; regions, markers, cursor and time selection.
+// the star of the selected; of a track's, armed and selected; regions, markers, cursor, time selection and play state.
 void Projeto(const std::string& retrato);
 
 struct Historia {
