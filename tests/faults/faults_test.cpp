@@ -29,7 +29,7 @@ const Comando Comandos[] = {
     C(SelecionarDepoisCursorFaixa), C(SelecaoFluxo), C(SelTempoItens), C(MvClipCima), C(MvClipBaixo), C(MvPistaCima),
     C(MvPistaBaixo), C(MvClipEsq), C(MvClipDir), C(ColaClipEsq), C(ColaClipDir), C(MuteClip), C(TodosItensMudos),
     C(LimparCorItens), C(LimparCorFaixas), C(VolEnvelope), C(StereoRender), C(MonoRender), C(BounceInteligente),
-    C(RenderProjeto), C(AbrirDiretorio), C(RenderPreLeigo), RODA(chamadas),
+    C(RenderProjeto), C(AbrirDiretorio), C(RenderPreLeigo),
     RODA(ExecutarGravacao(); ExecutarGravacao()), RODA(PlayRegiao(2)), RODA(AplicarCorItens(1, 2, 3)),
     RODA(AplicarCorFaixas(1, 2, 3)), RODA(ZoomAllFaixas(true)), RODA(Quilmo_AutoSplit(true, 100, -30)),
     RODA(EntrarModoFatiador(); RecalcularPreview(true, 200, -30); RestaurarOriginal()),
