@@ -37,8 +37,8 @@ struct Message {
     LPARAM lParam;
 };
 
-inline constexpr RECT WholeScreen{0, 0, 1280, 1024};
-inline constexpr RECT UsualWorkArea{0, 0, 1280, 984};
+inline constexpr SIZE Screen{1280, 1024};
+inline constexpr int TaskBar = 40;  // at the screen's lower edge, outside the work area
 
 struct State {
     std::map<std::string, WNDPROC> classes;
@@ -50,7 +50,7 @@ struct State {
     int64_t now = 0;
     POINT cursor{0, 0};
     std::map<int, bool> keys;  // the mouse buttons among them
-    RECT workArea = UsualWorkArea;
+    RECT workArea{0, 0, Screen.cx, Screen.cy - TaskBar};
     int contextsLent = 0;  // each keeps its picture, even when the window is gone or has another size
     std::map<HMENU, std::vector<MenuEntry>> menus;
     std::deque<std::function<UINT()>> answers;

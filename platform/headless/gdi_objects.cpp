@@ -111,9 +111,8 @@ RECT Intersection(const RECT& a, const RECT& b) {
 
 BOOL IntersectRect(RECT* out, const RECT* a, const RECT* b) {
     const RECT both = Intersection(*a, *b);
-    const bool some = !IsEmpty(*a) && !IsEmpty(*b) && !IsEmpty(both);
-    *out = some ? both : RECT{};
-    return some;
+    *out = IsEmpty(both) ? RECT{} : both;
+    return !IsEmpty(both);
 }
 
 HDC CreateCompatibleDC(HDC like) {

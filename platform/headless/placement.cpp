@@ -48,7 +48,7 @@ BOOL SystemParametersInfoA(UINT action, UINT, void* record, UINT) {
 // A window is asked between which sizes it may be; the least one wins over the greatest.
 static SIZE AllowedSize(HWND handle, SIZE wanted) {
     MINMAXINFO info{};
-    info.ptMaxSize = info.ptMaxTrackSize = {WholeScreen.right + 2 * Frame, WholeScreen.bottom + 2 * Frame};
+    info.ptMaxSize = info.ptMaxTrackSize = {Screen.cx + 2 * Frame, Screen.cy + 2 * Frame};
     info.ptMaxPosition = {-Frame, -Frame};
     info.ptMinTrackSize = {136, Caption + 2 * Frame};
     SendMessageA(handle, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
