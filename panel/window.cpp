@@ -21,9 +21,11 @@ static void Invalidar(HWND janela) {
     InvalidateRect(janela, nullptr, FALSE);
 }
 
-// Leaves the slicer mode, with the project as it was before; nothing outside the mode.
+// Leaves the slicer mode, with the project as it was before; nothing outside the mode. Half way between two previews
+// it is left to the watch.
 static void CancelarFatiador() {
-    if (!ModoFatiadorAtivo) return;
+    if (PreviewEmObra) PainelEmFrente = true;
+    if (!ModoFatiadorAtivo || PreviewEmObra) return;
     ModoFatiadorAtivo = false;
     SalvarPresetAberto = false;
     RestaurarOriginal();

@@ -27,9 +27,14 @@ std::string RotuloDePreset(int n) {
     return "P" + std::to_string(n);
 }
 
-// A button of the page, which takes no mouse while the prompt is open. True: clicked.
+// The page takes no mouse while the prompt is open, nor from a host that lets messages in amid a recomputation.
+bool Congelada() {
+    return SalvarPresetAberto || PreviewEmObra;
+}
+
+// A button of the page. True: clicked.
 bool Clicou(ContextoGrade& contexto, const Celula& c, AspectoBotao aspecto) {
-    aspecto.desativado = SalvarPresetAberto;
+    aspecto.desativado = Congelada();
     return BotaoDireto(contexto, c, aspecto).cliqueEsquerdo;
 }
 
@@ -74,10 +79,10 @@ void LinhaDeAjuste(ContextoGrade& contexto, int y, const Ajuste<Valor>& a) {
                                                  .valor = static_cast<float>(a.valor),
                                                  .minimo = static_cast<float>(a.menor),
                                                  .maximo = static_cast<float>(a.maior),
-                                                 .desativado = SalvarPresetAberto,
+                                                 .desativado = Congelada(),
                                                  .dica = a.dicaSlider});
     if (slider.dica) contexto.dica = slider.dica;
-    if (!SalvarPresetAberto) {
+    if (!Congelada()) {
         if (slider.mudou) a.valor = static_cast<Valor>(slider.valor);
         if (slider.soltou) Recalcular();
     }

@@ -15,6 +15,7 @@ bool ModoFatiadorAtivo = false;
 bool PainelEmFrente = false;
 bool SalvarPresetAberto = false;
 bool PreviewAtivo = false;
+bool PreviewEmObra = false;
 const char* SliderArrastado = nullptr;
 double thresholdDb = -37.0;
 int blocoMs = 55;
@@ -116,17 +117,21 @@ void EntrarModoFatiador() {
 }
 
 void RecalcularPreview(bool fechar, int bloco, double threshold) {
+    PreviewEmObra = true;
     DesfazerPreview();
     ReselecionarFotos();
     if (host::CountSelectedMediaItems(0) != 0) PreviewAtivo = Quilmo_AutoSplit(fechar, bloco, threshold);
     host::UpdateArrange();
+    PreviewEmObra = false;
 }
 
 void RestaurarOriginal() {
+    PreviewEmObra = true;
     DesfazerPreview();
     DesfazerBounceEntrada();
     ReselecionarFotos();
     host::UpdateArrange();
+    PreviewEmObra = false;
 }
 
 void AplicarFatias() {
@@ -134,7 +139,7 @@ void AplicarFatias() {
 }
 
 void RestaurarEstadoFatiador() {
-    ModoFatiadorAtivo = PainelEmFrente = SalvarPresetAberto = PreviewAtivo = BounceEntradaAtivo = false;
+    ModoFatiadorAtivo = PainelEmFrente = SalvarPresetAberto = PreviewAtivo = PreviewEmObra = BounceEntradaAtivo = false;
     PresetsCarregados = false;
     SliderArrastado = nullptr;
     thresholdDb = -37.0;

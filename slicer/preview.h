@@ -11,6 +11,7 @@ extern bool ModoFatiadorAtivo;       // false; the panel shows the slicer page
 extern bool PainelEmFrente;          // false; the panel was seen in front since the mode began
 extern bool SalvarPresetAberto;      // false; the page asks which preset to save in
 extern bool PreviewAtivo;            // false; a slicing of this run is on the undo history
+extern bool PreviewEmObra;           // false; the cuts are being taken back or made: no event may do either meanwhile
 extern const char* SliderArrastado;  // null; which slider of the page is being dragged
 extern double thresholdDb;           // -37.0
 extern int blocoMs;                  // 55

@@ -190,6 +190,23 @@ TEST_F(Previa, SliderCortaSoAoSoltar) {
     EXPECT_EQ(thresholdDb, parado);
 }
 
+// A host may let messages in while it reads: the cuts are not touched from two sides at once.
+TEST_F(Previa, AMeioDeUmRecalculoNadaMaisMexeNosCortes) {
+    Entrar();
+    host.onRead = [this](int64_t) {
+        host.onRead = nullptr;
+        Soltar();
+        PisoMenos();
+        SetForegroundWindow(outra);
+    };
+    PisoMenos();
+    EXPECT_EQ(thresholdDb, -38);
+    Conferir("modo preview bounce", ComPreview);
+    ASSERT_TRUE(EsperarTique(1));
+    Conferir("-", "");
+    EXPECT_EQ(RetratoCompleto(), original);
+}
+
 // A step tests its own limit only, and cuts anew also there.
 TEST_F(Previa, PassosEPresets) {
     Entrar();
