@@ -1,10 +1,10 @@
 // Lines in every direction, beside Cairo's of width 1.
 #include <benchmark/benchmark.h>
-#include <cairo.h>
 
 #include <cmath>
 #include <numbers>
 
+#include "bench/cairo_page.h"
 #include "bench/ratios.h"
 #include "lice/lice.h"
 
@@ -37,25 +37,18 @@ void Ours(benchmark::State& state, int radius, bool aa) {
 }
 
 void Cairo(benchmark::State& state, int radius, bool aa) {
-    LICE_MemBitmap bitmap(Side, Side);
-    LICE_Clear(&bitmap, 0xFF223344);
-    cairo_surface_t* surface = cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(bitmap.getBits()),
-                                                                   CAIRO_FORMAT_ARGB32, Side, Side, Side * 4);
-    cairo_t* cairo = cairo_create(surface);
-    cairo_set_source_rgba(cairo, 0.94, 0.94, 0.94, 1.0);
-    cairo_set_line_width(cairo, 1.0);
-    cairo_set_antialias(cairo, aa ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
+    const CairoPage page(Side, Side);
+    cairo_set_source_rgb(page.cr, 0.94, 0.94, 0.94);
+    cairo_set_antialias(page.cr, aa ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
     for (auto _ : state) {
         for (int i = 0; i < Lines; ++i) {
             const Spoke s(i, radius);
-            cairo_move_to(cairo, s.x1 + 0.5, s.y1 + 0.5);
-            cairo_line_to(cairo, s.x2 + 0.5, s.y2 + 0.5);
-            cairo_stroke(cairo);
+            cairo_move_to(page.cr, s.x1 + 0.5, s.y1 + 0.5);
+            cairo_line_to(page.cr, s.x2 + 0.5, s.y2 + 0.5);
+            cairo_stroke(page.cr);
         }
         benchmark::ClobberMemory();
     }
-    cairo_destroy(cairo);
-    cairo_surface_destroy(surface);
 }
 
 }  // namespace

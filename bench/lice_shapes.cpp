@@ -1,12 +1,11 @@
 // Circles, rounded rectangles and polygons beside Cairo, in the sizes that a panel is made of, one shape a time on a
 // surface as large as the panel's.
 #include <benchmark/benchmark.h>
-#include <cairo.h>
 
 #include <functional>
 #include <numbers>
 
-#include "bench/cairo_path.h"
+#include "bench/cairo_page.h"
 #include "bench/ratios.h"
 #include "lice/circle.h"
 #include "lice/fill.h"
@@ -33,18 +32,14 @@ void Ours(benchmark::State& state, const std::function<void(LICE_IBitmap*)>& dra
 // `path` leaves the path to be filled, or stroked one pixel wide.
 void Cairo(benchmark::State& state, bool fill, cairo_antialias_t antialias, float alpha,
            const std::function<void(cairo_t*)>& path) {
-    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, Width, Height);
-    cairo_t* cr = cairo_create(surface);
-    cairo_set_source_rgba(cr, 217 / 255.0, 64 / 255.0, 64 / 255.0, alpha);
-    cairo_set_line_width(cr, 1);
-    cairo_set_antialias(cr, antialias);
+    const CairoPage page(Width, Height);
+    cairo_set_source_rgba(page.cr, 217 / 255.0, 64 / 255.0, 64 / 255.0, alpha);
+    cairo_set_antialias(page.cr, antialias);
     for (auto _ : state) {
-        path(cr);
-        fill ? cairo_fill(cr) : cairo_stroke(cr);
+        path(page.cr);
+        fill ? cairo_fill(page.cr) : cairo_stroke(page.cr);
         benchmark::ClobberMemory();
     }
-    cairo_destroy(cr);
-    cairo_surface_destroy(surface);
 }
 
 void RoundedFillOurs(benchmark::State& state) {

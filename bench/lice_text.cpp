@@ -1,12 +1,12 @@
 // A button's label of nine letters and one of twelve characters, drawn and measured with cached glyphs, beside Cairo
 // (its text call, and its glyph call with all glyphs looked up beforehand) and pixman's glyph cache.
 #include <benchmark/benchmark.h>
-#include <cairo.h>
 
 #include <cstring>
 #include <string>
 #include <vector>
 
+#include "bench/cairo_page.h"
 #include "bench/pixman_glyphs.h"
 #include "bench/ratios.h"
 #include "lice/lice.h"
@@ -53,58 +53,46 @@ void Measure(benchmark::State& state, const char* text) {
     }
 }
 
-struct CairoPage {
-    LICE_MemBitmap bitmap{Width, Height, 4};
-    cairo_surface_t* surface;
-    cairo_t* cairo;
-
-    CairoPage() {
-        LICE_Clear(&bitmap, 0xFF223344);
-        surface = cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(bitmap.getBits()),
-                                                      CAIRO_FORMAT_ARGB32, Width, Height, bitmap.getRowSpan() * 4);
-        cairo = cairo_create(surface);
-        cairo_select_font_face(cairo, "Open Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_BOLD);
-        cairo_set_font_size(cairo, FontSize);
+struct TextPage : CairoPage {
+    TextPage() : CairoPage(Width, Height) {
+        cairo_select_font_face(cr, "Open Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_BOLD);
+        cairo_set_font_size(cr, FontSize);
         cairo_font_options_t* options = cairo_font_options_create();
         cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
         cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
-        cairo_set_font_options(cairo, options);
+        cairo_set_font_options(cr, options);
         cairo_font_options_destroy(options);
-        cairo_set_source_rgb(cairo, 0.94, 0.94, 0.94);
-    }
-    ~CairoPage() {
-        cairo_destroy(cairo);
-        cairo_surface_destroy(surface);
+        cairo_set_source_rgb(cr, 0.94, 0.94, 0.94);
     }
 };
 
 void CairoText(benchmark::State& state, const char* text) {
-    const CairoPage page;
+    const TextPage page;
     for (auto _ : state) {
-        cairo_move_to(page.cairo, 4, 22);
-        cairo_show_text(page.cairo, text);
+        cairo_move_to(page.cr, 4, 22);
+        cairo_show_text(page.cr, text);
         benchmark::ClobberMemory();
     }
 }
 
 void CairoGlyphs(benchmark::State& state, const char* text) {
-    const CairoPage page;
+    const TextPage page;
     cairo_glyph_t* glyphs = nullptr;
     int count = 0;
-    cairo_scaled_font_text_to_glyphs(cairo_get_scaled_font(page.cairo), 4, 22, text, -1, &glyphs, &count, nullptr,
-                                     nullptr, nullptr);
+    cairo_scaled_font_text_to_glyphs(cairo_get_scaled_font(page.cr), 4, 22, text, -1, &glyphs, &count, nullptr, nullptr,
+                                     nullptr);
     for (auto _ : state) {
-        cairo_show_glyphs(page.cairo, glyphs, count);
+        cairo_show_glyphs(page.cr, glyphs, count);
         benchmark::ClobberMemory();
     }
     cairo_glyph_free(glyphs);
 }
 
 void CairoMeasure(benchmark::State& state, const char* text) {
-    const CairoPage page;
+    const TextPage page;
     for (auto _ : state) {
         cairo_text_extents_t extents;
-        cairo_text_extents(page.cairo, text, &extents);
+        cairo_text_extents(page.cr, text, &extents);
         benchmark::DoNotOptimize(extents);
     }
 }

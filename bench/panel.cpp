@@ -2,13 +2,12 @@
 // window. Beside it the same scene drawn with Cairo: its rounded fills, outlines and labels in the same places and
 // sizes, an icon where ours has one, fonts warm, then copied.
 #include <benchmark/benchmark.h>
-#include <cairo.h>
 
 #include <numbers>
 #include <string>
 #include <vector>
 
-#include "bench/cairo_path.h"
+#include "bench/cairo_page.h"
 #include "bench/ratios.h"
 #include "host/entry.h"
 #include "panel/grid.h"
@@ -162,11 +161,8 @@ void DrawIcon(cairo_t* cr, const Box& box) {
 
 void PassCairo(benchmark::State& state) {
     const std::vector<Box> boxes = Scene();
-    cairo_surface_t* back = cairo_image_surface_create(CAIRO_FORMAT_RGB24, Width, Height);
-    cairo_surface_t* window = cairo_image_surface_create(CAIRO_FORMAT_RGB24, Width, Height);
-    cairo_t* cr = cairo_create(back);
-    cairo_t* screen = cairo_create(window);
-    cairo_set_line_width(cr, 1);
+    const CairoPage back(Width, Height, CAIRO_FORMAT_RGB24), window(Width, Height, CAIRO_FORMAT_RGB24);
+    cairo_t* const cr = back.cr;
     cairo_select_font_face(cr, "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_BOLD);
     for (auto _ : state) {
         cairo_set_source_rgb(cr, 0.05, 0.05, 0.06);
@@ -187,12 +183,10 @@ void PassCairo(benchmark::State& state) {
         cairo_set_source_rgba(cr, 1, 1, 1, 0.03);
         cairo_stroke(cr);
         DrawLabel(cr, {8, 3, Width - 16, 22, "PAINEL PRONTO", Icon::None}, 12);
-        cairo_set_source_surface(screen, back, 0, 0);
-        cairo_paint(screen);
+        cairo_set_source_surface(window.cr, back.surface, 0, 0);
+        cairo_paint(window.cr);
         benchmark::ClobberMemory();
     }
-    for (cairo_t* context : {cr, screen}) cairo_destroy(context);
-    for (cairo_surface_t* surface : {back, window}) cairo_surface_destroy(surface);
 }
 
 BENCHMARK(PassOurs)->Unit(benchmark::kMillisecond);

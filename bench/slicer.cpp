@@ -146,8 +146,7 @@ void PlainLoop() {
 }
 
 void Analysis() {
-    benchmark::DoNotOptimize(
-        AnalisarItem(nullptr, item.Frames() / static_cast<double>(Rate), Threshold, BlockSeconds));
+    benchmark::DoNotOptimize(AnalisarItem(nullptr, item.Frames() / static_cast<double>(Rate), Threshold, BlockSeconds));
 }
 
 void Run(benchmark::State& state, void (*work)(), const std::vector<double>& samples, bool resident) {

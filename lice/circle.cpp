@@ -335,7 +335,10 @@ void LICE_RoundRect(LICE_IBitmap* dest, float x, float y, float w, float h, int 
         x >= 0 && y >= 0 && x + w < static_cast<float>(target.width) && y + h < static_cast<float>(target.height)) {
         const int left = static_cast<int>(x + r), right = static_cast<int>(x + w - r);
         int upper = static_cast<int>(y + r), lower = static_cast<int>(y + h - r);
-        if (target.flipped) upper = target.height - 1 - std::exchange(lower, target.height - 1 - upper);
+        if (target.flipped) {
+            std::swap(upper, lower);
+            for (int* row : {&upper, &lower}) *row = target.height - 1 - *row;
+        }
         return SmoothRaster{r}.Draw(CornersPen{{{target.At(left, upper), target.At(right, upper)},
                                                 {target.At(left, lower), target.At(right, lower)}},
                                                target.span,
