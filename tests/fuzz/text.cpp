@@ -8,15 +8,15 @@
 namespace {
 
 // What the system gives is kept, since making a font is slow: the cache of glyphs is each input's own.
-HFONT FontOfHeight(int height) {
-    static HFONT fonts[3] = {};
-    constexpr int heights[3] = {9, 14, 40};
-    HFONT& font = fonts[height % 3];
-    if (font) return font;
+HFONT AnyFont(int choice) {
+    constexpr int Heights[] = {9, 14, 40, 9, 14, 40, 9, 14, 40, 9, 14, 40, 1, 60, 300, 5000};
+    static HFONT fonts[std::size(Heights)] = {};
+    const size_t i = choice % std::size(Heights);
+    if (fonts[i]) return fonts[i];
     LOGFONTA description = {};
-    description.lfHeight = -heights[height % 3];
+    description.lfHeight = -Heights[i];
     snprintf(description.lfFaceName, sizeof description.lfFaceName, "Segoe UI");
-    return font = CreateFontIndirectA(&description);
+    return fonts[i] = CreateFontIndirectA(&description);
 }
 
 // Characters of one to four bytes, combining marks, line feeds, and bytes that are none of these.
@@ -39,8 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     TestSurface dest = in.Surface();
     const TestSurface before = dest;
     LICE_CachedFont font;
-    font.SetFromHFont(FontOfHeight(in.Byte()),
-                      (in.Bool() ? 0 : in.Raw<int16_t>()) & ~(LICE_FONT_FLAG_OWNS_HFONT | LICE_FONT_FLAG_PRECALC));
+    const int flags = (in.Bool() ? 0 : in.Raw<int16_t>()) & ~(LICE_FONT_FLAG_OWNS_HFONT | LICE_FONT_FLAG_PRECALC);
+    font.SetFromHFont(in.Byte() % 16 ? AnyFont(in.Byte()) : nullptr, flags);
     for (int calls = 0; calls < 4 && !in.Empty(); ++calls) {
         font.SetTextColor(in.Pixel());
         font.SetEffectColor(in.Pixel());
@@ -53,11 +53,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         const bool terminated = in.Bool();
         const std::unique_ptr<char[]> block(new char[text.size() + terminated]);
         memcpy(block.get(), text.c_str(), text.size() + terminated);
-        const int count = terminated && in.Bool() ? -1 : static_cast<int>(text.size());
+        const int count = terminated ? in.Of({-1, -7, 2, 400}) : static_cast<int>(text.size());
 
         const UINT format = in.Byte() % 4 ? in.Of({0x824u, 0x825u, 0xC20u, 0x10u}) : in.Raw<uint32_t>();
         RECT r = {in.Int(), in.Int(), in.Int(), in.Int()};
-        font.DrawText(in.Byte() % 8 ? &dest : nullptr, block.get(), count, &r, format);
+        font.DrawText(in.Byte() % 8 ? &dest : nullptr, in.Byte() % 8 ? block.get() : nullptr, count,
+                      in.Byte() % 8 ? &r : nullptr, format);
         font.DrawText(nullptr, block.get(), count, &r, format | DT_CALCRECT);
         const int x = in.Int(), y = in.Int();
         font.DrawGlyphAt(&dest, in.Byte() % 4 ? static_cast<unsigned>(in.Byte()) : in.Pixel(), x, y,

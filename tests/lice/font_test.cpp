@@ -3,7 +3,6 @@
 // text.
 #include "lice/font.h"
 
-#include <cmath>
 #include <memory>
 #include <string>
 
@@ -86,30 +85,6 @@ TEST(Font, AgreesWithASlowComposer) {
                 ASSERT_TRUE(drawn.memory == wanted.memory) << trace;
             }
         }
-    }
-}
-
-TEST(Font, TakesAnyArguments) {
-    constexpr int Far = std::numeric_limits<int>::max();
-    Random random;
-    LICE_CachedFont font;
-    const int sides[] = {-Far - 1, -Far, -100, 0, 50, Far};
-    for (int round = 0; round < 600; ++round) {
-        if (round % 20 == 0) {
-            const HFONT handle = SystemFont(random.Of({-12, -60, -250, -1000, -5000, 0, 1, 20, 300}));
-            font.SetFromHFont(random.Chance(9) ? nullptr : handle, random.In(0, 0x5FF) | LICE_FONT_FLAG_OWNS_HFONT);
-            if (font.GetHFont() != handle) DeleteObject(handle);
-        }
-        font.SetCombineMode(random.In(0, 0x3FFFF), random.Of({1.0f, 0.3f, -1e30f, 1e30f, std::nanf("")}));
-        font.SetLineSpacing(random.Of(sides));
-        font.SetBkMode(random.In(0, 3));
-        TestSurface drawn = TestSurface::Any(random, 60, true, 0);
-        RECT rect{random.Of(sides), random.Of(sides), random.Of(sides), random.Of(sides)};
-        const UINT format = static_cast<UINT>(random.In(-Far - 1, Far));
-        const std::string text = AnyText(random);
-        font.DrawText(random.Chance(9) ? nullptr : &drawn, random.Chance(9) ? nullptr : text.c_str(),
-                      random.Of({-1, -7, 2, 400}), random.Chance(9) ? nullptr : &rect, format);
-        font.DrawGlyphAt(&drawn, 'A', random.Of(sides), random.Of(sides), random.Chance(2) ? &rect : nullptr);
     }
 }
 
