@@ -84,13 +84,14 @@ TEST(Blit, AgreesWithAPixelByPixelReference) {
 TEST(Blit, OverlapIsWalkedInPlainOrder) {
     Random random;
     for (int round = 0; round < 5000; ++round) {
-        TestSurface both = TestSurface::Any(random, 20, false, 8), expected = both;
+        TestSurface both = TestSurface::Any(random, 40, false, 8), expected = both;
         const bool wholeRows = random.Chance(3);
-        const RECT r = wholeRows ? RECT{0, random.In(0, 4), 20, random.In(1, 20)}
-                                 : RECT{random.In(0, 4), random.In(0, 4), random.In(1, 20), random.In(1, 20)};
-        const int dstx = wholeRows ? 0 : r.left + random.In(-9, 9), dsty = r.top + random.In(-1, 1);
-        const int mode = AnyMode(random);
-        const float alpha = random.Alpha();
+        const RECT r = wholeRows ? RECT{0, random.In(0, 4), 40, random.In(1, 40)}
+                                 : RECT{random.In(0, 4), random.In(0, 4), random.In(1, 40), random.In(1, 40)};
+        const int dstx = wholeRows ? 0 : r.left + random.In(-9, 9), dsty = r.top + random.Of({0, 0, -1, 1});
+        const int mode =
+            random.Chance(3) ? LICE_BLIT_USE_ALPHA : AnyMode(random);  // the form that reads furthest ahead
+        const float alpha = random.Chance(2) ? 1.0f : random.Alpha();
         SlowBlit(expected, expected, dstx, dsty, &r, alpha, mode);
         LICE_Blit(&both, &both, dstx, dsty, &r, alpha, mode);
         ASSERT_TRUE(both.memory == expected.memory) << "mode " << mode << " alpha " << alpha;
