@@ -25,6 +25,14 @@ static void ScaleView(Host& host, double factor) {
     host.project.view = {std::max(0.0, middle - half), middle + half};
 }
 
+// Heights that tracks have of their own change alike.
+static void ZoomVertically(Host& host, int times, int over) {
+    const auto zoomed = [=](int height) { return std::clamp(height * times / over, 30, 600); };
+    host.laneHeight = zoomed(host.laneHeight);
+    for (int i = 0; Track* track = host.project.tracks.At(i); ++i)
+        if (track->height > 0) track->height = zoomed(static_cast<int>(std::min(track->height, 600.0)));
+}
+
 static const Action Actions[] = {
     {1007, "Play", Play},
     {1016, "Stop", Stop},
@@ -48,8 +56,8 @@ static const Action Actions[] = {
     {41622, "Zoom to selected items", ZoomToItems, nullptr, true},
     {1011, "Zoom out horizontally", [](Host& host) { ScaleView(host, 2); }},
     {1012, "Zoom in horizontally", [](Host& host) { ScaleView(host, 0.5); }},
-    {40111, "Zoom in vertically", [](Host& host) { host.laneHeight = std::min(host.laneHeight * 5 / 4, 600); }},
-    {40112, "Zoom out vertically", [](Host& host) { host.laneHeight = std::max(host.laneHeight * 4 / 5, 30); }},
+    {40111, "Zoom in vertically", [](Host& host) { ZoomVertically(host, 5, 4); }},
+    {40112, "Zoom out vertically", [](Host& host) { ZoomVertically(host, 4, 5); }},
     {41295, "Duplicate items", nullptr, DuplicateItems},
     {40062, "Duplicate tracks", nullptr, DuplicateTracks},
     {40129, "Delete active take", nullptr, DeleteActiveTake},

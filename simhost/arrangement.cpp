@@ -15,7 +15,8 @@ namespace {
 constexpr LICE_pixel Ground = 0xFF16171B, LaneColour = 0xFF1C1E23, Divider = 0xFF0D0D0F, HeaderColour = 0xFF24262C;
 constexpr LICE_pixel RulerColour = 0xFF1F2127, GridLine = 0xFFFFFFFF, DimText = 0xFF9AA3AD, BrightText = 0xFFE8ECF0;
 constexpr LICE_pixel ItemColour = 0xFF35566E, WaveColour = 0xFFBBE0F5, RegionColour = 0xFF2D6E4A;
-constexpr LICE_pixel CursorColour = 0xFFF0A040, SelectionColour = 0xFF4CA6F2, FadeColour = 0xFFF0D090;
+constexpr LICE_pixel CursorColour = 0xFFF0A040, SelectionColour = 0xFF4CA6F2, FadeColour = 0xFFF0D090,
+                     EnvelopeColour = 0xFF60D080;
 
 struct Canvas {
     LICE_IBitmap* bm;
@@ -72,6 +73,16 @@ double GridStep(const Canvas& c) {
     return 3600.0;
 }
 
+// Below the tracks.
+void PaintGrid(const Canvas& c, const Project& project) {
+    const int top = c.layout.rulerHeight;
+    const double step = GridStep(c);
+    for (double i = std::ceil(c.view.start / step); i * step <= c.view.end; ++i)
+        c.Line(c.X(i * step), top, c.X(i * step), c.Height(), GridLine, 0.05f, false);
+    for (const Marker& marker : project.markers)
+        c.Line(c.X(marker.start), top, c.X(marker.start), c.Height(), RegionColour, 0.6f, false);
+}
+
 void PaintRuler(const Canvas& c, const Project& project) {
     const int height = c.layout.rulerHeight;
     c.Fill(0, 0, c.Width(), height, RulerColour);
@@ -86,13 +97,12 @@ void PaintRuler(const Canvas& c, const Project& project) {
             std::snprintf(label, sizeof label, "%d:%02d", static_cast<int>(time / 60),
                           static_cast<int>(std::fmod(time, 60)));
         c.Line(x, height - 6, x, height - 1, DimText, 1.0f, false);
-        c.Line(x, height, x, c.Height(), GridLine, 0.05f, false);
         Write(c, label, {x + 4, height - 18, c.Width(), height}, DimText, 11, 400);
     }
     for (const Marker& marker : project.markers) {
         const int x = c.X(marker.start), end = marker.isRegion ? c.X(marker.end) : x + 2;
         c.Fill(x, 3, std::max(2, end - x), 18, RegionColour);
-        c.Line(x, 3, x, c.Height(), RegionColour, 0.6f, false);
+        c.Line(x, 3, x, height - 1, RegionColour, 0.6f, false);
         if (marker.isRegion) Write(c, marker.name, {x + 5, 4, end - 3, 20}, BrightText);
     }
 }
@@ -102,9 +112,8 @@ struct Peak {
 };
 
 // The extremes of what the item plays in each of the columns from x0 on, each `step` seconds wide.
-std::vector<Peak> Peaks(const Item& item, double from, double step, int columns, int columnFrames) {
+std::vector<Peak> Peaks(const Item& item, const Take* take, double from, double step, int columns, int columnFrames) {
     std::vector<Peak> peaks(std::max(columns, 0));
-    const Take* take = item.Active();
     if (!take || !take->source || take->source->SampleRate() <= 0) return peaks;
     const int rate = take->source->SampleRate(), channels = take->source->Channels();
     const int frames = static_cast<int>(std::clamp(step * rate, 1.0, 2e9));
@@ -137,12 +146,10 @@ LICE_pixel Tint(double native) {
     return LICE_RGBA(colour & 255, colour >> 8 & 255, colour >> 16 & 255, 255);
 }
 
-void PaintItem(const Canvas& c, const Item& item, int top, int height) {
-    constexpr int title = 16;
-    const int left = std::max(c.X(item.position), c.layout.headerWidth), right = std::min(c.X(item.End()), c.Width());
-    const int width = std::max(right - left, 1);
-    if (c.X(item.End()) < c.layout.headerWidth || left >= c.Width()) return;
-    const float strength = item.mute ? 0.4f : 1.0f;
+// What the take shows of its item, in the columns from left on.
+void PaintTake(const Canvas& c, const Item& item, const Take* take, RECT place, float strength) {
+    const int left = place.left, width = place.right - left, top = place.top, height = place.bottom - top;
+    const int title = height < 40 ? 0 : 16;
     const LICE_pixel body = item.colour ? Tint(item.colour) : ItemColour;
     c.Fill(left, top, width, height, body, strength);
     c.Fill(left, top, width, title, 0xFF000000, 0.25f);
@@ -151,48 +158,83 @@ void PaintItem(const Canvas& c, const Item& item, int top, int height) {
     // No sound from outside the item, however short it is.
     const double from = std::max(0.0, c.TimeAt(left) - item.position);
     const double step = std::min(1 / c.PixelsPerSecond(), item.length);
-    const std::vector<Peak> peaks = Peaks(item, from, step, width, c.layout.columnFrames);
-    for (int i = 0; i < width; ++i) {
-        const auto y = [&](double level) { return middle - static_cast<int>(std::clamp(level, -1.0, 1.0) * reach); };
+    const std::vector<Peak> peaks = Peaks(item, take, from, step, width, c.layout.columnFrames);
+    const auto y = [&](double level) { return middle - static_cast<int>(std::clamp(level, -1.0, 1.0) * reach); };
+    for (int i = 0; i < width; ++i)
         c.Fill(left + i, y(peaks[i].high), 1, y(peaks[i].low) - y(peaks[i].high) + 1, WaveColour, 0.9f * strength);
+    if (take && take->volumeEnvelope) c.Fill(left, y(0.5), width, 2, EnvelopeColour, strength);
+    if (title && width > 24)
+        Write(c, BaseName(take ? take->name : item.label), {left + 5, top + 1, place.right - 3, top + title},
+              BrightText, 11);
+}
+
+void PaintItem(const Canvas& c, const Item& item, int top, int height) {
+    const int left = std::max(c.X(item.position), c.layout.headerWidth), right = std::min(c.X(item.End()), c.Width());
+    const int width = std::max(right - left, 1);
+    if (c.X(item.End()) < c.layout.headerWidth || left >= c.Width()) return;
+    const float strength = item.mute ? 0.4f : 1.0f;
+    const int lanes = c.layout.takesInLanes ? std::max(1, static_cast<int>(item.takes.size())) : 1;
+    for (int i = 0; i < lanes; ++i) {
+        const bool active = lanes == 1 || i == item.activeTake;
+        const RECT place = {left, top + height * i / lanes, left + width, top + height * (i + 1) / lanes};
+        PaintTake(c, item, active ? item.Active() : &*item.takes[i], place, active ? strength : 0.5f * strength);
     }
-    PaintFade(c, item.position, item.position + item.FadeIn(), top, top + height - 1);
-    PaintFade(c, item.End(), item.End() - item.FadeOut(), top, top + height - 1);
+    const double in = item.autoFadeIn >= 0 ? item.autoFadeIn : item.fadeIn;
+    const double out = item.autoFadeOut >= 0 ? item.autoFadeOut : item.fadeOut;
+    PaintFade(c, item.position, item.position + in, top, top + height - 1);
+    PaintFade(c, item.End(), item.End() - out, top, top + height - 1);
     // Of an item that is only a sliver, its edges would be all that one sees.
     const bool sliver = width < 4;
     if (item.selected && sliver) c.Fill(left, top, width, 2, BrightText);
     if (item.selected && !sliver)
         LICE_DrawRect(c.bm, left, top, width - 1, height - 1, BrightText, 0.9f, LICE_BLIT_MODE_COPY);
     if (!sliver) c.Line(left, top, left, top + height - 1, Divider, 1.0f, false);
-    if (width > 24) Write(c, BaseName(item.Name()), {left + 5, top + 1, right - 3, top + title}, BrightText, 11);
 }
 
-void PaintTrack(const Canvas& c, const Track& track, int index) {
-    const int top = c.layout.rulerHeight + index * c.layout.laneHeight, height = c.layout.laneHeight - 2;
-    const int header = c.layout.headerWidth;
+void PaintTrack(const Canvas& c, const Track& track, Lane lane) {
+    const int top = lane.top, height = lane.bottom - top - 2, header = c.layout.headerWidth;
+    const bool low = height < 48;
     for (const Box<Item>& item : track.items) PaintItem(c, *item, top + 4, height - 8);
     c.Fill(0, top, header, height, HeaderColour);
     c.Fill(0, top, 4, height, track.colour ? Tint(track.colour) : SelectionColour, track.selected ? 1.0f : 0.5f);
-    Write(c, std::to_string(index + 1), {12, top + 8, header, top + 26}, DimText, 11, 400);
-    Write(c, BaseName(track.name), {12, top + 26, header - 6, top + 46}, BrightText);
+    Write(c, std::to_string(track.index + 1), {12, top + 8, header, top + 26}, DimText, 11, 400);
+    Write(c, BaseName(track.name), {low ? 34 : 12, top + (low ? 7 : 26), header - 6, top + 46}, BrightText);
     if (track.armed) LICE_FillCircle(c.bm, header - 16.0f, top + 18.0f, 5, 0xFFD94040, 1.0f, LICE_BLIT_MODE_COPY, true);
     c.Fill(0, top + height, c.Width(), 2, Divider);
 }
 
 }  // namespace
 
+Lane LaneOf(const Project& project, const Track& track, const ArrangementLayout& layout) {
+    Lane lane = {0, layout.rulerHeight - layout.scrolled};
+    for (int i = 0; i <= track.index; ++i) {
+        const double own = project.tracks.All()[i]->height;
+        lane = {lane.bottom,
+                lane.bottom + (own > 0 ? static_cast<int>(std::clamp(own, 24.0, 2000.0)) : layout.laneHeight)};
+    }
+    return lane;
+}
+
 int ArrangementHeight(const Project& project, const ArrangementLayout& layout) {
-    return layout.rulerHeight + std::max(1, project.tracks.Count()) * layout.laneHeight;
+    const auto& tracks = project.tracks.All();
+    return tracks.empty() ? layout.rulerHeight + layout.laneHeight
+                          : LaneOf(project, *tracks.back(), layout).bottom + layout.scrolled;
 }
 
 void PaintArrangement(const Project& project, LICE_IBitmap* bitmap, TimeRange view, const ArrangementLayout& layout) {
     if (!bitmap || !(view.end > view.start)) return;
     const Canvas c = {bitmap, view, layout};
     LICE_Clear(bitmap, Ground);
-    for (int i = 0; i < project.tracks.Count(); ++i)
-        c.Fill(0, layout.rulerHeight + i * layout.laneHeight, c.Width(), layout.laneHeight - 2, LaneColour);
+    for (const Box<Track>& track : project.tracks.All()) {
+        const Lane lane = LaneOf(project, *track, layout);
+        c.Fill(0, lane.top, c.Width(), lane.bottom - lane.top - 2, LaneColour);
+    }
+    PaintGrid(c, project);
+    for (const Box<Track>& track : project.tracks.All()) {
+        const Lane lane = LaneOf(project, *track, layout);
+        if (lane.bottom > layout.rulerHeight && lane.top < c.Height()) PaintTrack(c, *track, lane);
+    }
     PaintRuler(c, project);
-    for (int i = 0; i < project.tracks.Count(); ++i) PaintTrack(c, *project.tracks.All()[i], i);
     const auto [start, end] = project.timeSelection;
     if (end > start) {
         const int x = std::max(c.X(start), layout.headerWidth);

@@ -9,15 +9,21 @@ namespace simhost {
 
 // Where things stand in the picture, in pixels.
 struct ArrangementLayout {
-    int headerWidth = 120;  // of the tracks' names
-    int rulerHeight = 44;   // times and regions
-    int laneHeight = 110;
+    int headerWidth = 120;      // of the tracks' names
+    int rulerHeight = 44;       // times and regions
+    int laneHeight = 110;       // of tracks without a height of their own
+    int scrolled = 0;           // how much of the lanes is hidden above the ruler's lower edge
+    bool takesInLanes = false;  // all takes of an item, one under the other; else the active one
     // Frames read for a column of waveform at most, in eight pieces spread over it; 0: all that there are.
     int columnFrames = 0;
 };
 
 // The height that shows all tracks.
 int ArrangementHeight(const Project& project, const ArrangementLayout& layout = {});
+struct Lane {
+    int top, bottom;
+};
+Lane LaneOf(const Project& project, const Track& track, const ArrangementLayout& layout);
 // Paints what lies between the two times over the whole surface.
 void PaintArrangement(const Project& project, LICE_IBitmap* bitmap, TimeRange view,
                       const ArrangementLayout& layout = {});

@@ -66,12 +66,16 @@ static std::string Told(const void* pointer) {
 
 class Call {
   public:
-    explicit Call(int index) : host_(Host::Current()), counter_(host_.counters_[index]), outer_(host_.running_) {
+    Call(int index, bool changes)
+        : host_(Host::Current()), counter_(host_.counters_[index]), outer_(host_.running_), changes_(changes) {
         ++counter_.calls;
         host_.running_ = Functions[index].name;
         fails_ = counter_.failsFrom && counter_.calls >= counter_.failsFrom;
     }
-    ~Call() { host_.running_ = outer_; }
+    ~Call() {
+        host_.running_ = outer_;
+        host_.changes += changes_;
+    }
 
     bool Fails() const { return fails_; }
     int Result() const { return counter_.result; }
@@ -92,7 +96,7 @@ class Call {
     Host& host_;
     Host::Counter& counter_;
     const char* outer_;
-    bool fails_;
+    bool changes_, fails_;
     size_t line_ = static_cast<size_t>(-1);  // of the trace, unless nothing is traced
 };
 
@@ -106,12 +110,28 @@ static Result Failure(int value) {
         return static_cast<Result>(value);
 }
 
+constexpr std::string_view Names[] = {
+#define NAME(result, name, parameters) #name,
+    FUNCOES_DO_HOST(NAME)
+#undef NAME
+};
+
+// As the name says it; what can both ask and set counts as setting.
+constexpr bool OnlyAnswers(std::string_view name) {
+    if (name.starts_with("GetSet")) return false;
+    for (const std::string_view start :
+         {"Color", "Count", "Create", "Destroy", "Enum", "Get", "Is", "Undo_Can", "Validate", "get", "projectconfig"})
+        if (name.starts_with(start)) return true;
+    return false;
+}
+
 template <int index, auto function>
 struct Entry;
 template <int index, class Result, class... Arguments, Result (*function)(Arguments...)>
 struct Entry<index, function> {
     static Result Run(Arguments... arguments) {
-        Call call(index);
+        constexpr bool changes = !OnlyAnswers(Names[index]);
+        Call call(index, changes);
         call.TraceCall(arguments...);
         if constexpr (std::is_void_v<Result>) {
             if (!call.Fails()) function(arguments...);

@@ -122,6 +122,7 @@ class Host {
     void StartHistory();
 
     int refreshHeldOff = 0;  // PreventUIRefresh's sum
+    int64_t changes = 0;     // grows with each call that may have changed what there is to see
 
     // --- transport (transport.cpp); there is no clock but Elapse
     int playState = 0;  // 1 playing, 2 paused, 4 recording

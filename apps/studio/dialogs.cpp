@@ -7,6 +7,7 @@
 namespace {
 
 constexpr int FirstField = 100;
+constexpr int SettleMs = 100;
 // In dialog units.
 constexpr short Margin = 7, Width = 230, CaptionWidth = 90, RowHeight = 18, FieldHeight = 14, ButtonWidth = 50;
 
@@ -82,16 +83,34 @@ INT_PTR CALLBACK FormProc(HWND dialog, UINT message, WPARAM w, LPARAM l) {
     return TRUE;
 }
 
-// Not the panel: it would not hear of the mouse button's release when a press in it has opened the dialog.
-HWND Owner() {
-    const HWND active = GetActiveWindow(), owner = active ? GetWindow(active, GW_OWNER) : nullptr;
-    return owner ? owner : active;
-}
+// A dialog belongs to the main window, which takes no input meanwhile. The panel does: it has to hear of the release of
+// the button that opened the dialog. Afterwards whoever had the front gets it back, as the panel's slicer mode needs;
+// but a window manager may have its own say first, and so it is heard.
+class Front {
+  public:
+    Front() = default;
+    ~Front() {
+        MSG message;
+        for (int i = 0; i < SettleMs; i += 5, Sleep(5)) PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
+        SetForegroundWindow(before_);
+    }
+    Front(const Front&) = delete;
+    Front& operator=(const Front&) = delete;
+
+    HWND Owner() const {
+        const HWND owner = before_ ? GetWindow(before_, GW_OWNER) : nullptr;
+        return owner ? owner : before_;
+    }
+
+  private:
+    const HWND before_ = GetActiveWindow();
+};
 
 }  // namespace
 
 int ShowMessage(const std::string& text, const std::string& title, int type) {
-    return MessageBoxW(Owner(), Wide(text).c_str(), Wide(title).c_str(), static_cast<UINT>(type));
+    const Front front;
+    return MessageBoxW(front.Owner(), Wide(text).c_str(), Wide(title).c_str(), static_cast<UINT>(type));
 }
 
 bool AskFields(const std::string& title, std::vector<Field>& fields) {
@@ -108,7 +127,8 @@ bool AskFields(const std::string& title, std::vector<Field>& fields) {
                  IDOK, "OK");
     form.Control(Button, WS_TABSTOP, Width - ButtonWidth - Margin, y, ButtonWidth, FieldHeight, IDCANCEL, "Cancelar");
 
-    return DialogBoxIndirectParamW(GetModuleHandleA(nullptr), form.Get(), Owner(), FormProc,
+    const Front front;
+    return DialogBoxIndirectParamW(GetModuleHandleA(nullptr), form.Get(), front.Owner(), FormProc,
                                    reinterpret_cast<LPARAM>(&fields)) == IDOK;
 }
 
@@ -127,10 +147,11 @@ std::optional<std::string> AskInputs(const simhost::ShownInput& shown) {
 }
 
 std::optional<std::string> AskForRecording() {
+    const Front front;
     wchar_t path[32768] = L"";
     OPENFILENAMEW question{};
     question.lStructSize = sizeof question;
-    question.hwndOwner = Owner();
+    question.hwndOwner = front.Owner();
     question.lpstrFilter = L"Gravacoes WAV\0*.wav\0Todos os arquivos\0*.*\0";
     question.lpstrFile = path;
     question.nMaxFile = static_cast<DWORD>(std::size(path));

@@ -10,8 +10,10 @@ constexpr double ShortestView = 0.01, LongestView = 24 * 3600.0;
 simhost::ArrangementLayout View::Layout() const {
     simhost::ArrangementLayout layout;
     layout.columnFrames = 4096;  // an hour of sound has to be painted while the wheel turns
-    const int tracks = std::max(1, host_.project.tracks.Count());
-    layout.laneHeight = std::min(host_.laneHeight, std::max(24, (height_ - layout.rulerHeight) / tracks));
+    layout.laneHeight = host_.laneHeight;
+    layout.takesInLanes = host_.toggles[40435] != 0;
+    // Tracks may have gone since it was scrolled.
+    layout.scrolled = std::clamp(scrolled_, 0, std::max(0, ArrangementHeight(host_.project, layout) - height_));
     return layout;
 }
 
@@ -27,8 +29,22 @@ int View::ColumnOf(double time) const {
 }
 
 simhost::Track* View::TrackAt(int y) {
+    if (InRuler(y)) return nullptr;
     const simhost::ArrangementLayout layout = Layout();
-    return y < layout.rulerHeight ? nullptr : host_.project.tracks.At((y - layout.rulerHeight) / layout.laneHeight);
+    for (int i = 0; simhost::Track* track = host_.project.tracks.At(i); ++i)
+        if (y < LaneOf(host_.project, *track, layout).bottom) return track;
+    return nullptr;
+}
+
+int View::TakeAt(const simhost::Item& item, int y) const {
+    const RECT place = PlaceOf(*item.track, 0, 0);
+    const auto takes = static_cast<LONG>(item.takes.size());
+    return std::clamp((y - place.top) * takes / (place.bottom - place.top), 0L, std::max(0L, takes - 1));
+}
+
+RECT View::PlaceOf(const simhost::Track& track, double start, double end) const {
+    const auto [top, bottom] = LaneOf(host_.project, track, Layout());
+    return {std::max(ColumnOf(start), Layout().headerWidth), top + 4, ColumnOf(end), bottom - 6};
 }
 
 simhost::Item* View::ItemAt(int x, int y) {
@@ -56,14 +72,17 @@ void View::ScrollTo(double start) {
     host_.project.view = {from, from + seconds};
 }
 
-void View::Scroll(double screens) {
-    ScrollTo(host_.project.view.start + Seconds() * screens);
+void View::ScrollDownTo(int pixels) {
+    scrolled_ = pixels;
+    scrolled_ = Layout().scrolled;
 }
 
 void View::ShowAll() {
     host_.project.view = {0, std::max(1.0, ProjectEnd(host_.project) * 1.02)};
 }
 
-void View::Follow(double time) {
-    if (time < host_.project.view.start || time >= host_.project.view.end) ScrollTo(time);
+bool View::Follow(double time) {
+    const bool left = time < host_.project.view.start || time >= host_.project.view.end;
+    if (left) ScrollTo(time);
+    return left;
 }

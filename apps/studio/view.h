@@ -9,7 +9,8 @@ class View {
     explicit View(simhost::Host& host) : host_(host) {}
 
     void Resize(int width, int height) { width_ = width, height_ = height; }
-    // Tracks share the height there is when they would not fit otherwise.
+    int Height() const { return height_; }
+    double Seconds() const { return host_.project.view.end - host_.project.view.start; }
     simhost::ArrangementLayout Layout() const;
 
     double TimeAt(int x) const;  // never before 0
@@ -18,16 +19,16 @@ class View {
     bool InHeader(int x) const { return x < Layout().headerWidth; }
     simhost::Track* TrackAt(int y);
     simhost::Item* ItemAt(int x, int y);  // of items one over another, the one painted on top; null: none
+    int TakeAt(const simhost::Item& item, int y) const;                         // of takes in lanes
+    RECT PlaceOf(const simhost::Track& track, double start, double end) const;  // of an item there
 
     void Zoom(double factor, int x);  // above 1 shows less time; what stands at x stays there
     void ScrollTo(double start);      // seconds, held to 0
-    void Scroll(double screens);      // by that part of what is shown
+    void ScrollDownTo(int pixels);    // of the tracks, held to what there is
     void ShowAll();
-    void Follow(double time);  // turns the page when the time has left it
+    bool Follow(double time);  // turns the page when the time has left it; true when it did
 
   private:
-    double Seconds() const { return host_.project.view.end - host_.project.view.start; }
-
     simhost::Host& host_;
-    int width_ = 1, height_ = 1;
+    int width_ = 1, height_ = 1, scrolled_ = 0;
 };

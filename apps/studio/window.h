@@ -1,12 +1,12 @@
 // apps/studio/window.h
-// The host's main window: the arrangement under the mouse, the menus, the keys and the clock. What the project holds
-// may change at any time by the extension's hand, so the window looks at it several times a second and paints what it
-// finds different.
+// The host's main window: the arrangement under the mouse, and the clock. What the project holds may change at any time
+// by the extension's hand, so the window asks the host several times a second whether it did.
 #pragma once
 #include <optional>
 #include <string>
 
 #include "apps/common/plugin.h"
+#include "apps/studio/menus.h"
 #include "apps/studio/player.h"
 #include "apps/studio/view.h"
 #include "lice/bitmap.h"
@@ -23,42 +23,38 @@ class StudioWindow {
 
     bool LoadPlugin(std::string* error);
     void Open(const std::string& path);  // on a track of its own; a message box tells what went wrong
-    // Keys that are commands, wherever the program has the focus. True when the message was one.
-    bool TakeKey(MSG& message) { return TranslateAcceleratorA(window_, keys_, &message); }
+    void Choose();                       // asks for a recording to open
+    void ShowAll();
+    bool TakeKey(MSG& message) { return menus_.TakeKey(message); }
     simhost::Host& Host() { return host_; }
 
   private:
-    friend struct Commands;
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
     LRESULT Handle(UINT message, WPARAM w, LPARAM l);
-
-    void BuildMenus();
-    void NameUndo();  // in the menu
-    void Run(int command);
 
     void Press(POINT at, bool adding);
     void Drag(POINT at);
     void Release(POINT at, bool adding);
-    void Wheel(int delta, POINT at, bool scrolls);
-    void ScrollBar(int code);
+    void SelectTrack(simhost::Track* track, bool adding);
+    void ChooseTake(simhost::Item& item, int take);
+    void Wheel(int delta, POINT at, WORD keys);
+    void ScrollBar(int bar, int code);
     void Drop(HDROP drop);
 
     void Tick();
     void Transport(double seconds);
-    void TellActions();  // those that this host only records, in the title bar
-    void Refresh();      // paints anew when something is to be seen that was not
+    void Refresh();  // paints the picture anew
+    void SetBar(int bar, int total, int page, int position);
     void Paint();
 
     simhost::Host host_;
     View view_{host_};
     Player player_;
+    Menus menus_{*this};
     std::optional<Plugin> plugin_;
     HWND window_ = nullptr;
-    HMENU editMenu_ = nullptr;
-    HACCEL keys_ = nullptr;
     LICE_SysBitmap picture_;
-    std::string shown_;       // what the picture was painted of
-    size_t actionsTold_ = 0;  // of those that the host ran, how many were looked at
+    int64_t shown_ = -1;  // the host's changes that the picture has
     ULONGLONG lastTick_ = 0;
     double heardAt_ = -1;  // the play position as the clock left it; -1: nothing plays
     POINT pressedAt_{};

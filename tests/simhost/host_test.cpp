@@ -144,10 +144,12 @@ TEST_F(Strict, TheTraceTellsCallsInOrder) {
     Faixa("Voz", {{"A", 2, 6}});
     MediaItem* item = ItemChamado("A");
     host.tracing = true;
+    const int64_t changes = host.changes;
     host::SetMediaItemInfo_Value(item, "D_POSITION", 0.1);
     host::DeleteTrackMediaItem(host::GetMediaItem_Track(item), item);
     host::CountTakes(item);
     host::UpdateArrange();
+    EXPECT_EQ(host.changes - changes, 3) << "questions change nothing";
     host.tracing = false;
     host::UpdateArrange();
     const std::vector<std::string> told = {

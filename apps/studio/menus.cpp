@@ -1,0 +1,115 @@
+#include "apps/studio/menus.h"
+
+#include <algorithm>
+
+#include "apps/studio/window.h"
+
+namespace {
+
+constexpr int FirstCommand = 100, FirstRegistered = 1000;  // the entries' numbers: the studio's, the extensions'
+
+void Undo(StudioWindow& studio) {
+    studio.Host().Undo();
+}
+void Redo(StudioWindow& studio) {
+    studio.Host().Redo();
+}
+
+constexpr struct Command {
+    const char* menu;
+    const char* text;  // with the key's name behind a tab
+    WORD key;          // a virtual key
+    BYTE keyFlags;
+    int action;  // the host's; 0: `run` instead
+    void (*run)(StudioWindow&);
+} Commands[] = {
+    {"Arquivo", "Abrir...\tCtrl+O", 'O', FCONTROL, 0, [](StudioWindow& s) { s.Choose(); }},
+    {"Arquivo", "Sair\tAlt+F4", 0, 0, 0, [](StudioWindow& s) { PostMessageA(s.Host().mainWindow, WM_CLOSE, 0, 0); }},
+    {"Editar", "Desfazer", 'Z', FCONTROL, 0, Undo},
+    {"Editar", "Refazer", 'Y', FCONTROL, 0, Redo},
+    {"Editar", "Selecionar todos os itens\tCtrl+A", 'A', FCONTROL, 0,
+     [](StudioWindow& s) { s.Host().project.tracks.SelectAll(true); }},
+    {"Editar", "Remover itens\tDel", VK_DELETE, 0, 40697, nullptr},
+    {"Editar", "Remover selecao de tempo\tEsc", VK_ESCAPE, 0, 40020, nullptr},
+    {"Transporte", "Tocar/parar\tEspaco", VK_SPACE, 0, 40044, nullptr},
+    {"Transporte", "Tocar/pausar\tEnter", VK_RETURN, 0, 40073, nullptr},
+    {"Transporte", "Ir para o inicio\tHome", VK_HOME, 0, 40042, nullptr},
+    {"Transporte", "Ir para o fim\tEnd", VK_END, 0, 40043, nullptr},
+    {"Exibir", "Aproximar\t+", VK_ADD, 0, 1012, nullptr},
+    {"Exibir", "Afastar\t-", VK_SUBTRACT, 0, 1011, nullptr},
+    {"Exibir", "Trilhas mais altas\tCtrl++", VK_ADD, FCONTROL, 40111, nullptr},
+    {"Exibir", "Trilhas mais baixas\tCtrl+-", VK_SUBTRACT, FCONTROL, 40112, nullptr},
+    {"Exibir", "Projeto inteiro\tCtrl+0", '0', FCONTROL, 0, [](StudioWindow& s) { s.ShowAll(); }},
+};
+
+UINT NumberOf(void (*run)(StudioWindow&)) {
+    const auto found =
+        std::find_if(std::begin(Commands), std::end(Commands), [run](const Command& c) { return c.run == run; });
+    return FirstCommand + static_cast<UINT>(found - std::begin(Commands));
+}
+
+}  // namespace
+
+void Menus::Build() {
+    const HMENU bar = CreateMenu();
+    std::vector<ACCEL> keys;
+    HMENU menu = nullptr;
+    std::string name;
+    WORD number = FirstCommand;
+    for (const Command& command : Commands) {
+        if (name != command.menu) {
+            menu = CreatePopupMenu();
+            AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), command.menu);
+            name = command.menu;
+        }
+        AppendMenuA(menu, MF_STRING, number, command.text);
+        if (command.key) keys.push_back({static_cast<BYTE>(command.keyFlags | FVIRTKEY), command.key, number});
+        ++number;
+    }
+    menu = CreatePopupMenu();
+    number = FirstRegistered;
+    for (const simhost::Registration& r : studio_.Host().registrations) {
+        if (r.name == "gaccel") {
+            const auto& [accel, text] = *static_cast<gaccel_register_t*>(r.info);
+            const std::string entry = std::string(text) + '\t' + static_cast<char>(accel.key);
+            AppendMenuA(menu, MF_STRING, number, entry.c_str());
+            keys.push_back({accel.fVirt, accel.key, number});
+        }
+        ++number;
+    }
+    AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), "Extensao");
+
+    const HWND window = studio_.Host().mainWindow;
+    const HMENU before = GetMenu(window);
+    SetMenu(window, bar);
+    DestroyMenu(before);
+    DestroyAcceleratorTable(keys_);
+    keys_ = CreateAcceleratorTableA(keys.data(), static_cast<int>(keys.size()));
+}
+
+void Menus::NameUndo() {
+    const auto name = [this](const char* verb, const char* title, const char* key, UINT number) {
+        const std::string text = verb + (title ? std::string(": ") + title : "") + '\t' + key;
+        const UINT flags = MF_BYCOMMAND | (title ? MF_ENABLED : MF_GRAYED);
+        ModifyMenuA(GetMenu(studio_.Host().mainWindow), number, flags, number, text.c_str());
+    };
+    name("Desfazer", studio_.Host().UndoTitle(), "Ctrl+Z", NumberOf(Undo));
+    name("Refazer", studio_.Host().RedoTitle(), "Ctrl+Y", NumberOf(Redo));
+}
+
+bool Menus::TakeKey(MSG& message) {
+    return TranslateAcceleratorA(studio_.Host().mainWindow, keys_, &message);
+}
+
+void Menus::Run(int number) {
+    simhost::Host& host = studio_.Host();
+    if (number >= FirstRegistered) {
+        const auto& accelerator = *static_cast<gaccel_register_t*>(host.registrations[number - FirstRegistered].info);
+        for (const simhost::Registration& r : host.registrations)
+            if (r.name == "command_id" && static_cast<WORD>(r.number) == accelerator.accel.cmd)
+                return host.RunAction(r.number);
+    } else if (number >= FirstCommand) {
+        const Command& command = Commands[number - FirstCommand];
+        command.action ? host.RunAction(command.action) : command.run(studio_);
+    }
+}
