@@ -28,10 +28,9 @@ void Activate(HWND handle, WORD how) {
 
 // The owner comes next, then whatever else is on the screen.
 void ActivateAnother(const Window& than) {
-    const HWND leaving = than.handle;
     if (const Window* owner = Find(than.owner); owner && OnScreen(*owner)) return Activate(owner->handle, WA_ACTIVE);
     for (const Window& each : Desktop().windows)
-        if (each.handle != leaving && OnScreen(each)) return Activate(each.handle, WA_ACTIVE);
+        if (OnScreen(each)) return Activate(each.handle, WA_ACTIVE);
     Activate(nullptr, WA_INACTIVE);
 }
 

@@ -66,7 +66,7 @@ void Invalidate(Window& window);        // what is not on the screen has nothing
 // Makes it the active window and tells both sides, the one that loses first; null: none of ours. `how` is WA_ACTIVE or
 // WA_CLICKACTIVE.
 void Activate(HWND window, WORD how);
-void ActivateAnother(const Window& than);
+void ActivateAnother(const Window& than);  // which has just left the screen
 // The user turns to another program, whose window is none of ours.
 void ActivateOtherProgram();
 // A handle that was never given out before.

@@ -23,10 +23,11 @@ class PainelFatiador : public Painel {
         driver::Pump();
         ASSERT_TRUE(ModoFatiadorAtivo);
         ASSERT_NE(Retrato(), inteiro);
+        SalvarPresetAberto = true;
         Espiar([](UINT mensagem, WPARAM) { return mensagem == WM_ACTIVATE; });
     }
     void ConfereCancelado() {
-        EXPECT_FALSE(ModoFatiadorAtivo);
+        EXPECT_FALSE(ModoFatiadorAtivo || SalvarPresetAberto);
         EXPECT_EQ(Retrato(), inteiro);
         EXPECT_STREQ(StatusMsg, "Modo Fatiador cancelado (atividade fora do painel)");
     }

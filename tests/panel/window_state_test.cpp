@@ -96,6 +96,7 @@ TEST_F(PainelLugar, FecharGuardaELembra) {
 
     ShowWindow(JanelaPainel, SW_MINIMIZE);
     const std::string longe = Canto() + " " + Tamanho();
+    EXPECT_NE(longe, "123 45 " + tamanho) << "far off the screen, or an icon at its lower edge";
     Fechar();
     EXPECT_EQ(Gravado(), longe);
     Abrir();

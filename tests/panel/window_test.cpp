@@ -16,7 +16,11 @@ SIZE Cliente() {
 
 TEST_F(Painel, AbreJuntoAoHostEVoltaAFrente) {
     const auto marca = [this] { return ToggleActionProc(host.ActionNumber("QUILMO_ABRIR_PAINEL")); };
-    const auto preparou = [this] { return std::exchange(host.actionsRun, {}).size() > 0; };
+    const auto preparou = [this] {
+        const bool sim = Acoes().find("40753") != std::string::npos;
+        host.actionsRun.clear();
+        return sim;
+    };
     EXPECT_EQ(marca(), 0);
     Abrir();
     ASSERT_TRUE(JanelaPainelAberta());
@@ -214,9 +218,13 @@ TEST_F(Painel, CadaEstadoMudaSoOSeuLugarNaTela) {
     EXPECT_GT(diferentes(sobre, tela(), 62, 95), 8000);
     Soltar();
 
+    Faixa("Voz", {{"A", 0, 4}});
+    Selecionar({"A"});
+    Dados(ItemChamado("A")).mute = true;
     host.playState = 4;
     Mover(316, 2);
     const driver::Picture gravando = tela();
+    EXPECT_EQ(gravando.At(245, 365), 0x484F56u) << "what is selected is mute: 42, 50, 58 raised by 40, dimmed";
     ASSERT_TRUE(EsperarTique(1));
     EXPECT_GT(diferentes(gravando, tela(), 26, 59), 5000) << "it blinks";
 }

@@ -128,6 +128,11 @@ TEST_F(Desktop, PaintsAtOnceButOnlyWhatIsInvalid) {
     PostMessageA(window, WM_USER, 7, 0);
     driver::Pump();
     EXPECT_EQ(Heard(), "a: message 7, a: paint") << "posted messages come before painting";
+    const HWND hidden = Make("b");
+    Heard();
+    InvalidateRect(hidden, nullptr, FALSE);
+    UpdateWindow(hidden);
+    EXPECT_EQ(Heard(), "") << "a hidden window has nothing to paint";
 }
 
 TEST_F(Desktop, TheWindowThatLosesTheFrontHearsOfItFirst) {
