@@ -186,7 +186,10 @@ TEST(HeapBuffer, GrowsByHalvesInPagesAndShrinksWhenAskedTo) {
          {{1, true, 1, 65440},
           {65440, true, 65440, 65440},
           {65441, true, 65441, 130976},
-          {1000, true, 1000, 130976},  // four granules may stay idle
+          {1000, true, 1000, 130976},
+          {300000, true, 300000, 446368},
+          {184224, true, 184224, 446368},  // four granules may stay idle
+          {184223, true, 184223, 270240},
           {0, true, 0, 0}}},
         {4096,
          {{100000, false, 100000, 147360},
