@@ -122,18 +122,4 @@ bool Host::Know(ReaProject* handle) {
     return !handle || Owner(handle, Kind::Project) == this;
 }
 
-int Host::ConfigInt(const std::string& name) const {
-    const auto found = configVars.find(name);
-    int value = 0;
-    if (found != configVars.end() && found->second.size() == sizeof value)
-        std::memcpy(&value, found->second.data(), sizeof value);
-    return value;
-}
-
-void Host::SetConfigInt(const std::string& name, int value) {
-    std::vector<char>& bytes = configVars[name];
-    bytes.resize(sizeof value);
-    std::memcpy(bytes.data(), &value, sizeof value);
-}
-
 }  // namespace simhost

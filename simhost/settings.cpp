@@ -1,4 +1,4 @@
-// Times, settings by name, colours, paths, and the test of pointers.
+// The project's times, settings by name, and what the host tells of itself: paths, colours, living pointers.
 #include <algorithm>
 #include <cstring>
 
@@ -87,6 +87,20 @@ void* api::get_config_var(const char* name, int* size) {
     const bool known = found != host.configVars.end();
     if (size) *size = known ? static_cast<int>(found->second.size()) : 0;
     return known ? found->second.data() : nullptr;
+}
+
+int Host::ConfigInt(const std::string& name) const {
+    const auto found = configVars.find(name);
+    int value = 0;
+    if (found != configVars.end() && found->second.size() == sizeof value)
+        std::memcpy(&value, found->second.data(), sizeof value);
+    return value;
+}
+
+void Host::SetConfigInt(const std::string& name, int value) {
+    std::vector<char>& bytes = configVars[name];
+    bytes.resize(sizeof value);
+    std::memcpy(bytes.data(), &value, sizeof value);
 }
 
 // An offset is the setting's place in the list, times 16, behind a head of 64 bytes.

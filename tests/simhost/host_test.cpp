@@ -124,11 +124,12 @@ TEST_F(Strict, EveryKindOfBadCallerIsCaughtAndNamed) {
 
 TEST_F(Strict, FunctionsFailFromTheAskedCallOn) {
     MediaTrack* voice = Faixa("Voz", {{"A", 0, 8}});
-    host.FailFrom("SplitMediaItem", 2);
+    EXPECT_EQ(host::SplitMediaItem(ItemChamado("A"), 9), nullptr);  // outside
+    host.FailFrom("SplitMediaItem", 2);                             // counted from here
     EXPECT_NE(host::SplitMediaItem(ItemChamado("A"), 6), nullptr);
     EXPECT_EQ(host::SplitMediaItem(ItemChamado("A"), 4), nullptr);
     EXPECT_EQ(host::SplitMediaItem(ItemChamado("A"), 2), nullptr);
-    EXPECT_EQ(host.CallCount("SplitMediaItem"), 3);
+    EXPECT_EQ(host.CallCount("SplitMediaItem"), 4);
     host.FailFrom("DeleteTrackMediaItem", 1);
     host.FailFrom("AddProjectMarker2", 1, -1);
     host.FailFrom("SelectAllMediaItems", 1);

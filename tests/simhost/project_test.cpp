@@ -129,19 +129,18 @@ TEST_F(Arrangement, PreferencesChangeWhatUndoGives) {
     EXPECT_EQ(Selecionados(), "B");  // as the user left it
 
     host.preferences.undoPoints = 2;
-    for (const char* title : {"two", "three", "four"}) Block(title, [] {});
+    for (const char* title : {"two", "three", "four"}) Block(title, [] { Marcador("m", 1); });
     EXPECT_EQ(Historico(), "three | four");
-    EXPECT_NE(host::Undo_DoUndo2(nullptr), 0);
-    EXPECT_NE(host::Undo_DoUndo2(nullptr), 0);
-    EXPECT_EQ(host::Undo_DoUndo2(nullptr), 0);
+    while (host::Undo_DoUndo2(nullptr)) continue;
+    EXPECT_EQ(Retrato(), "Voz: A 2-6 | B 8-9 [M1 m 1]");
 }
 
 TEST_F(Arrangement, MarkersAndRegionsAreListedByPosition) {
     Marcador("m", 5);
     EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 6, 4, "back to front", -1, 0), 1);
-    EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 0, 9, nullptr, 7, 0x1000000), 7);
-    EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 4.5, 5, "c", 7, 0), 8);  // 7 is taken
-    EXPECT_EQ(Retrato(), "[R7 0-9 #000000] [R1 back to front 4-6] [R8 c 4.5-5] [M1 m 5]");
+    EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 0, 9, "c", 7, 0x1000000), 7);
+    EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 4.5, 5, nullptr, 7, 0), 8);  // 7 is taken
+    EXPECT_EQ(Retrato(), "[R7 c 0-9 #000000] [R1 back to front 4-6] [R8 4.5-5] [M1 m 5]");
     int marker, region;
     host::GetLastMarkerAndCurRegion(nullptr, 4.75, &marker, &region);
     EXPECT_EQ(marker, -1);
@@ -152,7 +151,7 @@ TEST_F(Arrangement, MarkersAndRegionsAreListedByPosition) {
     EXPECT_FALSE(host::SetProjectMarker3(nullptr, 99, true, 5, 6, "", 0));
     EXPECT_TRUE(host::DeleteProjectMarker(nullptr, 1, true));
     EXPECT_FALSE(host::DeleteProjectMarker(nullptr, 1, true));
-    EXPECT_EQ(Retrato(), "[R8 c 4.5-5] [M1 m 5] [R7 5.5-6 #000000]");
+    EXPECT_EQ(Retrato(), "[R8 4.5-5] [M1 m 5] [R7 c 5.5-6 #000000]");
     int markers, regions;
     EXPECT_EQ(host::CountProjectMarkers(nullptr, &markers, &regions), 3);
     EXPECT_EQ(markers, 1);
@@ -208,7 +207,10 @@ TEST_F(Arrangement, ActionsEditWhatIsSelectedAndNotLocked) {
 }
 
 TEST_F(Arrangement, TransportAndViewFollowTheirActions) {
-    Projeto("Voz: A 2-6 {time 1-3}");
+    Projeto("Voz: A 2-6");
+    double start = 1, end = 3;
+    host::GetSet_LoopTimeRange(true, true, &start, &end, false);
+    EXPECT_EQ(RetratoCompleto(), "Voz: A 2-6 {time 1-3} {loop 1-3}");
     for (const int action : {40043, 40020, 1007}) host::Main_OnCommand(action, 0);
     EXPECT_EQ(RetratoCompleto(), "Voz: A 2-6 {cursor 6} {play 1}");
     host.Elapse(2);
