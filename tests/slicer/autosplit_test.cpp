@@ -23,8 +23,8 @@ simhost::SourceRef Fala(std::initializer_list<double> bordas) {
 
 class Fatias : public Cena {
   protected:
-    bool Fatiar(bool fechar) {
-        return reinterpret_cast<decltype(&Quilmo_AutoSplit)>(host.ApiFunction("Quilmo_AutoSplit"))(fechar, 55, -37.0);
+    bool Fatiar(bool fechar) {  // with a block of no length, for which 55 ms stand
+        return reinterpret_cast<decltype(&Quilmo_AutoSplit)>(host.ApiFunction("Quilmo_AutoSplit"))(fechar, -1, -37.0);
     }
     // The only track in the project, with all its items selected.
     void SoEstaFaixa(const std::vector<ItemDeCena>& itens) {
@@ -36,7 +36,7 @@ class Fatias : public Cena {
 };
 
 TEST_F(Fatias, SoOSomFica) {
-    const auto meio = Fala({1, 2, 4}), tres = Fala({0.5, 1, 2, 3, 4, 5, 6}), tudo = Fala({0, 3});
+    const auto meio = Fala({1, 2, 4}), tres = Fala({0.5, 1, 2, 3, 4, 5, 6}), tudo = Fala({0, 1, 1.04, 3});
     const struct {
         std::vector<ItemDeCena> itens;
         bool fechar;

@@ -42,9 +42,9 @@ TEST_F(Bounce, AbreAteAsAlcasESeEncolheDeVolta) {
 }
 
 TEST_F(Bounce, PelaFaixaECadaUmUmaVez) {
-    Projeto("1: a 5-6 * / 2: b 5-8 * | c 20-21");
+    Projeto("1: x 5-7 no take * / 2: a 5-6 * / 3: b 5-8 * | c 20-21");
     EXPECT_TRUE(BounceEntrada(10.0));
-    EXPECT_EQ(Retrato(), "1: a-glued 5-6 / 2: b-glued 5-8 | c 20-21");
+    EXPECT_EQ(Retrato(), "1:  5-7 no take / 2: a-glued 5-6 / 3: b-glued 5-8 | c 20-21");
     const auto nada = [] { EXPECT_FALSE(BounceEntrada(10.0) || BounceEntradaAtivo); };
     Contar(nada, "", {{"1: a 5-6"}, {"1: a 5-6 no take *", "1:  5-6 no take *"}});
 }

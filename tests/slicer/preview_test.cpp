@@ -21,6 +21,7 @@ class Previa : public Painel {
         faixa = Faixa("Voz");
         const auto fonte = simhost::Bursts(
             8000, 1, {{24000, 0}, {16000, 0.5}, {8000, 0}, {8000, 0.01}, {8000, 0}, {8000, 0.5}, {80000, 0}});
+        NovoItem(faixa, {"curto", 10, 12});
         Dados(NovoItem(faixa, {"A", 10, 16, fonte})).takes[0]->startOffset = 3;
         NovoItem(faixa, {"B", 30, 31});
         Selecionar({"A"});
@@ -84,7 +85,7 @@ TEST_F(Previa, VariosItensViramUmAntes) {
     Voltar();
     EXPECT_FALSE(ModoFatiadorAtivo);
     EXPECT_EQ(Historico().find("Fatiador"), std::string::npos);
-    EXPECT_EQ(Dados(faixa).items.size(), 1u) << "the joining stands";
+    EXPECT_EQ(Dados(faixa).items.size(), 2u) << "the joining stands";
 }
 
 // Handles die with each undo, and the host may keep the selection to itself.
@@ -126,7 +127,7 @@ TEST_F(Previa, AplicarGuardaOsCortesEODesfazerDoHost) {
     EXPECT_EQ(Retrato(), cortado) << "what was applied is no preview any more";
     host.Undo();
     host.Undo();
-    EXPECT_EQ(Retrato(), "Voz: A 10-16 @3 | B 30-31");
+    EXPECT_EQ(Retrato(), "Voz: curto 10-12 | A 10-16 @3 | B 30-31");
 }
 
 TEST_F(Previa, SemItemParaReconhecerFicaVazioAteEleVoltar) {
@@ -134,10 +135,11 @@ TEST_F(Previa, SemItemParaReconhecerFicaVazioAteEleVoltar) {
     // Somebody deletes the item below the preview: nothing is left to select.
     host.Undo();
     host.BeginBlock();
-    host.project.tracks.Remove(*host.project.tracks.ItemAt(0));
+    host.project.tracks.Remove(*host.project.tracks.Selected()[0]);
     host.EndBlock("Script");
     PisoMenos();
     Conferir("modo bounce", "Fatiador Bounce Entrada | Script");
+    EXPECT_EQ(Mensagens(), "");
     host.Undo();
     PisoMenos();
     Conferir("modo preview bounce", ComPreview);
