@@ -179,10 +179,8 @@ void PaintItem(const Canvas& c, const Item& item, int top, int height) {
         const RECT place = {left, top + height * i / lanes, left + width, top + height * (i + 1) / lanes};
         PaintTake(c, item, active ? item.Active() : &*item.takes[i], place, active ? strength : 0.5f * strength);
     }
-    const double in = item.autoFadeIn >= 0 ? item.autoFadeIn : item.fadeIn;
-    const double out = item.autoFadeOut >= 0 ? item.autoFadeOut : item.fadeOut;
-    PaintFade(c, item.position, item.position + in, top, top + height - 1);
-    PaintFade(c, item.End(), item.End() - out, top, top + height - 1);
+    PaintFade(c, item.position, item.position + item.FadeIn(), top, top + height - 1);
+    PaintFade(c, item.End(), item.End() - item.FadeOut(), top, top + height - 1);
     // Of an item that is only a sliver, its edges would be all that one sees.
     const bool sliver = width < 4;
     if (item.selected && sliver) c.Fill(left, top, width, 2, BrightText);

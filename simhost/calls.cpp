@@ -66,8 +66,11 @@ static std::string Told(const void* pointer) {
 
 class Call {
   public:
-    Call(int index, bool changes)
-        : host_(Host::Current()), counter_(host_.counters_[index]), outer_(host_.running_), changes_(changes) {
+    explicit Call(int index)
+        : host_(Host::Current()),
+          counter_(host_.counters_[index]),
+          outer_(host_.running_),
+          changes_(Functions[index].changes) {
         ++counter_.calls;
         host_.running_ = Functions[index].name;
         fails_ = counter_.failsFrom && counter_.calls >= counter_.failsFrom;
@@ -110,28 +113,12 @@ static Result Failure(int value) {
         return static_cast<Result>(value);
 }
 
-constexpr std::string_view Names[] = {
-#define NAME(result, name, parameters) #name,
-    FUNCOES_DO_HOST(NAME)
-#undef NAME
-};
-
-// As the name says it; what can both ask and set counts as setting.
-constexpr bool OnlyAnswers(std::string_view name) {
-    if (name.starts_with("GetSet")) return false;
-    for (const std::string_view start :
-         {"Color", "Count", "Create", "Destroy", "Enum", "Get", "Is", "Undo_Can", "Validate", "get", "projectconfig"})
-        if (name.starts_with(start)) return true;
-    return false;
-}
-
 template <int index, auto function>
 struct Entry;
 template <int index, class Result, class... Arguments, Result (*function)(Arguments...)>
 struct Entry<index, function> {
     static Result Run(Arguments... arguments) {
-        constexpr bool changes = !OnlyAnswers(Names[index]);
-        Call call(index, changes);
+        Call call(index);
         call.TraceCall(arguments...);
         if constexpr (std::is_void_v<Result>) {
             if (!call.Fails()) function(arguments...);
@@ -149,8 +136,18 @@ enum Index {
 #undef NUMBER
 };
 
+// As the name says it; what can both ask and set counts as changing.
+static constexpr bool Changes(std::string_view name) {
+    if (name.starts_with("GetSet")) return true;
+    for (const std::string_view start :
+         {"Color", "Count", "Create", "Destroy", "Enum", "Get", "Is", "Undo_Can", "Validate", "get", "projectconfig"})
+        if (name.starts_with(start)) return false;
+    return true;
+}
+
 const Function Functions[FunctionCount] = {
-#define ROW(result, name, parameters) {#name, reinterpret_cast<void*>(&Entry<Index_##name, &api::name>::Run)},
+#define ROW(result, name, parameters) \
+    {#name, reinterpret_cast<void*>(&Entry<Index_##name, &api::name>::Run), Changes(#name)},
     FUNCOES_DO_HOST(ROW)
 #undef ROW
 };
