@@ -101,15 +101,18 @@ bool FicarComUmItem() {
 
 void EntrarModoFatiador() {
     constexpr double alcaSegundos = 10.0;
-    if (!FicarComUmItem()) return;
+    if (PreviewEmObra || !FicarComUmItem()) return;
     if (!PresetsCarregados) {
         CarregarPresets(PresetsFatiador, thresholdDb, blocoMs, fecharLacunas, CaminhoPainel);
         PresetsCarregados = true;
     }
+    PreviewEmObra = true;
     if (PreviewAtivo) DesfazerPreview();
     BounceEntrada(alcaSegundos);
     FotografarSelecao();
-    if (!Quilmo_AutoSplit(fecharLacunas, blocoMs, thresholdDb)) return;
+    const bool cortou = Quilmo_AutoSplit(fecharLacunas, blocoMs, thresholdDb);
+    PreviewEmObra = false;
+    if (!cortou) return;
     PreviewAtivo = ModoFatiadorAtivo = true;
     SalvarPresetAberto = PainelEmFrente = false;
     SliderArrastado = nullptr;  // a drag that the end of the last run cut short is over

@@ -192,8 +192,9 @@ TEST_F(Previa, SliderCortaSoAoSoltar) {
     EXPECT_EQ(thresholdDb, parado);
 }
 
-// A host may let messages in while it reads: the cuts are not touched from two sides at once.
-TEST_F(Previa, AMeioDeUmRecalculoNadaMaisMexeNosCortes) {
+// A host may let messages in while it glues or reads: the cuts are not touched from two sides at once.
+TEST_F(Previa, NadaMaisMexeNosCortesEnquantoSaoFeitos) {
+    host.onAction[41588] = [] { EntrarModoFatiador(); };
     Entrar();
     host.onRead = [this](int64_t) {
         host.onRead = nullptr;
