@@ -14,7 +14,7 @@ namespace {
 
 constexpr LICE_pixel Ground = 0xFF16171B, LaneColour = 0xFF1C1E23, Divider = 0xFF0D0D0F, HeaderColour = 0xFF24262C;
 constexpr LICE_pixel RulerColour = 0xFF1F2127, GridLine = 0xFFFFFFFF, DimText = 0xFF9AA3AD, BrightText = 0xFFE8ECF0;
-constexpr LICE_pixel ItemColour = 0xFF35566E, WaveColour = 0xFFBBE0F5, RegionColour = 0xFF2D6E4A;
+constexpr LICE_pixel ItemColour = 0xFF35566E, WaveColour = 0xFFBBE0F5, DarkWave = 0xFF20303C, RegionColour = 0xFF2D6E4A;
 constexpr LICE_pixel CursorColour = 0xFFF0A040, SelectionColour = 0xFF4CA6F2, FadeColour = 0xFFF0D090,
                      EnvelopeColour = 0xFF60D080;
 
@@ -150,9 +150,12 @@ LICE_pixel Tint(double native) {
 void PaintTake(const Canvas& c, const Item& item, const Take* take, RECT place, float strength) {
     const int left = place.left, width = place.right - left, top = place.top, height = place.bottom - top;
     const int title = height < 40 ? 0 : 16;
-    const LICE_pixel body = item.colour ? Tint(item.colour) : ItemColour;
+    const double colour = item.colour ? item.colour : item.track->colour;
+    const LICE_pixel body = colour ? Tint(colour) : ItemColour;
+    const bool light = (body >> 16 & 255) + (body >> 8 & 255) + (body & 255) > 3 * 140;
+    const LICE_pixel wave = light ? DarkWave : WaveColour, text = light ? Divider : BrightText;
     c.Fill(left, top, width, height, body, strength);
-    c.Fill(left, top, width, title, 0xFF000000, 0.25f);
+    c.Fill(left, top, width, title, light ? 0xFFFFFFFF : 0xFF000000, 0.25f);
 
     const int middle = top + title + (height - title) / 2, reach = (height - title) / 2 - 2;
     // No sound from outside the item, however short it is.
@@ -161,11 +164,10 @@ void PaintTake(const Canvas& c, const Item& item, const Take* take, RECT place, 
     const std::vector<Peak> peaks = Peaks(item, take, from, step, width, c.layout.columnFrames);
     const auto y = [&](double level) { return middle - static_cast<int>(std::clamp(level, -1.0, 1.0) * reach); };
     for (int i = 0; i < width; ++i)
-        c.Fill(left + i, y(peaks[i].high), 1, y(peaks[i].low) - y(peaks[i].high) + 1, WaveColour, 0.9f * strength);
+        c.Fill(left + i, y(peaks[i].high), 1, y(peaks[i].low) - y(peaks[i].high) + 1, wave, 0.9f * strength);
     if (take && take->volumeEnvelope) c.Fill(left, y(0.5), width, 2, EnvelopeColour, strength);
     if (title && width > 24)
-        Write(c, BaseName(take ? take->name : item.label), {left + 5, top + 1, place.right - 3, top + title},
-              BrightText, 11);
+        Write(c, BaseName(take ? take->name : item.label), {left + 5, top + 1, place.right - 3, top + title}, text, 11);
 }
 
 void PaintItem(const Canvas& c, const Item& item, int top, int height) {

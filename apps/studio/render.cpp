@@ -38,7 +38,7 @@ void AskSettings(simhost::Project& project) {
     std::string &folder = project.texts["RENDER_FILE"], &pattern = project.texts["RENDER_PATTERN"];
     double &rate = project.numbers["RENDER_SRATE"], &channels = project.numbers["RENDER_CHANNELS"];
     std::vector<Field> fields = {{"Pasta", folder},
-                                 {"Nome ($region: da regiao)", pattern},
+                                 {"Nome ($region)", pattern},
                                  {"Taxa (Hz; 0: 44100)", simhost::Number(rate)},
                                  {"Canais (0: 2)", simhost::Number(channels)}};
     if (!AskFields(Title, fields)) return;

@@ -5,7 +5,11 @@
 
 using simhost::TimeRange;
 
-constexpr double ShortestView = 0.01, LongestView = 24 * 3600.0;
+constexpr double ShortestView = 0.01, LongestView = 24 * 3600.0, LatestStart = 1e6;
+
+double View::Seconds() const {
+    return std::clamp(host_.project.view.end - host_.project.view.start, ShortestView, LongestView);
+}
 
 simhost::ArrangementLayout View::Layout() const {
     simhost::ArrangementLayout layout;
@@ -68,7 +72,7 @@ void View::Zoom(double factor, int x) {
 }
 
 void View::ScrollTo(double start) {
-    const double seconds = Seconds(), from = std::max(0.0, start);
+    const double seconds = Seconds(), from = std::min(std::max(0.0, start), LatestStart);
     host_.project.view = {from, from + seconds};
 }
 

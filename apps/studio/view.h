@@ -10,7 +10,7 @@ class View {
 
     void Resize(int width, int height) { width_ = width, height_ = height; }
     int Height() const { return height_; }
-    double Seconds() const { return host_.project.view.end - host_.project.view.start; }
+    double Seconds() const;  // held to what can be painted, whatever the project's view says
     simhost::ArrangementLayout Layout() const;
 
     double TimeAt(int x) const;  // never before 0
@@ -23,7 +23,7 @@ class View {
     RECT PlaceOf(const simhost::Track& track, double start, double end) const;  // of an item there
 
     void Zoom(double factor, int x);  // above 1 shows less time; what stands at x stays there
-    void ScrollTo(double start);      // seconds, held to 0
+    void ScrollTo(double start);      // seconds, held to what there can be
     void ScrollDownTo(int pixels);    // of the tracks, held to what there is
     void ShowAll();
     bool Follow(double time);  // turns the page when the time has left it; true when it did

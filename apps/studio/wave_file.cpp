@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 
 #include "apps/studio/multimedia.h"
 #include "apps/studio/text.h"
@@ -102,6 +103,9 @@ simhost::SourceRef OpenWaveFile(const std::string& path, std::string* error) {
         *error = "'" + path + "' " + why;
         return nullptr;
     };
+    std::error_code unknown;
+    const uintmax_t size = std::filesystem::file_size(Wide(path), unknown);
+    if (!unknown && size > INT32_MAX) return refuse("passa de 2 GB");  // further the system's calls cannot count
     Reader reader(path);
     if (!reader.Open()) return refuse("nao pode ser aberto");
     if (!reader.EnterWave()) return refuse("nao e um arquivo WAV");
@@ -112,9 +116,13 @@ simhost::SourceRef OpenWaveFile(const std::string& path, std::string* error) {
     if (format.tag == Extensible && head.size() >= subFormat + sizeof format.tag)
         std::memcpy(&format.tag, head.data() + subFormat, sizeof format.tag);
     if (!Readable(format)) return refuse("nao e um WAV de amostras PCM");
-    std::vector<unsigned char> bytes = reader.Chunk(mmioFOURCC('d', 'a', 't', 'a'));
-    if (bytes.size() < format.frameBytes) return refuse("nao tem nenhuma amostra");
-    return std::make_shared<WaveSource>(format, std::move(bytes));
+    try {
+        std::vector<unsigned char> bytes = reader.Chunk(mmioFOURCC('d', 'a', 't', 'a'));
+        if (bytes.size() < format.frameBytes) return refuse("nao tem nenhuma amostra");
+        return std::make_shared<WaveSource>(format, std::move(bytes));
+    } catch (const std::bad_alloc&) {
+        return refuse("nao cabe na memoria");
+    }
 }
 
 bool WriteWaveFile(const std::string& path, const simhost::Project& project, const simhost::MixRange& range,

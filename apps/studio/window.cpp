@@ -74,6 +74,7 @@ void StudioWindow::Open(const std::string& path) {
     simhost::Item item = simhost::MakeItem(name, 0, source->Length(), source);
     item.selected = true;
     host_.project.tracks.Add(track, std::move(item));
+    SelectTrack(&track, false);
     host_.EndBlock("Abrir " + file);
     RenderBeside(host_.project, path, *source);
     view_.ScrollDownTo(ArrangementHeight(host_.project, view_.Layout()));  // where the new track is
@@ -283,6 +284,7 @@ void StudioWindow::Transport(double seconds) {
 void StudioWindow::Refresh() {
     if (!window_) return;
     shown_ = host_.changes;
+    view_.ScrollTo(host_.project.view.start);  // which holds the view to what can be painted
     const simhost::TimeRange view = host_.project.view;
     const simhost::ArrangementLayout layout = view_.Layout();
     const auto milliseconds = [](double time) { return static_cast<int>(std::min(time, 1e6) * 1000); };
