@@ -36,7 +36,7 @@ double Quilmo_Teste(double a, double b) {
 }
 
 void Quilmo_AbrirPainel() {
-    if (!HostImportado()) return;  // exported, so it can be called before the entry or after one that refused
+    if (!HostImportado()) return;
     AbrirJanelaPainel(host::GetMainHwnd(), CaminhoRecursos);
 }
 

@@ -67,7 +67,7 @@ void FecharLacunasFatias() {
 }  // namespace
 
 bool Quilmo_AutoSplit(bool fecharLacunas, int blocoMs, double thresholdDb) {
-    if (!HostImportado()) return false;  // exported, so it can be called before the entry or after one that refused
+    if (!HostImportado()) return false;
     const double limiarLinear = std::pow(10.0, thresholdDb / 20.0);
     const double blocoSegundos = (blocoMs > 0 ? blocoMs : BlocoPadraoMs) / 1000.0;
     const int quantos = host::CountSelectedMediaItems(0);

@@ -1,6 +1,7 @@
 // The door as the host sees it: what a load imports, registers and logs, and what makes it refuse.
 #include "host/entry.h"
 
+#include <cstring>
 #include <filesystem>
 #include <regex>
 
@@ -39,10 +40,10 @@ class Entrada : public Cena {
 };
 
 // The four texts of a definition, which follow each other directly.
-std::vector<std::string> Definicao(const void* bloco) {
-    std::vector<std::string> textos;
-    for (const char* p = static_cast<const char*>(bloco); textos.size() < 4; p += textos.back().size() + 1)
-        textos.push_back(p);
+std::string Definicao(const void* bloco) {
+    std::string textos;
+    const char* p = static_cast<const char*>(bloco);
+    for (int i = 0; i < 4; ++i, p += std::strlen(p) + 1) textos += p + std::string("|");
     return textos;
 }
 
@@ -55,11 +56,12 @@ TEST_F(Entrada, RegistraTudoNaOrdemEDizUmaLinha) {
               "API_Quilmo_AbrirPainel APIdef_Quilmo_AbrirPainel command_id gaccel hookcommand2 toggleaction ");
     const auto valor = [this](int i) { return host.registrations.at(i).info; };
     EXPECT_EQ(reinterpret_cast<double (*)(double, double)>(valor(0))(2.5, -1.0), 1.5);
+    EXPECT_EQ(Definicao(valor(1)),
+              "double|double,double|a,b|Funcao de teste: soma dois numeros (prova de conceito da extensao Quilmo).|");
     EXPECT_EQ(Definicao(valor(3)),
-              (std::vector<std::string>{"bool", "bool,int,double", "fecharLacunas,blocoMs,thresholdDb",
-                                        "Auto Fatiador: corta silencio nos itens de audio selecionados."}));
-    EXPECT_EQ(Definicao(valor(5)), (std::vector<std::string>{
-                                       "void", "", "", "Abre (ou traz pra frente) a janela nativa do painel Quilmo."}));
+              "bool|bool,int,double|fecharLacunas,blocoMs,thresholdDb|"
+              "Auto Fatiador: corta silencio nos itens de audio selecionados.|");
+    EXPECT_EQ(Definicao(valor(5)), "void|||Abre (ou traz pra frente) a janela nativa do painel Quilmo.|");
     const auto* tecla = static_cast<const gaccel_register_t*>(valor(7));
     EXPECT_EQ(tecla->accel.fVirt, 1);
     EXPECT_EQ(tecla->accel.key, 'A');
