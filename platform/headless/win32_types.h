@@ -11,7 +11,6 @@ using UINT = uint32_t;
 using LONG = int32_t;
 using BOOL = int;
 using WCHAR = char16_t;  // 16 bits, as there; wide text in shared code is arrays of WCHAR, never L"" literals
-using LPSTR = char*;
 using LPCSTR = const char*;
 using LPWSTR = WCHAR*;
 using LPCWSTR = const WCHAR*;

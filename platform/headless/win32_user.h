@@ -9,7 +9,6 @@
 using HBRUSH = struct HBRUSH__*;
 
 #define CALLBACK
-#define WINAPI
 
 using SHORT = int16_t;
 using ATOM = WORD;
