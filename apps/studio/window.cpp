@@ -87,7 +87,7 @@ void StudioWindow::Choose() {
 
 void StudioWindow::ShowAll() {
     view_.ShowAll();
-    Refresh();
+    Stale();
 }
 
 LRESULT CALLBACK StudioWindow::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -105,7 +105,7 @@ LRESULT StudioWindow::Handle(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
         case WM_SIZE:
             view_.Resize(LOWORD(l), HIWORD(l));
-            shown_ = -1;
+            Stale();
             return 0;
         case WM_ERASEBKGND:
             return 1;
@@ -139,7 +139,7 @@ LRESULT StudioWindow::Handle(UINT message, WPARAM w, LPARAM l) {
             return 0;
         case WM_COMMAND:
             menus_.Run(LOWORD(w));
-            Refresh();
+            Stale();
             return 0;
         case WM_DROPFILES:
             Drop(reinterpret_cast<HDROP>(w));
@@ -158,7 +158,7 @@ void StudioWindow::Press(POINT at, bool adding) {
     SetFocus(window_);
     if (view_.InHeader(at.x)) {
         SelectTrack(view_.TrackAt(at.y), adding);
-        return Refresh();
+        return Stale();
     }
     pressed_ = true;
     pressedAt_ = at;
@@ -182,7 +182,7 @@ void StudioWindow::Drag(POINT at) {
     if (!dragging_) return;
     const auto [start, end] = std::minmax({view_.TimeAt(pressedAt_.x), view_.TimeAt(at.x)});
     host_.project.timeSelection = host_.project.loop = {start, end};
-    Refresh();
+    Stale();
 }
 
 void StudioWindow::Release(POINT at, bool adding) {
@@ -203,7 +203,7 @@ void StudioWindow::Release(POINT at, bool adding) {
         host_.project.cursor = view_.TimeAt(at.x);
         if (host_.playState & 1) host_.playPosition = host_.project.cursor;
     }
-    Refresh();
+    Stale();
 }
 
 // Zooms around the mouse; scrolls in time with Shift, from track to track with Ctrl.
@@ -216,7 +216,7 @@ void StudioWindow::Wheel(int delta, POINT at, WORD keys) {
         view_.ScrollTo(host_.project.view.start - notches * WheelScroll * view_.Seconds());
     else
         view_.Zoom(std::pow(WheelZoom, notches), at.x);
-    Refresh();
+    Stale();
 }
 
 void StudioWindow::ScrollBar(int bar, int code) {
@@ -245,7 +245,7 @@ void StudioWindow::ScrollBar(int bar, int code) {
         view_.ScrollTo(to / 1000.0);
     else
         view_.ScrollDownTo(to);
-    Refresh();
+    Stale();
 }
 
 void StudioWindow::Drop(HDROP drop) {
@@ -276,7 +276,7 @@ void StudioWindow::Transport(double seconds) {
     host_.Elapse(heardAt_ < 0 ? 0 : seconds);
     heardAt_ = host_.playPosition;
     player_.Feed(host_.project);
-    if (view_.Follow(heardAt_)) shown_ = -1;
+    if (view_.Follow(heardAt_)) Stale();
     if (!(host_.playState & 4) && heardAt_ > ProjectEnd(host_.project)) host_.RunAction(1016);
     InvalidateRect(window_, nullptr, FALSE);
 }
@@ -313,9 +313,12 @@ void StudioWindow::Paint() {
         SetDCBrushColor(dc, colour);
         FillRect(dc, &place, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     };
+    const RECT lanes{0, view_.Layout().rulerHeight, picture_.getWidth(), picture_.getHeight()};
     if (host_.playState & 4)
-        for (int i = 0; const simhost::Track* track = host_.project.tracks.At(i); ++i)
-            if (track->armed) fill(view_.PlaceOf(*track, host_.recordStart, host_.playPosition), RecordColour);
+        for (int i = 0; const simhost::Track* track = host_.project.tracks.At(i); ++i) {
+            RECT place = view_.PlaceOf(*track, host_.recordStart, host_.playPosition);
+            if (track->armed && IntersectRect(&place, &place, &lanes)) fill(place, RecordColour);
+        }
     if (host_.playState && !view_.InHeader(column)) fill({column, 0, column + 1, picture_.getHeight()}, PlayColour);
     if (host_.project.tracks.Count() == 0) {
         SetBkMode(dc, TRANSPARENT);

@@ -43,7 +43,8 @@ class StudioWindow {
 
     void Tick();
     void Transport(double seconds);
-    void Refresh();  // paints the picture anew
+    void Stale() { shown_ = -1; }  // the picture, until the next tick
+    void Refresh();
     void SetBar(int bar, int total, int page, int position);
     void Paint();
 
