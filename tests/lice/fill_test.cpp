@@ -8,12 +8,10 @@ namespace {
 
 // Every pixel asks for itself whether the rectangle has it.
 void FillSlowly(TestSurface& surface, Brush brush, int64_t x, int64_t y, int64_t w, int64_t h) {
-    if (brush.Scales(surface)) {
-        x = reference::ScaleCoord(x, surface.Scale());
-        y = reference::ScaleCoord(y, surface.Scale());
-        w = w * surface.Scale() >> 8;
-        h = h * surface.Scale() >> 8;
-    }
+    x = brush.Scaled(x, surface);
+    y = brush.Scaled(y, surface);
+    for (int64_t* side : {&w, &h})
+        if (brush.Scales(surface)) *side = *side * surface.Scale() >> 8;
     if (brush.mode & LICE_BLIT_USE_ALPHA) brush.alpha = static_cast<float>(brush.alpha * ((brush.color >> 24) / 255.0));
     const int rows = surface.BackingHeight();
     for (int row = 0; row < rows; ++row) {

@@ -16,10 +16,9 @@ void DrawSlowly(TestSurface& surface, const Brush& brush, Row top, Row bottom) {
     if (top.y > bottom.y) std::swap(top, bottom);
     for (Row* row : {&top, &bottom}) {
         if (row->left > row->right) std::swap(row->left, row->right);
-        if (!brush.Scales(surface)) continue;
-        row->left = row->left * surface.Scale() / 256.0;
-        row->right = row->right * surface.Scale() / 256.0;
-        row->y = static_cast<int>(int64_t{row->y} * surface.Scale() / 256);
+        row->y = static_cast<int>(brush.Scaled(row->y, surface));
+        for (double* x : {&row->left, &row->right})
+            if (brush.Scales(surface)) *x = *x * surface.Scale() / 256.0;
     }
     const int W = surface.BackingWidth(), H = surface.BackingHeight();
     if (std::max(top.right, bottom.right) < 0 || std::min(top.left, bottom.left) >= W) return;
@@ -103,7 +102,7 @@ double Across(const std::vector<Corner>& chain, size_t edge, int y) {
 void DrawSlowly(TestSurface& surface, Brush brush, std::vector<Corner> corners) {
     const int W = surface.BackingWidth(), H = surface.BackingHeight();
     for (Corner& c : corners) {
-        if (brush.Scales(surface)) c = {c.x * surface.Scale() / 256, c.y * surface.Scale() / 256};
+        c = {static_cast<int>(brush.Scaled(c.x, surface)), static_cast<int>(brush.Scaled(c.y, surface))};
         if (surface.isFlipped()) c.y = H - 1 - c.y;
     }
     brush.mode |= LICE_BLIT_IGNORE_SCALING;
