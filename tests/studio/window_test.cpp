@@ -74,6 +74,27 @@ TEST_F(Studio, MouseSelectsMovesTheCursorAndTheTimeSelection) {
     EXPECT_TRUE(host.project.tracks.At(0)->selected);
 }
 
+TEST_F(Studio, ClicksFindTakesInLanesAndTracksThatAreScrolled) {
+    simhost::Item& item = *host.project.tracks.ItemAt(0);
+    item.takes.push_back(item.takes[0]);
+    host.toggles[40435] = 1;
+    Drag(At(5, 130), At(5, 130));
+    EXPECT_EQ(item.activeTake, 1);
+    EXPECT_EQ(Entry(1, 0, true), "Desfazer: Escolher tomada\tCtrl+Z");
+    EXPECT_EQ(host.project.tracks.ItemAt(0)->activeTake, 0);
+
+    for (int i = 0; i < 40; ++i) AddTrack(host.project, "outra").height = 24;
+    POINT screen = At(5);
+    ClientToScreen(host.mainWindow, &screen);
+    Send(WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, static_cast<WORD>(-3 * WHEEL_DELTA)), screen);  // 180 pixels
+    Drag({20, 44}, {20, 44});  // the uppermost pixel below the ruler
+    for (int i = 0; i < 41; ++i) EXPECT_EQ(host.project.tracks.At(i)->selected, i == 3) << i;
+
+    host.project.view = {5, 5};  // as an extension may leave it
+    ASSERT_TRUE(driver::AwaitTimer(host.mainWindow, 1));
+    EXPECT_GT(host.project.view.end, 5);
+}
+
 TEST_F(Studio, WheelZoomsAroundTheMouseAndScrollsNoFurtherThanTheStart) {
     const POINT at = At(4);
     POINT screen = at;
