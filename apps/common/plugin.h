@@ -16,5 +16,8 @@ class Plugin {
     bool (*autoSplit)(bool closeGaps, int blockMs, double thresholdDb) = nullptr;  // on the selected items
 
   private:
-    int (*entry_)(HINSTANCE, reaper_plugin_info_t*) = nullptr;
+    using Entry = int(HINSTANCE, reaper_plugin_info_t*);
+    static Entry* FindEntry(HINSTANCE* module, std::string* error);  // in the file; each system has its own
+
+    Entry* entry_ = nullptr;
 };
