@@ -28,15 +28,15 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, H
 
 namespace {
 
-// One axis of a copy, cut so that it lies within the target and the source of those sizes.
+// One axis of a copy, cut so that it lies in [low, high) of the target and in [0, limit) of the source.
 struct Span {
     int64_t to, from, length;
 
-    void Cut(int target, int source) {
-        const int64_t skip = std::max({int64_t{0}, -to, -from});
+    void Cut(int low, int high, int limit) {
+        const int64_t skip = std::max({int64_t{0}, low - to, -from});
         to += skip;
         from += skip;
-        length = std::min({length - skip, target - to, source - from});
+        length = std::min({length - skip, high - to, limit - from});
     }
 };
 
@@ -48,10 +48,11 @@ BOOL BitBlt(HDC dest, int x, int y, int w, int h, HDC source, int sourceX, int s
     if (!to || !from || operation != SRCCOPY) return FALSE;
     const Surface target = to->Target();
     const Surface picture = from->Target();
+    const RECT drawable = to->Drawable();
     Span across{x, sourceX, w};
     Span down{y, sourceY, h};
-    across.Cut(target.width, picture.width);
-    down.Cut(target.height, picture.height);
+    across.Cut(drawable.left, drawable.right, picture.width);
+    down.Cut(drawable.top, drawable.bottom, picture.height);
     if (across.length < 1) return TRUE;
     const bool upward = target.top == picture.top && down.to > down.from;  // rows not yet copied must not be hit
     for (int64_t i = 0; i < down.length; ++i) {

@@ -80,6 +80,11 @@ Surface DeviceContext::Target() const {
     return selected ? selected->surface : window;
 }
 
+RECT DeviceContext::Drawable() const {
+    const RECT whole = Target().Whole();
+    return clip ? Intersection(whole, *clip) : whole;
+}
+
 HGDIOBJ AddGdiObject(std::unique_ptr<GdiObject> object) {
     return Table().Add(std::move(object));
 }
@@ -134,7 +139,7 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ handle) {
         const bool elsewhere = bitmap->uses > 0 && context->bitmap != handle && !bitmap->stock;
         return context->bitmap && !elsewhere ? Exchange(context->bitmap, handle) : nullptr;
     }
-    return nullptr;
+    return nullptr;  // a region is selected with SelectClipRgn
 }
 
 BOOL DeleteObject(HGDIOBJ handle) {

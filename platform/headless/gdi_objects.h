@@ -4,6 +4,7 @@
 #pragma once
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "platform/headless/win32_gdi.h"
 
@@ -29,6 +30,10 @@ struct GdiBitmap : GdiObject {
     std::unique_ptr<uint32_t[]> pixels;
 };
 
+struct GdiRegion : GdiObject {
+    RECT box{};
+};
+
 struct FontFace;  // text_face.h
 
 struct GdiFont : GdiObject {
@@ -46,8 +51,10 @@ struct DeviceContext : GdiObject {
     COLORREF textColor = RGB(0, 0, 0);
     COLORREF bkColor = RGB(255, 255, 255);
     int bkMode = OPAQUE;
+    std::optional<RECT> clip;
 
     Surface Target() const;
+    RECT Drawable() const;  // the surface, cut by the clip; may be empty
 };
 
 // Takes the object and gives its handle, which no other object ever had.

@@ -165,9 +165,9 @@ int DrawCodes(const DeviceContext& context, const Text& text, RECT* rect, UINT f
         rect->bottom = Saturate(y + height);
         return result;
     }
-    const Surface target = context.Target();
-    const RECT clip = format & DT_NOCLIP ? target.Whole() : Intersection(target.Whole(), *rect);
-    const Painter painter{target, clip, PixelOf(context.textColor)};
+    RECT clip = context.Drawable();
+    if (!(format & DT_NOCLIP)) clip = Intersection(clip, *rect);
+    const Painter painter{context.Target(), clip, PixelOf(context.textColor)};
     for (const Line& line : lines) {
         int64_t x = rect->left;
         if (format & DT_CENTER) x += (room - line.width) / 2;

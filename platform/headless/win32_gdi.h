@@ -1,5 +1,5 @@
 // platform/headless/win32_gdi.h
-// Win32's drawing, as far as it is used here: device contexts, DIB sections, fonts and text.
+// Win32's drawing, as far as it is used here: device contexts, DIB sections, clip regions, fonts and text.
 // A null, dead or foreign handle makes each call fail as documented; nothing is ever drawn outside a surface.
 // Handles are never given out twice. What the system's own calls would also accept and this does not: DIB sections
 // of other depths than 32, raster operations other than SRCCOPY, rotated or stretched fonts, mnemonics (an ampersand
@@ -11,6 +11,7 @@ using HGDIOBJ = void*;
 using HDC = struct HDC__*;
 using HBITMAP = struct HBITMAP__*;
 using HFONT = struct HFONT__*;
+using HRGN = struct HRGN__*;
 using HKEY = struct HKEY__*;
 using COLORREF = DWORD;  // 0x00BBGGRR
 
@@ -54,6 +55,9 @@ inline constexpr DWORD SRCCOPY = 0x00CC0020;
 inline constexpr int TRANSPARENT = 1;
 inline constexpr int OPAQUE = 2;
 inline constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
+inline constexpr int ERROR = 0;  // of calls on regions
+inline constexpr int NULLREGION = 1;
+inline constexpr int SIMPLEREGION = 2;
 inline constexpr int ANSI_CHARSET = 0;
 inline constexpr int ANTIALIASED_QUALITY = 4;
 inline constexpr DWORD GR_GDIOBJECTS = 0;
@@ -96,6 +100,12 @@ BOOL GdiFlush();  // before pixels are touched directly, since the system may pu
 // --- Bitmaps. A new section is zeroed.
 HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section, DWORD offset);
 BOOL BitBlt(HDC dest, int x, int y, int w, int h, HDC source, int sourceX, int sourceY, DWORD operation);
+
+// --- Clipping. Every region here is one rectangle.
+HRGN CreateRectRgn(int left, int top, int right, int bottom);  // the corners in any order
+int GetClipRgn(HDC dc, HRGN region);                           // 1: copied into region; 0: there is none; -1: failure
+int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
+int SelectClipRgn(HDC dc, HRGN region);  // takes a copy; null: no clipping
 
 // --- Text.
 HFONT CreateFontIndirectA(const LOGFONTA* font);

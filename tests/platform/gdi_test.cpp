@@ -104,6 +104,7 @@ TEST(Gdi, BadHandlesAndRecordsFail) {
         EXPECT_EQ(SetTextColor(dc, 0), CLR_INVALID);
         EXPECT_EQ(SetBkColor(dc, 0), CLR_INVALID);
         EXPECT_EQ(SetBkMode(dc, TRANSPARENT), 0);
+        EXPECT_EQ(IntersectClipRect(dc, 0, 0, 1, 1), ERROR);
         EXPECT_EQ(DrawTextW(dc, text, 1, &rect, DT_SINGLELINE), 0);
         EXPECT_FALSE(BitBlt(dc, 0, 0, 1, 1, dc, 0, 0, SRCCOPY));
     }
@@ -132,19 +133,44 @@ TEST(Gdi, CopiesAreCutAndMayOverlap) {
             for (int i = 0; i < c->w * c->h; ++i) c->bits[i] = random();
         const int x = between(-5, 13), y = between(-5, 10), w = between(0, 16), h = between(0, 14);
         const int fromX = between(-4, 12), fromY = between(-4, 12);
+        const bool clipped = between(0, 1);
+        const RECT clip =
+            clipped ? RECT{between(-3, 4), between(-3, 4), between(5, 16), between(5, 12)} : RECT{0, 0, to.w, to.h};
+        if (clipped) IntersectClipRect(to.dc, clip.left, clip.top, clip.right, clip.bottom);
 
         std::vector<uint32_t> wanted;
         for (int row = 0; row < to.h; ++row)
             for (int column = 0; column < to.w; ++column) {
                 const int sx = column - x + fromX, sy = row - y + fromY;
-                const bool hit = column >= x && column < x + w && row >= y && row < y + h && sx >= 0 && sx < from.w &&
-                                 sy >= 0 && sy < from.h;
+                const bool hit = column >= std::max<int>(x, clip.left) && column < std::min<int>(x + w, clip.right) &&
+                                 row >= std::max<int>(y, clip.top) && row < std::min<int>(y + h, clip.bottom) &&
+                                 sx >= 0 && sx < from.w && sy >= 0 && sy < from.h;
                 wanted.push_back(hit ? from.At(sx, sy) : to.At(column, row));
             }
         EXPECT_TRUE(BitBlt(to.dc, x, y, w, h, from.dc, fromX, fromY, SRCCOPY));
         GdiFlush();
         for (int i = 0; i < to.w * to.h; ++i) ASSERT_EQ(to.At(i % to.w, i / to.w), wanted[i]) << "round " << round;
     }
+}
+
+TEST(Gdi, ClipRegionsAreCopiesThatShrink) {
+    Canvas canvas(20, 20);
+    const HRGN region = CreateRectRgn(9, 8, 1, 2);  // corners in any order
+    EXPECT_EQ(GetClipRgn(canvas.dc, region), 0);
+    EXPECT_EQ(SelectClipRgn(canvas.dc, region), SIMPLEREGION);
+    EXPECT_EQ(IntersectClipRect(canvas.dc, 3, 3, 12, 12), SIMPLEREGION);
+    EXPECT_EQ(GetClipRgn(canvas.dc, region), 1);
+    EXPECT_EQ(GetClipRgn(canvas.dc, nullptr), -1);
+    EXPECT_EQ(IntersectClipRect(canvas.dc, 9, 0, 12, 30), NULLREGION);
+    EXPECT_EQ(SelectClipRgn(canvas.dc, region), SIMPLEREGION) << "3 3 9 8, as asked above";
+    EXPECT_TRUE(DeleteObject(region)) << "the context keeps a copy";
+    Canvas white(20, 20);
+    white.Fill(0xFFFFFF);
+    BitBlt(canvas.dc, 0, 0, 20, 20, white.dc, 0, 0, SRCCOPY);
+    GdiFlush();
+    EXPECT_EQ(std::count(canvas.bits, canvas.bits + 400, 0xFFFFFFu), 6 * 5);
+    EXPECT_TRUE(canvas.At(3, 3) && canvas.At(8, 7));
+    EXPECT_EQ(SelectClipRgn(canvas.dc, nullptr), SIMPLEREGION);
 }
 
 TEST(Gdi, HeightsOfFonts) {
@@ -234,13 +260,18 @@ TEST_F(GdiText, AlignsWithinTheRectangle) {
     EXPECT_EQ(Show(Draw("Hoje", box, DT_VCENTER)), Show(plain)) << "without a single line there is none";
 }
 
-TEST_F(GdiText, StaysInTheRectangleAndTheSurface) {
+TEST_F(GdiText, StaysInTheRectangleTheRegionAndTheSurface) {
     const RECT narrow{50, 40, 60, 48};
     const RECT ink = Draw("HHHHHH", narrow, DT_SINGLELINE);
     EXPECT_GE(ink.left, 50);
     EXPECT_LE(ink.right, 60);
     EXPECT_LE(ink.bottom, 48);
     EXPECT_GT(Draw("HHHHHH", narrow, DT_SINGLELINE | DT_NOCLIP).right, 80);
+    IntersectClipRect(canvas.dc, 52, 0, 58, 200);
+    const RECT region = Draw("HHHHHH", narrow, DT_SINGLELINE | DT_NOCLIP);
+    EXPECT_GE(region.left, 52);
+    EXPECT_LE(region.right, 58);
+    SelectClipRgn(canvas.dc, nullptr);
     for (const RECT outside : {RECT{-30, -12, 20, 8}, RECT{190, 110, 400, 300}, RECT{-100000, 0, 100000, 20}})
         Draw("HHHHHHHH", outside, DT_SINGLELINE | DT_CENTER | DT_NOCLIP);
 }
