@@ -49,6 +49,12 @@ static void PararRepeticao(HWND janela) {
     AcaoRepetir = nullptr;
 }
 
+// The release before a press may still wait for its pass, when both came while the host was busy.
+static void VaiApertar(HWND janela, bool& seguro, bool seguroAntes) {
+    if (seguroAntes && !seguro) UpdateWindow(janela);
+    seguro = true;
+}
+
 // A press is a pass of its own, so that its click is neither lost nor counted twice.
 static void Apertou(HWND janela) {
     Invalidar(janela);
@@ -102,7 +108,7 @@ static LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wPar
             return 0;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
-            Mouse.esquerdoSeguro = true;
+            VaiApertar(janela, Mouse.esquerdoSeguro, Mouse.esquerdoSeguroAntes);
             SetCapture(janela);
             Apertou(janela);
             return 0;
@@ -113,7 +119,7 @@ static LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wPar
             return 0;
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
-            Mouse.direitoSeguro = true;
+            VaiApertar(janela, Mouse.direitoSeguro, Mouse.direitoSeguroAntes);
             Apertou(janela);
             return 0;
         case WM_RBUTTONUP:

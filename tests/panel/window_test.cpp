@@ -118,6 +118,10 @@ TEST_F(Painel, UmCliquePorAperto) {
     SendMessageA(JanelaPainel, WM_RBUTTONUP, 0, 0);
     EXPECT_EQ(desdeEntao(), "ED");
 
+    for (const UINT aperto : {WM_LBUTTONDOWN, WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_RBUTTONDOWN})
+        for (const UINT mensagem : {aperto, aperto + 1}) SendMessageA(JanelaPainel, mensagem, 0, 0);  // and its release
+    EXPECT_EQ(desdeEntao(), "EEDD") << "clicks that waited for a busy host, with no pass between them";
+
     SetForegroundWindow(outra);
     driver::Pump();
     Clicar(101, 50);
