@@ -67,9 +67,8 @@ bool Outputs::Plan(const Options& options, std::string* error) {
 
 bool Outputs::WriteAudio(const OutputFile& file, const simhost::Track& track, const simhost::MixRange& range,
                          const simhost::MixSink& onWritten, std::string* error) {
-    const auto frames = static_cast<int64_t>((range.end - range.start) * range.rate);
     const auto writer =
-        simhost::AudioWriter::Create(file.audio, file.format, range.rate, range.channels, frames, error);
+        simhost::AudioWriter::Create(file.audio, file.format, range.rate, range.channels, range.Frames(), error);
     if (!writer) return false;
     std::vector<const simhost::Item*> items;
     for (const auto& item : track.items) items.push_back(&*item);
