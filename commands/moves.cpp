@@ -49,7 +49,7 @@ void MvPistaCima() {
     FecharBloco("Move Pista para Cima");
 }
 
-// The host moves tracks up only, so the track below is moved above this one.
+// Moves the track below up instead: tracks go before an index, and above itself that needs no counting.
 void MvPistaBaixo() {
     AbrirBloco();
     if (MediaTrack* faixa = host::GetSelectedTrack(0, 0)) {

@@ -141,6 +141,7 @@ void LimparRegioes() {
     if (!Confirmar("Tem certeza que deseja apagar TODAS as regioes?", "Atencao")) return;
     AbrirBloco();
     Entrada e;
+    // Above 0: a host that answers -1 for ever would keep the loop going.
     for (int i = 0; host::EnumProjectMarkers3(0, i, &e.regiao, &e.inicio, &e.fim, nullptr, &e.numero, nullptr) > 0;) {
         // The list closes up over a region that goes; markers, and a region that the host keeps, are stepped over.
         if (!e.regiao || !host::DeleteProjectMarker(0, e.numero, true)) ++i;

@@ -29,7 +29,8 @@ void SelecionarTodosFaixa() {
     Encerrar("Selecionar Itens da Faixa");
 }
 
-// An item that spans the cursor matches in both directions; one that only touches it, in the other one alone.
+// An item that spans the cursor is both before and after it; one that ends at it is only before, one that starts at it
+// only after.
 static void SelecionarPorCursor(bool depois, bool soNaFaixa, const char* titulo) {
     AbrirBloco();
     const double cursor = host::GetCursorPosition();

@@ -72,7 +72,7 @@ void CortarPelaAcao(int acao, const char* titulo) {
 }
 
 // Deletes one part of the cut item, and moves the items of its track whose start `segue` takes left by what that part
-// took. The left part stays where it is.
+// took. The left part is never among them: it stays, or is the part that goes.
 template <class Segue>
 void ApagarParte(const Corte& corte, MediaItem* parte, double removido, Segue segue) {
     MediaTrack* faixa = host::GetMediaItem_Track(corte.esquerda);

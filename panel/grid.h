@@ -21,7 +21,7 @@ Celula CelulaGrade(const ContextoGrade& contexto, int coluna, int vao);  // in t
 // A direct button: the page handles its result itself. Its tooltip counts like any other.
 ResultadoBotao BotaoDireto(ContextoGrade& contexto, const Celula& c, const AspectoBotao& aspecto);
 
-// What a click runs, and how the status line then calls it.
+// What a click runs, and how the status line then calls it: never null with a command.
 struct Clique {
     const char* nome = nullptr;
     void (*comando)() = nullptr;  // null: the click does nothing

@@ -33,6 +33,7 @@ LICE_IBitmap* ComecarPasse(HWND janela) {
 
 void TerminarPasse(HDC dc) {
     BitBlt(dc, 0, 0, fundo->getWidth(), fundo->getHeight(), fundo->getDC(), 0, 0, SRCCOPY);
-    --passesAbertos;
+    // The pass that this one stood in must not count its click again.
+    if (--passesAbertos > 0) Mouse.esquerdoApertou = Mouse.direitoApertou = false;
     if (janelaFechou) LargarFundo();
 }

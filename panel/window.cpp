@@ -21,11 +21,13 @@ static void Invalidar(HWND janela) {
     InvalidateRect(janela, nullptr, FALSE);
 }
 
-// Leaves the slicer mode, with the project as it was before; nothing outside the mode. Half way between two previews
-// it is left to the watch.
+// Leaves the slicer mode, with the project as it was before; nothing outside the mode.
 static void CancelarFatiador() {
-    if (PreviewEmObra) PainelEmFrente = true;
-    if (!ModoFatiadorAtivo || PreviewEmObra) return;
+    if (PreviewEmObra) {
+        PainelEmFrente = true;  // so that the watch cancels at its next tick, when the cuts are whole
+        return;
+    }
+    if (!ModoFatiadorAtivo) return;
     ModoFatiadorAtivo = false;
     SalvarPresetAberto = false;
     RestaurarOriginal();
@@ -49,7 +51,8 @@ static void PararRepeticao(HWND janela) {
     AcaoRepetir = nullptr;
 }
 
-// The release before a press may still wait for its pass, when both came while the host was busy.
+// The release before a press may still wait for its pass, when both came while the host was busy. It gets it first: a
+// press is known by the button's having been up in the pass before.
 static void VaiApertar(HWND janela, bool& seguro, bool seguroAntes) {
     if (seguroAntes && !seguro) UpdateWindow(janela);
     seguro = true;
@@ -90,7 +93,8 @@ static void FixarTamanho(MINMAXINFO& limites) {
 }
 
 static void Fechar(HWND janela) {
-    CancelarFatiador();  // no window, no way to keep the cuts or to take them back
+    if (PreviewEmObra) return;  // the user closes again when the host is done
+    CancelarFatiador();         // no window, no way to keep the cuts or to take them back
     RECT r;
     if (GetWindowRect(janela, &r)) GravarJanelaIni({r.left, r.top, r.right - r.left, r.bottom - r.top});
     DestroyWindow(janela);

@@ -64,15 +64,16 @@ static bool GravarScript(const std::string& caminho) {
         nome.c_str());
     std::fputs(ScriptDeExportacao, arquivo);
     const bool escreveu = !std::ferror(arquivo);
-    return std::fclose(arquivo) == 0 && escreveu;
+    if (std::fclose(arquivo) == 0 && escreveu) return true;
+    RemoveFile(caminho);
+    return false;
 }
 
 void RenderPreLeigo() {
     const std::string caminho = CaminhoDoScript();
     EscolherReamostragem();
-    if (!GravarScript(caminho)) {
-        Mensagem("Nao foi possivel criar o script temporario de render.", "Quilmo");
-    } else if (const int id = host::AddRemoveReaScript(true, 0, caminho.c_str(), true)) {
+    if (!GravarScript(caminho)) return Mensagem("Nao foi possivel criar o script temporario de render.", "Quilmo");
+    if (const int id = host::AddRemoveReaScript(true, 0, caminho.c_str(), true)) {
         ExecutarAcao(id);
         host::AddRemoveReaScript(false, 0, caminho.c_str(), true);
     } else {

@@ -18,7 +18,7 @@ local content = ""
 local read = pcall(function()
     local f = io.open(reaper_ini_path, "r")
     if f then
-        content = f:read("*all")
+        content = assert(f:read("*all"))
         f:close()
     end
 end)

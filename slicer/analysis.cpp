@@ -126,8 +126,9 @@ void FecharJanelaPico(Varredura& v, int fim) {
     v.janela = {};
 }
 
-// Inside a run, of the windows up to where the block would be full only the last that sounds matters, so it is looked
-// for from there backwards. Whole windows begin at frame p; the answer is how many frames are dealt with.
+// Inside a run, whose silence never fills the block yet, of the windows up to where it could only the last that sounds
+// matters, so it is looked for from there backwards. Whole windows begin at frame p; the answer is how many frames are
+// dealt with.
 int SeguirTrechoAberto(Varredura& v, const double* amostras, int p, int janelas) {
     const int ateOBloco = (v.blocoMinimo - v.quadrosMudos - 1) / v.tamanhoJanela + 1;
     const size_t amostrasDaJanela = v.tamanhoJanela * v.canais;

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int BlocoPadraoMs = 55;
-constexpr double MargemBorda = 0.001;  // seconds; a cut this near an edge would leave a sliver, so it takes all
+constexpr double MargemBorda = 0.001;  // seconds; a cut this near an edge goes to the edge itself: no slivers
 
 // Cuts the spans out of the item, whose position and length are those from before. The surviving pieces are selected;
 // the item itself is gone if its start was silent. From the last span to the first, so that the item keeps being the

@@ -20,11 +20,11 @@ struct RegistroBounce {
 };
 
 // How the take plays its source: where it starts, and at what rate.
-struct Leitura {
+struct ModoDeTocar {
     double inicio, taxa;
 };
 
-Leitura LerTake(MediaItem_Take* take) {
+ModoDeTocar LerTake(MediaItem_Take* take) {
     const double inicio = host::GetMediaItemTakeInfo_Value(take, "D_STARTOFFS");
     const double taxa = host::GetMediaItemTakeInfo_Value(take, "D_PLAYRATE");
     return {inicio, taxa > 0 ? taxa : 1.0};
@@ -38,10 +38,10 @@ double ComprimentoDaFonte(MediaItem_Take* take) {
 
 RegistroBounce Medir(MediaItem* item, MediaItem_Take* take, double alca) {
     RegistroBounce r = {.item = item, .posicao = InicioDoItem(item), .comprimento = ComprimentoDoItem(item)};
-    const Leitura leitura = LerTake(take);
+    const ModoDeTocar toca = LerTake(take);
     const double fonte = ComprimentoDaFonte(take);
-    const double aEsquerda = leitura.inicio / leitura.taxa;
-    const double aDireita = fonte > 0 ? (fonte - (leitura.inicio + r.comprimento * leitura.taxa)) / leitura.taxa : 0.0;
+    const double aEsquerda = toca.inicio / toca.taxa;
+    const double aDireita = fonte > 0 ? (fonte - (toca.inicio + r.comprimento * toca.taxa)) / toca.taxa : 0.0;
     r.alcaEsquerda = std::min(alca, std::max(0.0, aEsquerda));
     r.alcaDireita = std::min(alca, std::max(0.0, aDireita));
     if (r.posicao - r.alcaEsquerda < 0) r.alcaEsquerda = r.posicao;  // not before the project's start
@@ -53,9 +53,8 @@ RegistroBounce Medir(MediaItem* item, MediaItem_Take* take, double alca) {
 void Abrir(const RegistroBounce& r) {
     MediaItem_Take* take = host::GetActiveTake(r.item);
     if (!take) return;
-    const Leitura leitura = LerTake(take);
-    host::SetMediaItemTakeInfo_Value(take, "D_STARTOFFS",
-                                     std::max(0.0, leitura.inicio - r.alcaEsquerda * leitura.taxa));
+    const ModoDeTocar toca = LerTake(take);
+    host::SetMediaItemTakeInfo_Value(take, "D_STARTOFFS", std::max(0.0, toca.inicio - r.alcaEsquerda * toca.taxa));
     MoverItem(r.item, r.posicaoAberta);
     host::SetMediaItemInfo_Value(r.item, "D_LENGTH", r.comprimento + r.alcaEsquerda + r.alcaDireita);
 }

@@ -159,7 +159,7 @@ void PaginaFatiador(HWND janela, HDC dc) {
     LinhaFecharLacunas(contexto, 161);
     LinhaSalvar(contexto, 202);
     LinhaSaida(contexto, 243);
-    // Drawn behind the rows, so that the hovered widget's tooltip can stand in it in the same pass.
+    // Drawn after the rows, so that the hovered widget's tooltip can stand in it in the same pass.
     BarraStatus(contexto.bm, Esquerda, 3, cliente.right - 16, contexto.dica ? contexto.dica : "MODO FATIADOR");
     if (SalvarPresetAberto) PerguntarPreset(contexto, cliente);
     TerminarPasse(dc);

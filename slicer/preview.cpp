@@ -97,20 +97,26 @@ bool FicarComUmItem() {
     return false;
 }
 
-}  // namespace
-
-void EntrarModoFatiador() {
+// True: the item was made ready and cut.
+bool FazerPrimeiroCorte() {
     constexpr double alcaSegundos = 10.0;
-    if (PreviewEmObra || !FicarComUmItem()) return;
+    if (!FicarComUmItem()) return false;
     if (!PresetsCarregados) {
         CarregarPresets(PresetsFatiador, thresholdDb, blocoMs, fecharLacunas, CaminhoPainel);
         PresetsCarregados = true;
     }
-    PreviewEmObra = true;
     if (PreviewAtivo) DesfazerPreview();
     BounceEntrada(alcaSegundos);
     FotografarSelecao();
-    const bool cortou = Quilmo_AutoSplit(fecharLacunas, blocoMs, thresholdDb);
+    return Quilmo_AutoSplit(fecharLacunas, blocoMs, thresholdDb);
+}
+
+}  // namespace
+
+void EntrarModoFatiador() {
+    if (PreviewEmObra) return;
+    PreviewEmObra = true;
+    const bool cortou = FazerPrimeiroCorte();
     PreviewEmObra = false;
     if (!cortou) return;
     PreviewAtivo = ModoFatiadorAtivo = true;

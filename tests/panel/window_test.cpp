@@ -175,8 +175,11 @@ TEST_F(Painel, UmPasseSuspensoNaoPerdeOQueDesenha) {
         ASSERT_TRUE(EsperarTique(1));
         Mover(20, 20);
         EXPECT_EQ(bm->getBits(), pixels) << "further passes share the back buffer";
+        Apertar();
+        EXPECT_FALSE(Mouse.esquerdoApertou) << "this pass must not count the click of the one inside it";
         TerminarPasse(dc);
         EndPaint(JanelaPainel, &pintura);
+        Soltar();
     }
     const auto [bm, dc] = comecar();
     const HWND fechada = JanelaPainel;

@@ -201,8 +201,10 @@ TEST_F(Previa, NadaMaisMexeNosCortesEnquantoSaoFeitos) {
         Soltar();
         PisoMenos();
         SetForegroundWindow(outra);
+        SendMessageA(JanelaPainel, WM_CLOSE, 0, 0);
     };
     PisoMenos();
+    ASSERT_TRUE(JanelaPainelAberta());
     EXPECT_EQ(thresholdDb, -38);
     Conferir("modo preview bounce", ComPreview);
     ASSERT_TRUE(EsperarTique(1));
