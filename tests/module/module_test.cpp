@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -101,7 +102,7 @@ TEST(Modulo, FatiaIgualEmTodaPlataforma) {
         EXPECT_EQ(entrada(nullptr, nullptr), 0);
         achado += std::string("# ") + caso.nome + '\n' + Pecas(host);
     }
-    const char* caminho = SOURCE_FOLDER "/tests/module/slices.txt";
+    const std::filesystem::path caminho(reinterpret_cast<const char8_t*>(SOURCE_FOLDER "/tests/module/slices.txt"));
     if (std::getenv("QUILMO_WRITE_GOLDEN")) std::ofstream(caminho, std::ios::binary) << achado;
     std::ifstream arquivo(caminho, std::ios::binary);
     std::stringstream guardado;

@@ -1,16 +1,17 @@
 #include "tests/support/module_file.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 
 #include "platform/win32.h"
 
-// The build folder is a path of the machine that built, whose root is a drive here.
-static const char* const Path = "Z:" BUILD_FOLDER "/reaper_quilmo.dll";
+// The build folder is a path of the machine that built, in UTF-8, whose root is a drive here.
+static const std::filesystem::path Path(reinterpret_cast<const char8_t*>("Z:" BUILD_FOLDER "/reaper_quilmo.dll"));
 
-ModuleFile::ModuleFile() : handle_(LoadLibraryA(Path)) {
+ModuleFile::ModuleFile() : handle_(LoadLibraryW(Path.c_str())) {
     if (!handle_) throw std::runtime_error("LoadLibrary: error " + std::to_string(GetLastError()));
 }
 
