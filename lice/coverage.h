@@ -2,7 +2,7 @@
 // One colour through bytes of coverage: the loops under masks and text. Uncovered pixels stay as they are.
 // A Weight says what opacity a coverage comes to: weight(coverage) for one pixel, weight.Four(bytes) for four, the
 // first in the low byte, and weight.Eight(bytes, bytes) for two times four.
-// The templates are static: each use has one caller, and masks are small enough for a call to show.
+// MixCovered and CombineCovered are static: each use has one caller, and masks are small enough for a call to show.
 #pragma once
 #include <cstddef>
 #include <cstring>

@@ -17,9 +17,15 @@ struct Stretch {
 
 enum Bounds { Custom, WholeProject, TimeSelection, AllRegions };  // values of RENDER_BOUNDSFLAG
 
+// A setting above 0 as a whole number; for any other, what stands for "not set".
+int Setting(const Project& project, const char* key, int otherwise) {
+    const double value = project.numbers.at(key);
+    return value > 0 ? static_cast<int>(std::min(value, 1e6)) : otherwise;
+}
+
 std::vector<Stretch> Stretches(const Project& project) {
     std::vector<Stretch> stretches;
-    switch (static_cast<int>(project.numbers.at("RENDER_BOUNDSFLAG"))) {
+    switch (Setting(project, "RENDER_BOUNDSFLAG", Custom)) {
         case Custom:
             stretches.push_back({"", project.numbers.at("RENDER_STARTPOS"), project.numbers.at("RENDER_ENDPOS")});
             break;
@@ -66,10 +72,6 @@ std::vector<Format> Formats(const Project& project) {
 }  // namespace
 
 std::vector<RenderedFile> FilesToRender(const Project& project) {
-    const auto setting = [&project](const char* key, double otherwise) {
-        const double value = project.numbers.at(key);
-        return static_cast<int>(value > 0 ? std::min(value, 1e6) : otherwise);
-    };
     const std::string& file = project.texts.at("RENDER_FILE");
     const std::string folder = file.empty() ? file : file + PathSeparator;
     std::set<std::string> taken;
@@ -79,9 +81,9 @@ std::vector<RenderedFile> FilesToRender(const Project& project) {
         std::string name = wanted;
         for (int i = 2; !taken.insert(name).second; ++i) name = wanted + '-' + std::to_string(i);
         for (const Format& format : Formats(project))
-            files.push_back(
-                {folder + name + format.ending, format.kind,
-                 MixRange{setting("RENDER_SRATE", 44100), setting("RENDER_CHANNELS", 2), stretch.start, stretch.end}});
+            files.push_back({folder + name + format.ending, format.kind,
+                             MixRange{Setting(project, "RENDER_SRATE", 44100), Setting(project, "RENDER_CHANNELS", 2),
+                                      stretch.start, stretch.end}});
     }
     return files;
 }

@@ -8,7 +8,7 @@
 
 // Process-wide; all start as written here.
 extern bool ModoFatiadorAtivo;       // false; the panel shows the slicer page
-extern bool PainelEmFrente;          // false; the panel was seen in front since the mode began
+extern bool PainelEmFrente;          // false; seen in front since the mode began, so that another in front cancels
 extern bool SalvarPresetAberto;      // false; the page asks which preset to save in
 extern bool PreviewAtivo;            // false; a slicing of this run is on the undo history
 extern bool PreviewEmObra;           // false; the cuts are being taken back or made: no event may do either meanwhile

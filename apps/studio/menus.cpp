@@ -37,8 +37,8 @@ constexpr struct Command {
     {"Transporte", "Ir para o fim\tEnd", VK_END, 0, 40043, nullptr},
     {"Exibir", "Aproximar\t+", VK_ADD, 0, 1012, nullptr},
     {"Exibir", "Afastar\t-", VK_SUBTRACT, 0, 1011, nullptr},
-    {"Exibir", "Trilhas mais altas\tCtrl++", VK_ADD, FCONTROL, 40111, nullptr},
-    {"Exibir", "Trilhas mais baixas\tCtrl+-", VK_SUBTRACT, FCONTROL, 40112, nullptr},
+    {"Exibir", "Faixas mais altas\tCtrl++", VK_ADD, FCONTROL, 40111, nullptr},
+    {"Exibir", "Faixas mais baixas\tCtrl+-", VK_SUBTRACT, FCONTROL, 40112, nullptr},
     {"Exibir", "Projeto inteiro\tCtrl+0", '0', FCONTROL, 0, [](StudioWindow& s) { s.ShowAll(); }},
 };
 

@@ -269,7 +269,8 @@ void StudioWindow::Tick() {
 
 void StudioWindow::Transport(double seconds) {
     if (!(host_.playState & 1)) {
-        if (heardAt_ >= 0) player_.Stop(), heardAt_ = -1;
+        if (heardAt_ >= 0) player_.Stop();
+        heardAt_ = -1;
         return;
     }
     if (host_.playPosition != heardAt_) player_.Start(host_.playPosition);  // begun, or somebody moved it
