@@ -1,5 +1,5 @@
 #include "apps/common/plugin.h"
-#include "apps/studio/text.h"
+#include "apps/common/text.h"
 
 Plugin::Entry* Plugin::FindEntry(HINSTANCE* module, std::string* error) {
     const std::wstring path = ProgramFolder() + L"\\reaper_quilmo.dll";

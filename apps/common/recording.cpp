@@ -1,13 +1,31 @@
 #include "apps/common/recording.h"
 
+#include "apps/common/tool.h"
 #include "simhost/native/audio_file.h"
+#include "simhost/native/png_file.h"
 
-bool PutOnTrack(const std::string& path, simhost::Host& host, std::string* error) {
-    const simhost::SourceRef source = simhost::OpenAudioFile(path, error);
-    if (!source) return false;
+void PutOnTrack(const std::string& path, simhost::Host& host) {
+    std::string error;
+    const simhost::SourceRef source = simhost::OpenAudioFile(path, &error);
+    Expect(source != nullptr, error);
     simhost::Track& track = AddTrack(host.project, path);
     simhost::Item item = simhost::MakeItem(path, 0, source->Length(), source);
     item.selected = true;
     host.project.tracks.Add(track, std::move(item));
-    return true;
+}
+
+void PhotographArrangement(const simhost::Project& project, double seconds, const std::string& pngPath, int width,
+                           const simhost::ArrangementLayout& layout) {
+    LICE_MemBitmap bitmap(width, simhost::ArrangementHeight(project, layout));
+    simhost::PaintArrangement(project, &bitmap, {0, seconds * 1.02}, layout);
+    WritePicture(pngPath, &bitmap);
+}
+
+void WritePicture(const std::string& pngPath, LICE_IBitmap* bitmap) {
+    Expect(simhost::WritePng(pngPath, bitmap), "'" + pngPath + "' nao pode ser gravado");
+}
+
+void ExpectNoMisuse(simhost::Host& host) {
+    const bool good = host.Check();
+    Expect(good, "o modulo usou mal o host: " + host.FirstViolation());
 }

@@ -1,10 +1,16 @@
 // apps/common/recording.h
-// Recordings on the stand-in host's tracks.
+// A recording on the stand-in host's tracks, and pictures of it. Failure is a sentence for the user, thrown.
 #pragma once
 #include <string>
 
-#include "simhost/host.h"
+#include "simhost/arrangement.h"
 
-// A track of its own behind the last, with the recording as one selected item. False, with a sentence in *error, when
-// the file is no recording.
-bool PutOnTrack(const std::string& path, simhost::Host& host, std::string* error);
+// A track of its own behind the last, with the recording as one selected item.
+void PutOnTrack(const std::string& path, simhost::Host& host);
+
+// The arrangement's first seconds, with a little space behind them.
+void PhotographArrangement(const simhost::Project& project, double seconds, const std::string& pngPath,
+                           int width = 1280, const simhost::ArrangementLayout& layout = {});
+void WritePicture(const std::string& pngPath, LICE_IBitmap* bitmap);
+
+void ExpectNoMisuse(simhost::Host& host);  // by the module

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "apps/common/recording.h"
 #include "apps/common/tool.h"
-#include "simhost/native/png_file.h"
 
 constexpr int MomentMs = 60, SettleMs = 300;  // the latter is more than a tick of the panel's clock
 
@@ -62,7 +62,7 @@ void User::Photograph(const std::string& pngPath, int top, int height) const {
     for (int y = 0; y < height; ++y)
         std::copy_n(picture.pixels.data() + static_cast<size_t>(top + y) * picture.width, picture.width,
                     bitmap.getBits() + static_cast<ptrdiff_t>(y) * bitmap.getRowSpan());
-    Expect(simhost::WritePng(pngPath, &bitmap), "'" + pngPath + "' nao pode ser gravado");
+    WritePicture(pngPath, &bitmap);
 }
 
 User OpenPanel(simhost::Host& host) {

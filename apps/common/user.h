@@ -1,6 +1,6 @@
 // apps/common/user.h
-// The user in front of the panel: a hand on the mouse and an eye on the window. All places are in the panel's client
-// area. Between two moves time passes as it does for people, so that the panel's timers tick on the way.
+// The user in front of the panel, who moves the mouse and looks at the window. Places are in the panel's client area.
+// Time passes between two moves, so that the panel's timers run.
 #pragma once
 #include <string>
 
@@ -32,6 +32,3 @@ class User {
 };
 
 User OpenPanel(simhost::Host& host);  // by the module's action; throws when it does not come to the front
-
-// Where things stand on the slicer's page, and the button on the main page that leads there.
-constexpr Place AutoSlicer = {84, 287}, SavePreset = {160, 220}, CancelPrompt = {160, 397};

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "apps/common/tool.h"
+
 const char HelpText[] =
     "Uso: fatiar ENTRADA... [opcoes]\n"
     "\n"
@@ -48,61 +50,80 @@ static bool ParseNumber(std::string text, Number low, Number high, Number* value
     return true;
 }
 
-bool ParseOptions(int argc, const char* const* argv, Options* options, std::string* error) {
-    const auto refuse = [error](const std::string& why) {
-        *error = why;
-        return false;
-    };
-    bool onlyInputs = false;
-    for (int i = 1; i < argc; ++i) {
-        std::string name = argv[i];
-        if (onlyInputs || name.size() < 2 || name[0] != '-') {
-            if (name.empty()) return refuse("um nome de arquivo vazio nao serve de entrada");
-            options->inputs.push_back(name);
-            continue;
-        }
-        std::string value;
-        const size_t equals = name.starts_with("--") ? name.find('=') : std::string::npos;
-        const bool attached = equals != std::string::npos;
-        if (attached) {
-            value = name.substr(equals + 1);
-            name.resize(equals);
-        }
-        if (name == "-o" || name == "--formato" || name == "--piso" || name == "--bloco") {
-            if (!attached && i + 1 == argc) return refuse("falta o valor de " + name);
-            if (!attached) value = argv[++i];
-            if (name == "-o") {
-                if (value.empty()) return refuse("a pasta de -o esta vazia");
-                options->output = value;
-            } else if (name == "--formato") {
-                if (value != "wav" && value != "flac")
-                    return refuse("--formato aceita wav ou flac, nao '" + value + "'");
-                options->format = value;
-            } else if (name == "--piso") {
-                if (!ParseNumber(value, -200.0, 0.0, &options->thresholdDb))
-                    return refuse("--piso aceita um numero de -200 a 0 (em dB), nao '" + value + "'");
-            } else if (!ParseNumber(value, 1, 600000, &options->blockMs)) {
-                return refuse("--bloco aceita um inteiro de 1 a 600000 (em ms), nao '" + value + "'");
-            }
-            continue;
-        }
-        if (attached) return refuse("a opcao " + name + " nao existe ou nao leva valor");
-        if (name == "--")
-            onlyInputs = true;
-        else if (name == "--sem-fechar")
-            options->closeGaps = false;
-        else if (name == "--csv")
-            options->csv = true;
-        else if (name == "--json")
-            options->json = true;
-        else if (name == "--ajuda" || name == "--help" || name == "-h")
-            options->help = true;
-        else
-            return refuse("opcao desconhecida: " + name + " (veja fatiar --ajuda)");
+namespace {
+
+struct Option {
+    const char* name;
+    const char* value;                                // what it may be, for the refusal; null: the option takes none
+    bool (*set)(Options&, const std::string& value);  // false: not this value
+};
+
+constexpr Option Table[] = {
+    {"-o", "uma pasta ou um arquivo", [](Options& o, const std::string& v) { return o.output = v, !v.empty(); }},
+    {"--formato", "wav ou flac",
+     [](Options& o, const std::string& v) { return o.format = v, v == "wav" || v == "flac"; }},
+    {"--piso", "um numero de -200 a 0 (em dB)",
+     [](Options& o, const std::string& v) { return ParseNumber(v, -200.0, 0.0, &o.thresholdDb); }},
+    {"--bloco", "um inteiro de 1 a 600000 (em ms)",
+     [](Options& o, const std::string& v) { return ParseNumber(v, 1, 600000, &o.blockMs); }},
+    {"--sem-fechar", nullptr, [](Options& o, const std::string&) { return o.closeGaps = false, true; }},
+    {"--csv", nullptr, [](Options& o, const std::string&) { return o.csv = true; }},
+    {"--json", nullptr, [](Options& o, const std::string&) { return o.json = true; }},
+    {"--ajuda", nullptr, [](Options& o, const std::string&) { return o.help = true; }},
+    {"--help", nullptr, [](Options& o, const std::string&) { return o.help = true; }},
+    {"-h", nullptr, [](Options& o, const std::string&) { return o.help = true; }},
+};
+
+// Takes one option, and the argument behind it where that is its value.
+void TakeOption(const std::string& word, std::span<const char* const>* rest, Options* options) {
+    const size_t equals = word.starts_with("--") ? word.find('=') : std::string::npos;
+    const bool attached = equals != std::string::npos;
+    const std::string name = word.substr(0, equals);
+    const auto option =
+        std::find_if(std::begin(Table), std::end(Table), [&](const Option& o) { return o.name == name; });
+    const bool known = option != std::end(Table);
+    Expect(!attached || (known && option->value), "a opcao " + name + " nao existe ou nao leva valor");
+    Expect(known, "opcao desconhecida: " + name + " (veja fatiar --ajuda)");
+
+    std::string value;
+    if (attached) {
+        value = word.substr(equals + 1);
+    } else if (option->value) {
+        Expect(!rest->empty(), "falta o valor de " + name);
+        value = rest->front();
+        *rest = rest->subspan(1);
     }
-    if (options->help) return true;
-    if (options->inputs.empty()) return refuse("falta a gravacao de entrada (veja fatiar --ajuda)");
-    if (options->csv && options->json && options->output.empty()) return refuse("--csv e --json juntos so com -o");
-    if (!options->format.empty() && options->output.empty()) return refuse("--formato so faz sentido com -o");
-    return true;
+    const bool taken = option->set(*options, value);
+    Expect(taken, name + " aceita " + (taken ? "" : option->value) + ", nao '" + value + "'");
+}
+
+void TakeInput(const std::string& word, Options* options) {
+    Expect(!word.empty(), "um nome de arquivo vazio nao serve de entrada");
+    options->inputs.push_back(word);
+}
+
+void CheckTogether(const Options& options) {
+    const bool writes = !options.output.empty();
+    Expect(!options.inputs.empty(), "falta a gravacao de entrada (veja fatiar --ajuda)");
+    Expect(writes || !options.csv || !options.json, "--csv e --json juntos so com -o");
+    Expect(writes || options.format.empty(), "--formato so faz sentido com -o");
+}
+
+}  // namespace
+
+Options ParseOptions(std::span<const char* const> arguments) {
+    Options options;
+    bool onlyInputs = false;
+    while (!arguments.empty()) {
+        const std::string word = arguments.front();
+        arguments = arguments.subspan(1);
+        if (onlyInputs || word.size() < 2 || word[0] != '-')
+            TakeInput(word, &options);
+        else if (word == "--")
+            onlyInputs = true;
+        else
+            TakeOption(word, &arguments, &options);
+    }
+    if (!options.help) CheckTogether(options);
+    return options;
 }

@@ -1,6 +1,7 @@
 // apps/fatiar/options.h
 // What the command line asks for. Nothing here touches a file.
 #pragma once
+#include <span>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,7 @@ struct Options {
 
 extern const char HelpText[];
 
-// False with one sentence in *error, for the user, when the arguments make no sense.
-bool ParseOptions(int argc, const char* const* argv, Options* options, std::string* error);
+Options ParseOptions(std::span<const char* const> arguments);  // throws a sentence for the user
 
 // "wav" or "flac" when the path ends so, in either case; else empty.
 std::string AudioEnding(const std::string& path);

@@ -6,7 +6,8 @@
 #include <cstdio>
 #include <set>
 
-#include "simhost/native/png_file.h"
+#include "apps/common/recording.h"
+#include "apps/common/tool.h"
 
 namespace fs = std::filesystem;
 
@@ -27,75 +28,73 @@ bool Outputs::MakeFolder(const fs::path& folder) {
     return true;
 }
 
-bool Outputs::Plan(const Options& options, std::string* error) {
-    if (options.output.empty()) return true;
+// The one file that -o names; empty when it names a folder.
+static std::string NamedFile(const Options& options) {
     std::error_code ignored;
     const std::string ending = AudioEnding(options.output);
-    const bool oneFile = !ending.empty() && !fs::is_directory(options.output, ignored);
-    if (oneFile && options.inputs.size() > 1) {
-        *error = "com varias entradas, -o deve ser uma pasta, nao '" + options.output + "'";
-        return false;
-    }
-    if (oneFile && !options.format.empty() && options.format != ending) {
-        *error = "--formato " + options.format + " nao combina com '" + options.output + "'";
-        return false;
-    }
-
-    // A slash at the end makes no other folder.
-    const fs::path folder = oneFile ? fs::path(options.output).parent_path() : fs::path(options.output) / "";
-    if (!oneFile) folder_ = folder;
-    std::set<std::string> taken;
-    for (const std::string& input : options.inputs) {
-        std::string format = !options.format.empty() ? options.format : oneFile ? ending : AudioEnding(input);
-        if (format.empty()) format = "wav";
-        const std::string name = fs::path(input).stem().string() + "-fatiado";
-        std::string path = oneFile ? options.output : (folder / (name + "." + format)).string();
-        for (int number = 2; !taken.insert(OutputFile{path, {}}.Beside("")).second; ++number)
-            path = (folder / (name + "-" + std::to_string(number) + "." + format)).string();
-        files_.push_back({path, format == "flac" ? simhost::AudioFormat::Flac : simhost::AudioFormat::Wav});
-        for (const std::string& other : options.inputs)
-            if (fs::equivalent(path, other, ignored)) {
-                *error = "a saida '" + path + "' seria a propria entrada";
-                return false;
-            }
-    }
-    const fs::path plain = folder.has_filename() ? folder : folder.parent_path();
-    if (MakeFolder(plain) && access(plain.empty() ? "." : plain.c_str(), W_OK | X_OK) == 0) return true;
-    *error = "a pasta '" + plain.string() + "' nao pode ser criada ou nao aceita arquivos";
-    return false;
+    if (ending.empty() || fs::is_directory(options.output, ignored)) return "";
+    Expect(options.inputs.size() == 1, "com varias entradas, -o deve ser uma pasta, nao '" + options.output + "'");
+    Expect(options.format.empty() || options.format == ending,
+           "--formato " + options.format + " nao combina com '" + options.output + "'");
+    return options.output;
 }
 
-bool Outputs::WriteAudio(const OutputFile& file, const simhost::Track& track, const simhost::MixRange& range,
-                         const simhost::MixSink& onWritten, std::string* error) {
+// In the folder, under the input's name; a number keeps apart what two inputs would both be called.
+static std::string FreeName(const fs::path& folder, const std::string& input, const std::string& format,
+                            std::set<std::string>* taken) {
+    const std::string name = (folder / fs::path(input).stem()).string() + "-fatiado";
+    std::string path = name;
+    for (int number = 2; !taken->insert(path).second; ++number) path = name + "-" + std::to_string(number);
+    return path + "." + format;
+}
+
+void Outputs::Plan(const Options& options) {
+    if (options.output.empty()) return;
+    const std::string file = NamedFile(options);
+    if (file.empty()) folder_ = fs::path(options.output) / "";  // a slash at the end makes no other folder
+
+    std::set<std::string> taken;
+    for (const std::string& input : options.inputs) {
+        std::string format = options.format.empty() ? AudioEnding(file.empty() ? input : file) : options.format;
+        if (format.empty()) format = "wav";
+        const std::string path = file.empty() ? FreeName(folder_, input, format, &taken) : file;
+        files_.push_back({path, format == "flac" ? simhost::AudioFormat::Flac : simhost::AudioFormat::Wav});
+        std::error_code ignored;
+        for (const std::string& other : options.inputs)
+            Expect(!fs::equivalent(path, other, ignored), "a saida '" + path + "' seria a propria entrada");
+    }
+
+    const fs::path folder = fs::path(files_.front().audio).parent_path();
+    Expect(MakeFolder(folder) && access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) == 0,
+           "a pasta '" + folder.string() + "' nao pode ser criada ou nao aceita arquivos");
+}
+
+void Outputs::WriteAudio(const OutputFile& file, const simhost::Track& track, const simhost::MixRange& range,
+                         const simhost::MixSink& onWritten) {
+    std::string error;
     const auto writer =
-        simhost::AudioWriter::Create(file.audio, file.format, range.rate, range.channels, range.Frames(), error);
-    if (!writer) return false;
+        simhost::AudioWriter::Create(file.audio, file.format, range.rate, range.channels, range.Frames(), &error);
+    Expect(writer != nullptr, error);
     std::vector<const simhost::Item*> items;
     for (const auto& item : track.items) items.push_back(&*item);
     simhost::MixItems(items, range,
                       [&](const double* mix, int n) { return writer->Write(mix, n) && onWritten(mix, n); });
-    if (!writer->Finish(error)) return false;
+    const bool finished = writer->Finish(&error);
+    Expect(finished, error);
     made_.push_back(file.audio);
-    return true;
 }
 
-bool Outputs::WritePicture(const char* name, LICE_IBitmap* bitmap, std::string* error) {
+void Outputs::KeepPicture(const char* name, const simhost::Project& project, double seconds) {
+    if (folder_.empty()) return;
     const fs::path path = folder_ / name;
-    if (!simhost::WritePng(path.string(), bitmap)) {
-        *error = "'" + path.string() + "' nao pode ser gravado";
-        return false;
-    }
+    PhotographArrangement(project, seconds, path.string());
     made_.push_back(path);
-    return true;
 }
 
-bool Outputs::WriteText(const std::string& path, const std::string& text, std::string* error) {
+void Outputs::WriteText(const std::string& path, const std::string& text) {
     std::FILE* const file = std::fopen(path.c_str(), "wb");
     if (file) made_.push_back(path);
     const bool written = file && std::fwrite(text.data(), 1, text.size(), file) == text.size();
-    if ((file && std::fclose(file) != 0) || !written) {
-        *error = "'" + path + "' nao pode ser gravado";
-        return false;
-    }
-    return true;
+    const bool closed = file && std::fclose(file) == 0;
+    Expect(written && closed, "'" + path + "' nao pode ser gravado");
 }

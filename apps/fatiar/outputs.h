@@ -1,13 +1,12 @@
 // apps/fatiar/outputs.h
-// The files that a run leaves behind. All of them stay, or none: until Keep is called, the end of this object takes
-// away every file and folder that it made.
+// The files that a run leaves behind. Every function throws a sentence for the user when it cannot do its work. Until
+// Keep is called, the end of this object takes away every file and folder that it made: all stay, or none.
 #pragma once
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "apps/fatiar/options.h"
-#include "lice/bitmap.h"
 #include "simhost/mixdown.h"
 #include "simhost/native/audio_file.h"
 
@@ -24,17 +23,15 @@ class Outputs {
     Outputs& operator=(const Outputs&) = delete;
     ~Outputs();
 
-    // Decides where each input's result goes, and makes the folder. False, with a sentence in *error, when that cannot
-    // be or would write over an input.
-    bool Plan(const Options& options, std::string* error);
+    // Decides where each input's result goes, never over an input, and makes the folder.
+    void Plan(const Options& options);
     const std::vector<OutputFile>& Files() const { return files_; }  // one an input; none without -o
 
-    bool WriteAudio(const OutputFile& file, const simhost::Track& track, const simhost::MixRange& range,
-                    const simhost::MixSink& onWritten, std::string* error);
-    // Pictures go into the folder of the results, when -o names one.
-    bool HasFolder() const { return !folder_.empty(); }
-    bool WritePicture(const char* name, LICE_IBitmap* bitmap, std::string* error);
-    bool WriteText(const std::string& path, const std::string& text, std::string* error);
+    void WriteAudio(const OutputFile& file, const simhost::Track& track, const simhost::MixRange& range,
+                    const simhost::MixSink& onWritten);
+    // A picture of the arrangement's first seconds, into the folder of the results; nothing when -o names a file.
+    void KeepPicture(const char* name, const simhost::Project& project, double seconds);
+    void WriteText(const std::string& path, const std::string& text);
     void Keep() { made_.clear(); }
 
   private:

@@ -12,10 +12,8 @@
 #include "apps/common/recording.h"
 #include "apps/common/tool.h"
 #include "apps/common/user.h"
-#include "simhost/arrangement.h"
 #include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
-#include "simhost/native/png_file.h"
 #include "simhost/native/render.h"
 
 namespace fs = std::filesystem;
@@ -23,6 +21,7 @@ namespace fs = std::filesystem;
 namespace {
 
 // Where a user sees them. The slider runs from -80 dB at x = 53 to -6 dB at x = 267.
+constexpr Place AutoSlicer = {84, 287}, SavePreset = {160, 220}, CancelPrompt = {160, 397};
 constexpr Place SliderAtMinus37 = {177, 87}, SliderAtMinus20 = {227, 87}, SecondPreset = {82, 47};
 constexpr Place ApplySlices = {236, 261}, DesktopExport = {123, 548};
 
@@ -66,7 +65,9 @@ class Walk {
 
   private:
     void Photograph(const char* name) { user_.Photograph((folder_ / name).string()); }
-    void PaintArrangement(const char* name);
+    void PhotographArrangement(const char* name) const {
+        ::PhotographArrangement(host_.project, length_, (folder_ / name).string());
+    }
     // Clicks or drags that make the module cut anew: one undo, and cuts on top of the history again.
     template <class Deed>
     void CutAnew(const char* step, Deed deed);
@@ -93,21 +94,14 @@ Walk::Walk(const fs::path& recording, const fs::path& folder)
     simhost::RunScriptsWithLua(host_);
     simhost::RenderToFiles(host_);
 
-    std::string error;
-    Expect(PutOnTrack(recording.string(), host_, &error), error);
+    PutOnTrack(recording.string(), host_);
     simhost::Item& item = *host_.project.tracks.ItemAt(0);
     item.track->name = item.Active()->name = OnOneLine(recording.stem().string());
     source_ = item.Active()->source;
     length_ = source_->Length();
     host_.project.path = (home_ / recording.stem()).string() + ".rpp";
+    std::string error;
     Expect(plugin_.Load(host_, &error), error);
-}
-
-void Walk::PaintArrangement(const char* name) {
-    const fs::path path = folder_ / name;
-    LICE_MemBitmap bitmap(1280, simhost::ArrangementHeight(host_.project));
-    simhost::PaintArrangement(host_.project, &bitmap, {0, length_ * 1.02});
-    Expect(simhost::WritePng(path.string(), &bitmap), "'" + path.string() + "' nao pode ser gravado");
 }
 
 void Walk::TellPieces(const char* step) {
@@ -118,7 +112,7 @@ void Walk::TellPieces(const char* step) {
 }
 
 void Walk::OpenPanel() {
-    PaintArrangement("arranjo-antes.png");
+    PhotographArrangement("arranjo-antes.png");
     user_ = ::OpenPanel(host_);
     Photograph("painel.png");
     const desktop::Picture idle = user_.Look();
@@ -150,7 +144,7 @@ void Walk::CutAnew(const char* step, Deed deed) {
 
 void Walk::Adjust() {
     CutAnew("arrastar para -20 dB", [this] { user_.Drag(SliderAtMinus37, SliderAtMinus20); });
-    PaintArrangement("arranjo-previa.png");
+    PhotographArrangement("arranjo-previa.png");
     CutAnew("preset P2 (-40 dB)", [this] { user_.Click(SecondPreset); });
 }
 
@@ -171,14 +165,14 @@ void Walk::Apply() {
     user_.Click(ApplySlices);
     Expect(InPreview() && user_.Look().pixels != slicer.pixels, "APLICAR FATIAS nao ficou com as fatias");
     TellPieces("APLICAR FATIAS");
-    PaintArrangement("arranjo-aplicado.png");
+    PhotographArrangement("arranjo-aplicado.png");
 }
 
 void Walk::Export() {
     user_.Click(DesktopExport);
     const fs::path wav = home_ / "Desktop" / (fs::path(host_.project.path).stem().string() + ".wav");
     std::string error;
-    Expect(host_.Check(), "o modulo usou mal o host: " + host_.FirstViolation());
+    ExpectNoMisuse(host_);
     const simhost::SourceRef exported = simhost::OpenAudioFile(wav.string(), &error);
     Expect(exported != nullptr, "DESKTOP nao deixou a exportacao: " + error);
     std::set<fs::directory_entry> files(fs::directory_iterator(home_ / "Desktop"), {});
@@ -193,7 +187,7 @@ void Walk::Export() {
 void Walk::Finish() {
     user_.CloseWindow();
     DestroyWindow(host_.mainWindow);
-    Expect(host_.Check(), "o modulo usou mal o host: " + host_.FirstViolation());
+    ExpectNoMisuse(host_);
     Expect(desktop::Leftovers().empty(), "o modulo nao devolveu tudo: " + desktop::Leftovers());
     std::printf("  nenhum uso indevido do host; imagens em %s, exportacao em %s\n", OnOneLine(folder_.string()).c_str(),
                 OnOneLine((folder_ / HomeName / "Desktop").string()).c_str());

@@ -6,8 +6,6 @@
 #include "apps/common/recording.h"
 #include "apps/common/tool.h"
 #include "apps/common/user.h"
-#include "simhost/arrangement.h"
-#include "simhost/native/png_file.h"
 
 namespace fs = std::filesystem;
 
@@ -20,7 +18,8 @@ static constexpr struct {
     {"edicao", 221, 42}, {"lacunas", 266, 42}, {"selecao", 311, 42}, {"itens", 356, 42},     {"mover", 396, 42},
     {"zoom", 441, 42},   {"bounce", 486, 42},  {"render", 527, 42},  {"cores", 572, 82},
 };
-static constexpr Place Record = {160, 42}, SelectTime = {274, 332}, Back = {82, 261}, Nowhere = {2, 655};
+static constexpr Place Record = {160, 42}, SelectTime = {274, 332}, AutoSlicer = {84, 287}, Nowhere = {2, 655};
+static constexpr Place SavePreset = {160, 220}, CancelPrompt = {160, 397}, Back = {82, 261};
 
 class Album {
   public:
@@ -36,9 +35,7 @@ class Album {
     void Keep(const char* name, int top = 0, int height = 0) { user_.Photograph(Path(name), top, height); }
     void KeepArrangement(const char* name) {
         constexpr simhost::ArrangementLayout layout = {.headerWidth = 80, .rulerHeight = 44, .laneHeight = 90};
-        LICE_MemBitmap bitmap(900, simhost::ArrangementHeight(host_.project, layout));
-        simhost::PaintArrangement(host_.project, &bitmap, {0, length_ * 1.02}, layout);
-        Expect(simhost::WritePng(Path(name), &bitmap), Path(name) + " nao pode ser gravado");
+        PhotographArrangement(host_.project, length_, Path(name), 900, layout);
     }
     std::string Path(const char* name) const { return (folder_ / name).string() + ".png"; }
 
@@ -53,9 +50,9 @@ Album::Album(const fs::path& recording, const fs::path& folder) : folder_(folder
     fs::create_directories(home_);
     host_.resourcePath = home_.string();
     host_.mainWindow = OpenMainWindow();
+    PutOnTrack(recording.string(), host_);
     std::string error;
-    const bool ready = PutOnTrack(recording.string(), host_, &error) && plugin_.Load(host_, &error);
-    Expect(ready, error);
+    Expect(plugin_.Load(host_, &error), error);
     simhost::Item& item = *host_.project.tracks.ItemAt(0);
     item.track->name = item.Active()->name = "Fala";
     item.track->selected = true;
@@ -102,7 +99,7 @@ void Album::AtWork() {
 void Album::CloseUp() {
     user_.CloseWindow();
     DestroyWindow(host_.mainWindow);
-    Expect(host_.Check(), "o modulo usou mal o host: " + host_.FirstViolation());
+    ExpectNoMisuse(host_);
 }
 
 int main(int argc, char** argv) {

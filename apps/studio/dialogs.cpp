@@ -1,6 +1,6 @@
 #include "apps/studio/dialogs.h"
 
-#include "apps/studio/text.h"
+#include "apps/common/text.h"
 // Below what it builds on.
 #include <commdlg.h>
 

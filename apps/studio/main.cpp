@@ -2,8 +2,8 @@
 //     studio [recording.wav ...]
 #include <filesystem>
 
+#include "apps/common/text.h"
 #include "apps/studio/dialogs.h"
-#include "apps/studio/text.h"
 #include "apps/studio/window.h"
 // Below what it builds on.
 #include <shellapi.h>

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "apps/common/text.h"
 #include "apps/studio/dialogs.h"
-#include "apps/studio/text.h"
 #include "apps/studio/wave_file.h"
 #include "simhost/picture.h"
 #include "simhost/render.h"

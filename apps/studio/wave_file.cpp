@@ -4,8 +4,8 @@
 #include <cstring>
 #include <filesystem>
 
+#include "apps/common/text.h"
 #include "apps/studio/multimedia.h"
-#include "apps/studio/text.h"
 #include "platform/files.h"
 #include "simhost/sound.h"
 

@@ -5,9 +5,9 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "apps/common/text.h"
 #include "apps/studio/dialogs.h"
 #include "apps/studio/render.h"
-#include "apps/studio/text.h"
 #include "apps/studio/wave_file.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "apps/studio/text.h"
+#include "apps/common/text.h"
 
 #include "platform/win32.h"
 

@@ -1,4 +1,4 @@
-// apps/studio/text.h
+// apps/common/text.h
 // Texts are UTF-8 inside and UTF-16 at the system's calls.
 #pragma once
 #include <string>
