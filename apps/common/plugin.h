@@ -1,6 +1,6 @@
 // apps/common/plugin.h
-// The module as a host loads it: found beside this program, entered once with the host's record, used only through what
-// it registered.
+// The module as a host loads it. Its file lies beside this program; it is entered once with the host's record, and used
+// only through what it registered.
 #pragma once
 #include <string>
 

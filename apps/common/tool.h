@@ -1,13 +1,13 @@
 // apps/common/tool.h
-// How the tools for the command line end when something stands in their way: with one line on standard error.
+// The command line tools end with one line on standard error when something stands in their way.
 #pragma once
 #include <string>
 
 // The text without control characters, so that a file's name stays on one line.
 std::string OnOneLine(std::string text);
 
-// Ends the tool with this sentence, unless the condition holds.
-void Expect(bool condition, const std::string& otherwise);  // throws std::runtime_error
+// Throws std::runtime_error with the sentence, which ends the tool, unless the condition holds.
+void Expect(bool condition, const std::string& otherwise);
 
 // The main function of a tool that is given a recording, and a folder for what it makes of it.
 int RunTool(const char* name, int argc, char** argv,

@@ -5,7 +5,7 @@
 #include "apps/common/recording.h"
 #include "apps/common/tool.h"
 
-constexpr int MomentMs = 60, SettleMs = 300;  // the latter is more than a tick of the panel's clock
+constexpr int MomentMs = 60, SettleMs = 300;  // SettleMs exceeds a tick of the panel's clock
 
 HWND OpenMainWindow() {
     WNDCLASSA shape{};

@@ -1,6 +1,5 @@
-// passeio: walks a user's path through the real module's panel, by mouse alone, and leaves in a folder what was seen
-// and heard on the way. What the module does is read from the host's project and from the window's pixels; each step
-// that does not have its effect ends the walk.
+// passeio: walks a user's path through the real module's panel, by mouse alone. A folder keeps what was seen and heard.
+// Effects are read from the host's project and the window's pixels. A step without its effect ends the walk.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -25,7 +24,7 @@ constexpr Place AutoSlicer = {84, 287}, SavePreset = {160, 220}, CancelPrompt = 
 constexpr Place SliderAtMinus37 = {177, 87}, SliderAtMinus20 = {227, 87}, SecondPreset = {82, 47};
 constexpr Place ApplySlices = {236, 261}, DesktopExport = {123, 548};
 
-// All that the module keeps between runs lies in this home, and it goes at the start: each walk is a first one.
+// The module keeps its files in this home. It is emptied at the start, so that each walk is a first one.
 constexpr char HomeName[] = "casa-do-passeio";
 
 void Tell(const char* step, const char* format, auto... values) {
@@ -68,7 +67,7 @@ class Walk {
     void PhotographArrangement(const char* name) const {
         ::PhotographArrangement(host_.project, length_, (folder_ / name).string());
     }
-    // Clicks or drags that make the module cut anew: one undo, and cuts on top of the history again.
+    // The deed makes the module cut anew: it undoes once, and its cuts are again on top of the history.
     template <class Deed>
     void CutAnew(const char* step, Deed deed);
     void TellPieces(const char* step);

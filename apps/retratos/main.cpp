@@ -1,5 +1,5 @@
-// retratos: the manual's pictures, taken of the real module's panel on the headless desktop. The same module, fonts and
-// recording give the same pictures, so a change in them is a change in the panel.
+// retratos: takes the manual's pictures of the real module's panel on the headless desktop. The same module, fonts and
+// recording give the same pictures, so that a changed picture tells of a changed panel.
 #include <filesystem>
 
 #include "apps/common/plugin.h"
@@ -39,7 +39,7 @@ class Album {
     }
     std::string Path(const char* name) const { return (folder_ / name).string() + ".png"; }
 
-    const fs::path folder_, home_;  // home_: of the files that the module leaves
+    const fs::path folder_, home_;  // home_ holds the files that the module leaves
     simhost::Host host_;
     double length_ = 0;
     Plugin plugin_;
@@ -63,7 +63,7 @@ Album::Album(const fs::path& recording, const fs::path& folder) : folder_(folder
 void Album::MainPage() {
     Keep("painel");
     for (const auto& [name, top, height] : Rows) Keep(name, top, height);
-    constexpr int topOfWindow = 134;  // the strip, with a row that it can tell of
+    constexpr int topOfWindow = 134;  // the strip and the row below it
     user_.PointAt(Record);
     Keep("dica", 0, topOfWindow);
     user_.PointAt(Nowhere);

@@ -1,7 +1,7 @@
 #include "apps/studio/dialogs.h"
 
 #include "apps/common/text.h"
-// Below what it builds on.
+// Needs windows.h first.
 #include <commdlg.h>
 
 namespace {
@@ -83,9 +83,9 @@ INT_PTR CALLBACK FormProc(HWND dialog, UINT message, WPARAM w, LPARAM l) {
     return TRUE;
 }
 
-// A dialog belongs to the main window, which takes no input meanwhile. The panel does: it has to hear of the release of
-// the button that opened the dialog. Afterwards whoever had the front gets it back, as the panel's slicer mode needs;
-// but a window manager may have its own say first, and so it is heard.
+// The window in front before a dialog gets the front back after it, as the panel's slicer mode needs. The window
+// manager may move it once more, so its messages are taken first. A dialog belongs to the main window: that one takes
+// no input meanwhile, but the panel hears of the release of the button that opened the dialog.
 class Front {
   public:
     Front() = default;

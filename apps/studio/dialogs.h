@@ -1,6 +1,5 @@
 // apps/studio/dialogs.h
-// The host's dialogs as the system shows them. While one is open the main window takes no input; the extension's
-// windows do, as in any host.
+// The host's dialogs as the system shows them. While one is open only the extension's windows take input.
 #pragma once
 #include <optional>
 #include <string>
@@ -15,7 +14,7 @@ struct Field {
 };
 // False: cancelled, and the values are as they were.
 bool AskFields(const std::string& title, std::vector<Field>& fields);
-// The same as extensions ask it. Captions with "=" are options and not shown. Values are separated by commas. Null:
+// The same as extensions ask it, with commas between values. A caption with "=" is an option and not shown. Null:
 // cancelled.
 std::optional<std::string> AskInputs(const simhost::ShownInput& shown);
 std::optional<std::string> AskForRecording();  // the path of a file to open; null: cancelled

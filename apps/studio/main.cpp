@@ -5,7 +5,7 @@
 #include "apps/common/text.h"
 #include "apps/studio/dialogs.h"
 #include "apps/studio/window.h"
-// Below what it builds on.
+// Needs windows.h first.
 #include <shellapi.h>
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, char*, int) {

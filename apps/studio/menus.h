@@ -12,11 +12,11 @@ class Menus {
     Menus(const Menus&) = delete;
     Menus& operator=(const Menus&) = delete;
 
-    void Build();     // in the window, in place of what was there
-    void NameUndo();  // what would be undone and redone
+    void Build();     // replaces the window's menu
+    void NameUndo();  // tells what would be undone and redone
     // Keys that are commands, wherever the program has the focus. True when the message was one.
     bool TakeKey(MSG& message);
-    void Run(int number);  // of the entry that was chosen
+    void Run(int number);  // the chosen entry's
 
   private:
     StudioWindow& studio_;

@@ -1,6 +1,5 @@
 // apps/studio/player.h
-// Sound through the system's wave output. Without a device there is silence and nothing else changes: time is not the
-// player's matter.
+// Sound through the system's wave output. Without a device all is silent. The player keeps no time of its own.
 #pragma once
 #include <array>
 #include <memory>
@@ -11,7 +10,7 @@ class Player {
   public:
     Player();
     ~Player();
-    // From that time of the project on, forgetting what was about to be heard.
+    // Plays from that time of the project on, and drops what was mixed before.
     void Start(double time);
     void Stop();
     void Feed(const simhost::Project& project);  // several times a second; mixes what will be heard next

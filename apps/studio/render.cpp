@@ -9,7 +9,7 @@
 #include "apps/studio/wave_file.h"
 #include "simhost/picture.h"
 #include "simhost/render.h"
-// Below what it builds on.
+// Needs windows.h first.
 #include <shellapi.h>
 
 namespace {
@@ -19,7 +19,8 @@ constexpr size_t MostNames = 20;  // in a message
 
 void Render(simhost::Host& host) {
     std::error_code refused;
-    std::filesystem::create_directories(Wide(host.project.texts["RENDER_FILE"]), refused);  // else no file is written
+    std::filesystem::create_directories(Wide(host.project.texts["RENDER_FILE"]),
+                                        refused);  // a file that cannot be written says so
     const std::vector<simhost::RenderedFile> files = FilesToRender(host.project);
     for (const simhost::RenderedFile& file : files) {
         std::string error = "'" + file.path + "' nao pode ser gravado: este programa nao grava MP3";

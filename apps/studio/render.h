@@ -3,7 +3,7 @@
 #pragma once
 #include "simhost/host.h"
 
-// Where a recording goes, unless the project says so already: a folder beside it, under its name, at its rate.
+// Renders go into a folder beside the recording, under its name and at its rate, unless the project names a place.
 void RenderBeside(simhost::Project& project, const std::string& recording, const simhost::Source& source);
 // From now on the host's render actions write files, ask for the settings, and show the folder.
 void AnswerRenderActions(simhost::Host& host);

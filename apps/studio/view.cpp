@@ -16,7 +16,7 @@ simhost::ArrangementLayout View::Layout() const {
     layout.columnFrames = 4096;  // an hour of sound has to be painted while the wheel turns
     layout.laneHeight = host_.laneHeight;
     layout.takesInLanes = host_.toggles[40435] != 0;
-    // Tracks may have gone since it was scrolled.
+    // Tracks may have gone since the user scrolled.
     layout.scrolled = std::clamp(scrolled_, 0, std::max(0, ArrangementHeight(host_.project, layout) - height_));
     return layout;
 }

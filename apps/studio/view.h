@@ -1,6 +1,6 @@
 // apps/studio/view.h
-// What stands where in the window: the stretch of time that the project's view shows, and the tracks below each other.
-// Places are pixels of the client area.
+// The window's places, in pixels of the client area: the project's view from left to right, the tracks from the top
+// down.
 #pragma once
 #include "simhost/arrangement.h"
 
@@ -18,7 +18,7 @@ class View {
     bool InRuler(int y) const { return y < Layout().rulerHeight; }
     bool InHeader(int x) const { return x < Layout().headerWidth; }
     simhost::Track* TrackAt(int y);
-    simhost::Item* ItemAt(int x, int y);  // of items one over another, the one painted on top; null: none
+    simhost::Item* ItemAt(int x, int y);                                        // the one painted on top; null: none
     int TakeAt(const simhost::Item& item, int y) const;                         // of takes in lanes
     RECT PlaceOf(const simhost::Track& track, double start, double end) const;  // of an item there
 

@@ -19,14 +19,14 @@ struct Format {
     WORD frameBytes, bits;
 };
 
-// The sample's bytes, as -1..1; they are least significant first.
+// The sample as -1..1; its least significant byte comes first.
 double Sample(const unsigned char* bytes, const Format& format) {
     if (format.tag == Float) {
         float value;
         std::memcpy(&value, bytes, sizeof value);
         return value;
     }
-    if (format.bits == 8) return (bytes[0] - 128) / 128.0;  // the only unsigned one
+    if (format.bits == 8) return (bytes[0] - 128) / 128.0;  // the only unsigned kind
     uint32_t value = 0;                                     // with the sample's top bit on top
     for (int i = 0; i < format.bits / 8; ++i) value = value >> 8 | static_cast<uint32_t>(bytes[i]) << 24;
     return static_cast<int32_t>(value) / 2147483648.0;
@@ -105,7 +105,7 @@ simhost::SourceRef OpenWaveFile(const std::string& path, std::string* error) {
     };
     std::error_code unknown;
     const uintmax_t size = std::filesystem::file_size(Wide(path), unknown);
-    if (!unknown && size > INT32_MAX) return refuse("passa de 2 GB");  // further the system's calls cannot count
+    if (!unknown && size > INT32_MAX) return refuse("passa de 2 GB");  // the system's calls count no further
     Reader reader(path);
     if (!reader.Open()) return refuse("nao pode ser aberto");
     if (!reader.EnterWave()) return refuse("nao e um arquivo WAV");

@@ -1,8 +1,6 @@
 #include "apps/studio/window.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 #include <stdexcept>
 
 #include "apps/common/text.h"
@@ -15,9 +13,6 @@ namespace {
 constexpr char Title[] = "Quilmo Studio";
 constexpr UINT_PTR Clock = 1;
 constexpr UINT ClockMs = 33;
-constexpr int DragSlack = 3;                           // pixels that a click may move
-constexpr double WheelZoom = 1.25, WheelScroll = 0.1;  // of what is shown
-constexpr int WheelRows = 60;                          // pixels
 constexpr COLORREF PlayColour = RGB(120, 230, 120), RecordColour = RGB(150, 50, 50), HintColour = RGB(154, 163, 173);
 constexpr char Hint[] = "Ctrl+O abre uma gravacao WAV; ou arraste o arquivo para ca.";
 
@@ -77,7 +72,7 @@ void StudioWindow::Open(const std::string& path) {
     SelectTrack(&track, false);
     host_.EndBlock("Abrir " + file);
     RenderBeside(host_.project, path, *source);
-    view_.ScrollDownTo(ArrangementHeight(host_.project, view_.Layout()));  // where the new track is
+    view_.ScrollDownTo(ArrangementHeight(host_.project, view_.Layout()));  // the new track's place
     ShowAll();
 }
 
@@ -101,7 +96,7 @@ LRESULT CALLBACK StudioWindow::Procedure(HWND window, UINT message, WPARAM w, LP
 }
 
 LRESULT StudioWindow::Handle(UINT message, WPARAM w, LPARAM l) {
-    const POINT at = {static_cast<short>(LOWORD(l)), static_cast<short>(HIWORD(l))};
+    if (HandleMouse(message, w, {static_cast<short>(LOWORD(l)), static_cast<short>(HIWORD(l))})) return 0;
     switch (message) {
         case WM_SIZE:
             view_.Resize(LOWORD(l), HIWORD(l));
@@ -115,34 +110,12 @@ LRESULT StudioWindow::Handle(UINT message, WPARAM w, LPARAM l) {
         case WM_TIMER:
             Tick();
             return 0;
-        case WM_LBUTTONDOWN:
-            Press(at, w & MK_CONTROL);
-            return 0;
-        case WM_MOUSEMOVE:
-            Drag(at);
-            return 0;
-        case WM_LBUTTONUP:
-            Release(at, w & MK_CONTROL);
-            return 0;
-        case WM_CAPTURECHANGED:
-            pressed_ = dragging_ = false;
-            return 0;
-        case WM_MOUSEWHEEL:
-            Wheel(GET_WHEEL_DELTA_WPARAM(w), at, GET_KEYSTATE_WPARAM(w));
-            return 0;
-        case WM_HSCROLL:
-        case WM_VSCROLL:
-            ScrollBar(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(w));
-            return 0;
         case WM_INITMENUPOPUP:
             menus_.NameUndo();
             return 0;
         case WM_COMMAND:
             menus_.Run(LOWORD(w));
             Stale();
-            return 0;
-        case WM_DROPFILES:
-            Drop(reinterpret_cast<HDROP>(w));
             return 0;
         case WM_DESTROY:
             window_ = nullptr;
@@ -151,114 +124,6 @@ LRESULT StudioWindow::Handle(UINT message, WPARAM w, LPARAM l) {
     }
     return DefWindowProcA(window_, message, w, l);
 }
-
-// --- mouse
-
-void StudioWindow::Press(POINT at, bool adding) {
-    SetFocus(window_);
-    if (view_.InHeader(at.x)) {
-        SelectTrack(view_.TrackAt(at.y), adding);
-        return Stale();
-    }
-    pressed_ = true;
-    pressedAt_ = at;
-    SetCapture(window_);
-}
-
-void StudioWindow::SelectTrack(simhost::Track* track, bool adding) {
-    if (!adding) host_.RunAction(40297);
-    if (track) track->selected = !(adding && track->selected);
-}
-
-void StudioWindow::ChooseTake(simhost::Item& item, int take) {
-    if (take == item.activeTake) return;
-    host_.BeginBlock();
-    item.activeTake = take;
-    host_.EndBlock("Escolher tomada");
-}
-
-void StudioWindow::Drag(POINT at) {
-    dragging_ = pressed_ && (dragging_ || std::abs(at.x - pressedAt_.x) > DragSlack);
-    if (!dragging_) return;
-    const auto [start, end] = std::minmax({view_.TimeAt(pressedAt_.x), view_.TimeAt(at.x)});
-    host_.project.timeSelection = host_.project.loop = {start, end};
-    Stale();
-}
-
-void StudioWindow::Release(POINT at, bool adding) {
-    const bool clicked = pressed_ && !dragging_;
-    ReleaseCapture();  // which ends the press
-    if (!clicked) return;
-    if (!view_.InRuler(at.y)) {
-        simhost::Item* item = view_.ItemAt(at.x, at.y);
-        const bool selected = item && !(adding && item->selected);
-        if (!adding) {
-            host_.project.tracks.SelectAll(false);
-            SelectTrack(view_.TrackAt(at.y), false);
-        }
-        if (item) host_.project.tracks.Select(*item, selected);
-        if (item && view_.Layout().takesInLanes) ChooseTake(*item, view_.TakeAt(*item, at.y));
-    }
-    if (!adding) {
-        host_.project.cursor = view_.TimeAt(at.x);
-        if (host_.playState & 1) host_.playPosition = host_.project.cursor;
-    }
-    Stale();
-}
-
-// Zooms around the mouse; scrolls in time with Shift, from track to track with Ctrl.
-void StudioWindow::Wheel(int delta, POINT at, WORD keys) {
-    ScreenToClient(window_, &at);
-    const double notches = static_cast<double>(delta) / WHEEL_DELTA;
-    if (keys & MK_CONTROL)
-        view_.ScrollDownTo(view_.Layout().scrolled - static_cast<int>(notches * WheelRows));
-    else if (keys & MK_SHIFT)
-        view_.ScrollTo(host_.project.view.start - notches * WheelScroll * view_.Seconds());
-    else
-        view_.Zoom(std::pow(WheelZoom, notches), at.x);
-    Stale();
-}
-
-void StudioWindow::ScrollBar(int bar, int code) {
-    SCROLLINFO now{sizeof now, SIF_ALL, 0, 0, 0, 0, 0};
-    GetScrollInfo(window_, bar, &now);
-    const int page = static_cast<int>(now.nPage);
-    int to = now.nPos;
-    switch (code) {  // the codes of the upright bar are the same
-        case SB_LINELEFT:
-            to -= page / 10;
-            break;
-        case SB_LINERIGHT:
-            to += page / 10;
-            break;
-        case SB_PAGELEFT:
-            to -= page;
-            break;
-        case SB_PAGERIGHT:
-            to += page;
-            break;
-        case SB_THUMBTRACK:
-            to = now.nTrackPos;
-            break;
-    }
-    if (bar == SB_HORZ)
-        view_.ScrollTo(to / 1000.0);
-    else
-        view_.ScrollDownTo(to);
-    Stale();
-}
-
-void StudioWindow::Drop(HDROP drop) {
-    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-    for (UINT i = 0; i < count; ++i) {
-        std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
-        path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
-        Open(Utf8(path));
-    }
-    DragFinish(drop);
-}
-
-// --- clock and picture
 
 void StudioWindow::Tick() {
     const ULONGLONG now = GetTickCount64();
@@ -273,7 +138,7 @@ void StudioWindow::Transport(double seconds) {
         heardAt_ = -1;
         return;
     }
-    if (host_.playPosition != heardAt_) player_.Start(host_.playPosition);  // begun, or somebody moved it
+    if (host_.playPosition != heardAt_) player_.Start(host_.playPosition);  // it began, or somebody moved it
     host_.Elapse(heardAt_ < 0 ? 0 : seconds);
     heardAt_ = host_.playPosition;
     player_.Feed(host_.project);
@@ -285,7 +150,7 @@ void StudioWindow::Transport(double seconds) {
 void StudioWindow::Refresh() {
     if (!window_) return;
     shown_ = host_.changes;
-    view_.ScrollTo(host_.project.view.start);  // which holds the view to what can be painted
+    view_.ScrollTo(host_.project.view.start);  // holds the view to what can be painted
     const simhost::TimeRange view = host_.project.view;
     const simhost::ArrangementLayout layout = view_.Layout();
     const auto milliseconds = [](double time) { return static_cast<int>(std::min(time, 1e6) * 1000); };

@@ -1,6 +1,6 @@
 // apps/studio/window.h
-// The host's main window: the arrangement under the mouse, and the clock. What the project holds may change at any time
-// by the extension's hand, so the window asks the host several times a second whether it did.
+// The host's main window: the arrangement under the mouse, and the clock. The extension may change the project at any
+// time, so the window asks the host at each tick whether something changed.
 #pragma once
 #include <optional>
 #include <string>
@@ -10,7 +10,7 @@
 #include "apps/studio/player.h"
 #include "apps/studio/view.h"
 #include "lice/bitmap.h"
-// Below what it builds on.
+// Needs windows.h first.
 #include <shellapi.h>
 
 class StudioWindow {
@@ -32,6 +32,7 @@ class StudioWindow {
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
     LRESULT Handle(UINT message, WPARAM w, LPARAM l);
 
+    bool HandleMouse(UINT message, WPARAM w, POINT at);  // false: no message of the mouse
     void Press(POINT at, bool adding);
     void Drag(POINT at);
     void Release(POINT at, bool adding);
@@ -43,7 +44,7 @@ class StudioWindow {
 
     void Tick();
     void Transport(double seconds);
-    void Stale() { shown_ = -1; }  // the picture, until the next tick
+    void Stale() { shown_ = -1; }  // the next tick paints the picture anew
     void Refresh();
     void SetBar(int bar, int total, int page, int position);
     void Paint();
@@ -55,7 +56,7 @@ class StudioWindow {
     std::optional<Plugin> plugin_;
     HWND window_ = nullptr;
     LICE_SysBitmap picture_;
-    int64_t shown_ = -1;  // the host's changes that the picture has
+    int64_t shown_ = -1;  // Host::changes when the picture was painted
     ULONGLONG lastTick_ = 0;
     double heardAt_ = -1;  // the play position as the clock left it; -1: nothing plays
     POINT pressedAt_{};

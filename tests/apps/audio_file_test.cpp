@@ -8,7 +8,6 @@
 #include <limits>
 #include <random>
 
-#include "tests/apps/program.h"
 #include "tests/apps/workshop.h"
 
 namespace fs = std::filesystem;
@@ -39,7 +38,7 @@ static SF_FORMAT_INFO Format(int command, int index) {
     return format;
 }
 
-// Every container with every coding that libsndfile writes here; what it reads beyond that, nobody can make for a test.
+// Every container with every coding that libsndfile writes here; a test can make no other.
 TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
     std::mt19937 random(7);
     int tried = 0;
@@ -57,7 +56,7 @@ TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
                 std::vector<double> noise(static_cast<size_t>(70001) * channels);  // more than one block when read
                 for (double& x : noise) x = std::uniform_real_distribution<>(-0.9, 0.9)(random);
                 const std::string path = workshop.Write("f", info.format, info.samplerate, channels, noise);
-                const std::vector<double> wanted = ReadAll(path, &info);
+                const std::vector<double> wanted = workshop.Samples(path, &info);
                 if (wanted.empty()) continue;  // libsndfile cannot make, or cannot read, all that it promises
                 const SourceRef source = Open(path);
                 ASSERT_TRUE(source) << error;
@@ -84,7 +83,7 @@ TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
     EXPECT_GT(tried, 50);
 }
 
-// A recorder that lost its power, and headers that lie: the recording is as long as what is there.
+// Recorders lose their power and headers lie: the recording is as long as what is there.
 TEST_F(Gravacoes, CabecalhoQuePrometeDemaisNaoAtrapalha) {
     const std::vector<double> noise = workshop.Noise(2 * 48000);
     for (int format :
@@ -95,7 +94,7 @@ TEST_F(Gravacoes, CabecalhoQuePrometeDemaisNaoAtrapalha) {
         const SourceRef source = Open(path);
         ASSERT_TRUE(source) << error;
         SF_INFO info;
-        const std::vector<double> wanted = ReadAll(path, &info);
+        const std::vector<double> wanted = workshop.Samples(path, &info);
         EXPECT_GT(wanted.size(), 20000u);
         ASSERT_EQ(source->Frames(), static_cast<int64_t>(wanted.size()));
         std::vector<double> all(wanted.size());
@@ -129,7 +128,7 @@ TEST_F(Gravacoes, OQueSeGravaVoltaEm24BitsOuNaoFicaNada) {
         auto writer = AudioWriter::Create(path, format, 44100, 1, 13, &error);
         ASSERT_TRUE(writer && writer->Write(samples.data(), 13) && writer->Finish(&error)) << error;
         SF_INFO info;
-        EXPECT_EQ(ReadAll(path, &info), wanted);
+        EXPECT_EQ(workshop.Samples(path, &info), wanted);
         fs::remove(path);
     }
     EXPECT_FALSE(

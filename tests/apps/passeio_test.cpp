@@ -1,10 +1,9 @@
-// A user's whole path through the panel of the real module, on a real recording, heard again at its end.
+// A user's whole path through the panel of the real module, on a real recording that is heard again.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "tests/apps/program.h"
 #include "tests/apps/workshop.h"
 
 // Peaks of blocks of 10 ms, over all channels.
@@ -28,18 +27,18 @@ static double Energy(const std::vector<double>& samples, const SF_INFO& info) {
 TEST(Passeio, OSilencioSaiEAFalaFica) {
     const std::string recording = SOURCE_FOLDER "/data/fala.flac";
     Workshop workshop;
-    const Outcome run = RunProgram("passeio", {recording, workshop.Path("")});
+    const Outcome run = workshop.Run("passeio " + recording + " .");
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.err, "");
     EXPECT_LE(std::count(run.out.begin(), run.out.end(), '\n'), 24) << run.out;
     for (const char* picture :
          {"painel", "fatiador", "pergunta", "arranjo-antes", "arranjo-previa", "arranjo-aplicado"})
-        EXPECT_GT(Text(workshop.Path(picture + std::string(".png"))).size(), 2000u) << picture;
+        EXPECT_GT(workshop.Text(picture + std::string(".png")).size(), 2000u) << picture;
 
     SF_INFO before, after;
-    const std::vector<double> spoken = ReadAll(recording, &before);
-    const size_t lossy = ReadAll(workshop.Path("casa-do-passeio/Desktop/fala.mp3"), &after).size();
-    const std::vector<double> exported = ReadAll(workshop.Path("casa-do-passeio/Desktop/fala.wav"), &after);
+    const std::vector<double> spoken = workshop.Samples(recording, &before);
+    const size_t lossy = workshop.Samples("casa-do-passeio/Desktop/fala.mp3", &after).size();
+    const std::vector<double> exported = workshop.Samples("casa-do-passeio/Desktop/fala.wav", &after);
     ASSERT_FALSE(exported.empty());
     EXPECT_GT(lossy, exported.size() / 2);
     EXPECT_EQ(after.samplerate, 48000);
@@ -58,9 +57,9 @@ TEST(Passeio, OSilencioSaiEAFalaFica) {
 
 TEST(Passeio, DizEmUmaLinhaPorQueNaoAnda) {
     Workshop workshop;
-    const Outcome none = RunProgram("passeio", {workshop.Path("nada.wav"), workshop.Path("out")});
+    const Outcome none = workshop.Run("passeio nada.wav out");
     EXPECT_EQ(none.status, 1);
     EXPECT_EQ(none.err.find("passeio: "), 0u);
     EXPECT_EQ(std::count(none.err.begin(), none.err.end(), '\n'), 1);
-    EXPECT_EQ(RunProgram("passeio", {}).status, 2);
+    EXPECT_EQ(workshop.Run("passeio").status, 2);
 }
