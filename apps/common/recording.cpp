@@ -15,9 +15,9 @@ void PutOnTrack(const std::string& path, simhost::Host& host) {
 }
 
 void PhotographArrangement(const simhost::Project& project, double seconds, const std::string& pngPath, int width,
-                           const simhost::ArrangementLayout& layout) {
-    LICE_MemBitmap bitmap(width, simhost::ArrangementHeight(project, layout));
-    simhost::PaintArrangement(project, &bitmap, {0, seconds * 1.02}, layout);
+                           const ArrangementLayout& layout) {
+    LICE_MemBitmap bitmap(width, ArrangementHeight(project, layout));
+    PaintArrangement(project, &bitmap, {0, seconds * 1.02}, layout);
     WritePicture(pngPath, &bitmap);
 }
 

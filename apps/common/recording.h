@@ -3,14 +3,14 @@
 #pragma once
 #include <string>
 
-#include "simhost/arrangement.h"
+#include "apps/common/arrangement.h"
 
 // A track of its own behind the last, with the recording as one selected item.
 void PutOnTrack(const std::string& path, simhost::Host& host);
 
 // The arrangement's first seconds, with a little space behind them.
 void PhotographArrangement(const simhost::Project& project, double seconds, const std::string& pngPath,
-                           int width = 1280, const simhost::ArrangementLayout& layout = {});
+                           int width = 1280, const ArrangementLayout& layout = {});
 void WritePicture(const std::string& pngPath, LICE_IBitmap* bitmap);
 
 void ExpectNoMisuse(simhost::Host& host);  // by the module

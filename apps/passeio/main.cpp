@@ -9,11 +9,11 @@
 
 #include "apps/common/plugin.h"
 #include "apps/common/recording.h"
+#include "apps/common/render.h"
 #include "apps/common/tool.h"
 #include "apps/common/user.h"
 #include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
-#include "simhost/native/render.h"
 
 namespace fs = std::filesystem;
 
@@ -91,7 +91,7 @@ Walk::Walk(const fs::path& recording, const fs::path& folder)
     host_.resourcePath = (home_ / "recursos").string();
     host_.mainWindow = OpenMainWindow();
     simhost::RunScriptsWithLua(host_);
-    simhost::RenderToFiles(host_);
+    RenderToFiles(host_);
 
     PutOnTrack(recording.string(), host_);
     simhost::Item& item = *host_.project.tracks.ItemAt(0);

@@ -34,7 +34,7 @@ class Album {
   private:
     void Keep(const char* name, int top = 0, int height = 0) { user_.Photograph(Path(name), top, height); }
     void KeepArrangement(const char* name) {
-        constexpr simhost::ArrangementLayout layout = {.headerWidth = 80, .rulerHeight = 44, .laneHeight = 90};
+        constexpr ArrangementLayout layout = {.headerWidth = 80, .rulerHeight = 44, .laneHeight = 90};
         PhotographArrangement(host_.project, length_, Path(name), 900, layout);
     }
     std::string Path(const char* name) const { return (folder_ / name).string() + ".png"; }

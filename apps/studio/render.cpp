@@ -4,11 +4,11 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "apps/common/render_list.h"
 #include "apps/common/text.h"
 #include "apps/studio/dialogs.h"
 #include "apps/studio/wave_file.h"
 #include "simhost/picture.h"
-#include "simhost/render.h"
 // Needs windows.h first.
 #include <shellapi.h>
 
@@ -21,10 +21,10 @@ void Render(simhost::Host& host) {
     std::error_code refused;
     std::filesystem::create_directories(Wide(host.project.texts["RENDER_FILE"]),
                                         refused);  // a file that cannot be written says so
-    const std::vector<simhost::RenderedFile> files = FilesToRender(host.project);
-    for (const simhost::RenderedFile& file : files) {
+    const std::vector<RenderedFile> files = FilesToRender(host.project);
+    for (const RenderedFile& file : files) {
         std::string error = "'" + file.path + "' nao pode ser gravado: este programa nao grava MP3";
-        if (file.kind != simhost::RenderKind::Wav || !WriteWaveFile(file.path, host.project, file.range, &error)) {
+        if (file.kind != RenderKind::Wav || !WriteWaveFile(file.path, host.project, file.range, &error)) {
             host.onMessage(error, Title, MB_ICONWARNING);
             return;
         }

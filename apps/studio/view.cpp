@@ -11,8 +11,8 @@ double View::Seconds() const {
     return std::clamp(host_.project.view.end - host_.project.view.start, ShortestView, LongestView);
 }
 
-simhost::ArrangementLayout View::Layout() const {
-    simhost::ArrangementLayout layout;
+ArrangementLayout View::Layout() const {
+    ArrangementLayout layout;
     layout.columnFrames = 4096;  // an hour of sound has to be painted while the wheel turns
     layout.laneHeight = host_.laneHeight;
     layout.takesInLanes = host_.toggles[40435] != 0;
@@ -34,7 +34,7 @@ int View::ColumnOf(double time) const {
 
 simhost::Track* View::TrackAt(int y) {
     if (InRuler(y)) return nullptr;
-    const simhost::ArrangementLayout layout = Layout();
+    const ArrangementLayout layout = Layout();
     for (int i = 0; simhost::Track* track = host_.project.tracks.At(i); ++i)
         if (y < LaneOf(host_.project, *track, layout).bottom) return track;
     return nullptr;

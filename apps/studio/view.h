@@ -2,7 +2,7 @@
 // The window's places, in pixels of the client area: the project's view from left to right, the tracks from the top
 // down.
 #pragma once
-#include "simhost/arrangement.h"
+#include "apps/common/arrangement.h"
 
 class View {
   public:
@@ -11,7 +11,7 @@ class View {
     void Resize(int width, int height) { width_ = width, height_ = height; }
     int Height() const { return height_; }
     double Seconds() const;  // held to what can be painted, whatever the project's view says
-    simhost::ArrangementLayout Layout() const;
+    ArrangementLayout Layout() const;
 
     double TimeAt(int x) const;  // never before 0
     int ColumnOf(double time) const;

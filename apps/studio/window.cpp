@@ -152,7 +152,7 @@ void StudioWindow::Refresh() {
     shown_ = host_.changes;
     view_.ScrollTo(host_.project.view.start);  // holds the view to what can be painted
     const simhost::TimeRange view = host_.project.view;
-    const simhost::ArrangementLayout layout = view_.Layout();
+    const ArrangementLayout layout = view_.Layout();
     const auto milliseconds = [](double time) { return static_cast<int>(std::min(time, 1e6) * 1000); };
     SetBar(SB_HORZ, milliseconds(std::max(ProjectEnd(host_.project) * 1.1, view.end)),
            milliseconds(view.end - view.start), milliseconds(view.start));

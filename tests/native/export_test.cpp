@@ -4,11 +4,11 @@
 #include <fstream>
 #include <set>
 
+#include "apps/common/render.h"
 #include "platform/files.h"
 #include "render/render.h"
 #include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
-#include "simhost/native/render.h"
 #include "tests/support/environment.h"
 #include "tests/support/story.h"
 

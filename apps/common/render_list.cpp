@@ -1,4 +1,4 @@
-#include "simhost/render.h"
+#include "apps/common/render_list.h"
 
 #include <algorithm>
 #include <cstring>
@@ -6,11 +6,11 @@
 
 #include "platform/files.h"
 
-namespace simhost {
+using simhost::Marker, simhost::Project;
 
 namespace {
 
-struct Stretch {
+struct Part {
     std::string region;  // its name, for $region
     double start, end;
 };
@@ -23,23 +23,23 @@ int Setting(const Project& project, const char* key, int otherwise) {
     return value > 0 ? static_cast<int>(std::min(value, 1e6)) : otherwise;
 }
 
-std::vector<Stretch> Stretches(const Project& project) {
-    std::vector<Stretch> stretches;
+std::vector<Part> PartsToRender(const Project& project) {
+    std::vector<Part> parts;
     switch (Setting(project, "RENDER_BOUNDSFLAG", Custom)) {
         case Custom:
-            stretches.push_back({"", project.numbers.at("RENDER_STARTPOS"), project.numbers.at("RENDER_ENDPOS")});
+            parts.push_back({"", project.numbers.at("RENDER_STARTPOS"), project.numbers.at("RENDER_ENDPOS")});
             break;
         case TimeSelection:
-            stretches.push_back({"", project.timeSelection.start, project.timeSelection.end});
+            parts.push_back({"", project.timeSelection.start, project.timeSelection.end});
             break;
         case AllRegions:
             for (const Marker& marker : project.markers)
-                if (marker.isRegion) stretches.push_back({marker.name, marker.start, marker.end});
+                if (marker.isRegion) parts.push_back({marker.name, marker.start, marker.end});
             break;
         default:
-            stretches.push_back({"", 0, ProjectEnd(project)});
+            parts.push_back({"", 0, ProjectEnd(project)});
     }
-    return stretches;
+    return parts;
 }
 
 std::string FileName(const std::string& pattern, const std::string& region) {
@@ -76,16 +76,14 @@ std::vector<RenderedFile> FilesToRender(const Project& project) {
     const std::string folder = file.empty() ? file : file + PathSeparator;
     std::set<std::string> taken;
     std::vector<RenderedFile> files;
-    for (const Stretch& stretch : Stretches(project)) {
-        const std::string wanted = FileName(project.texts.at("RENDER_PATTERN"), stretch.region);
+    for (const Part& part : PartsToRender(project)) {
+        const std::string wanted = FileName(project.texts.at("RENDER_PATTERN"), part.region);
         std::string name = wanted;
         for (int i = 2; !taken.insert(name).second; ++i) name = wanted + '-' + std::to_string(i);
         for (const Format& format : Formats(project))
             files.push_back({folder + name + format.ending, format.kind,
-                             MixRange{Setting(project, "RENDER_SRATE", 44100), Setting(project, "RENDER_CHANNELS", 2),
-                                      stretch.start, stretch.end}});
+                             simhost::MixRange{Setting(project, "RENDER_SRATE", 44100),
+                                               Setting(project, "RENDER_CHANNELS", 2), part.start, part.end}});
     }
     return files;
 }
-
-}  // namespace simhost

@@ -1,11 +1,9 @@
-// simhost/arrangement.h
+// apps/common/arrangement.h
 // The picture of an arrangement: a ruler with regions, and a lane for each track with its items, their waveforms and
 // fades; the time selection and the cursor over all of it.
 #pragma once
 #include "lice/bitmap.h"
 #include "simhost/host.h"
-
-namespace simhost {
 
 // Where things stand in the picture, in pixels.
 struct ArrangementLayout {
@@ -19,13 +17,11 @@ struct ArrangementLayout {
 };
 
 // The height that shows all tracks.
-int ArrangementHeight(const Project& project, const ArrangementLayout& layout = {});
+int ArrangementHeight(const simhost::Project& project, const ArrangementLayout& layout = {});
 struct Lane {
     int top, bottom;
 };
-Lane LaneOf(const Project& project, const Track& track, const ArrangementLayout& layout);
+Lane LaneOf(const simhost::Project& project, const simhost::Track& track, const ArrangementLayout& layout);
 // Paints what lies between the two times over the whole surface.
-void PaintArrangement(const Project& project, LICE_IBitmap* bitmap, TimeRange view,
+void PaintArrangement(const simhost::Project& project, LICE_IBitmap* bitmap, simhost::TimeRange view,
                       const ArrangementLayout& layout = {});
-
-}  // namespace simhost

@@ -1,11 +1,7 @@
-// simhost/native/render.h
+// apps/common/render.h
 // The render actions for real, as WAV and MP3 files.
 #pragma once
 #include "simhost/host.h"
 
-namespace simhost {
-
 // From now on actions 42230 and 41824 write what FilesToRender says. What cannot be written is a violation.
-void RenderToFiles(Host& host);
-
-}  // namespace simhost
+void RenderToFiles(simhost::Host& host);

@@ -1,4 +1,4 @@
-#include "simhost/arrangement.h"
+#include "apps/common/arrangement.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +8,7 @@
 #include "lice/lice.h"
 #include "simhost/sound.h"
 
-namespace simhost {
+using simhost::Box, simhost::Item, simhost::Marker, simhost::Project, simhost::Take, simhost::TimeRange, simhost::Track;
 
 namespace {
 
@@ -243,5 +243,3 @@ void PaintArrangement(const Project& project, LICE_IBitmap* bitmap, TimeRange vi
     if (const int x = c.X(project.cursor); x >= layout.headerWidth)
         c.Line(x, 0, x, c.Height(), CursorColour, 1.0f, false);
 }
-
-}  // namespace simhost
