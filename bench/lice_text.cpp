@@ -2,7 +2,6 @@
 // (its text call, and its glyph call with all glyphs looked up beforehand) and pixman's glyph cache.
 #include <benchmark/benchmark.h>
 
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -10,6 +9,7 @@
 #include "bench/pixman_glyphs.h"
 #include "bench/ratios.h"
 #include "lice/lice.h"
+#include "platform/font.h"
 
 namespace {
 
@@ -22,13 +22,8 @@ constexpr UINT FromTheLeft = DT_NOPREFIX | DT_SINGLELINE;
 
 LICE_CachedFont& Font() {
     static LICE_CachedFont& font = *[] {
-        LOGFONTA asked{};
-        asked.lfHeight = -FontSize;
-        asked.lfWeight = 600;
-        asked.lfQuality = ANTIALIASED_QUALITY;
-        std::strcpy(asked.lfFaceName, "Segoe UI");
         auto* made = new LICE_CachedFont;
-        made->SetFromHFont(CreateFontIndirectA(&asked), LICE_FONT_FLAG_OWNS_HFONT);
+        made->SetFromHFont(CreateInterfaceFont(-FontSize), LICE_FONT_FLAG_OWNS_HFONT);
         made->SetTextColor(0xFFF0F0F0);
         return made;
     }();

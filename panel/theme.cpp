@@ -2,21 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <iterator>
 #include <utility>
+
+#include "platform/font.h"
 
 LICE_CachedFont* FontePainel(int altura) {
     static LICE_CachedFont* fontes[64];  // never freed: glyph caches live to the end of the process
     LICE_CachedFont*& fonte = fontes[std::clamp(altura, 1, 63)];
     if (!fonte) {
-        LOGFONTA pedido = {};
-        pedido.lfHeight = -altura;
-        pedido.lfWeight = 600;
-        pedido.lfQuality = ANTIALIASED_QUALITY;
-        std::strcpy(pedido.lfFaceName, "Segoe UI");
         fonte = new LICE_CachedFont;
-        fonte->SetFromHFont(CreateFontIndirectA(&pedido), LICE_FONT_FLAG_OWNS_HFONT);
+        fonte->SetFromHFont(CreateInterfaceFont(-altura), LICE_FONT_FLAG_OWNS_HFONT);
     }
     return fonte;
 }

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
 
 #include "lice/lice.h"
+#include "platform/font.h"
 #include "simhost/sound.h"
 
 using simhost::Box, simhost::Item, simhost::Marker, simhost::Project, simhost::Take, simhost::TimeRange, simhost::Track;
@@ -44,14 +44,7 @@ struct Canvas {
 LICE_CachedFont& Font(int height, int weight) {
     static std::map<std::pair<int, int>, LICE_CachedFont> fonts;
     const auto [found, fresh] = fonts.try_emplace({height, weight});
-    if (fresh) {
-        LOGFONTA wanted{};
-        wanted.lfHeight = -height;
-        wanted.lfWeight = weight;
-        wanted.lfQuality = ANTIALIASED_QUALITY;
-        std::strcpy(wanted.lfFaceName, "Segoe UI");
-        found->second.SetFromHFont(CreateFontIndirectA(&wanted), LICE_FONT_FLAG_OWNS_HFONT);
-    }
+    if (fresh) found->second.SetFromHFont(CreateInterfaceFont(-height, weight), LICE_FONT_FLAG_OWNS_HFONT);
     return found->second;
 }
 

@@ -7,10 +7,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <map>
 #include <string>
-#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -18,25 +17,22 @@ constexpr int LargestEm = 4096;  // keeps a glyph's bitmap within some 16 megaby
 constexpr int DefaultCell = 16;
 constexpr int DefaultWeight = 400;
 
-// Tried in this order after the face that was asked for; they share its proportions, the first the most.
-const char* const Resembling[] = {"Open Sans", "Noto Sans", "DejaVu Sans", "sans-serif"};
+// The face of every name that is asked for, so that text looks the same whatever else is installed. Without it the next
+// that is there stands in.
+const char* const Families[] = {"Open Sans", "Noto Sans", "DejaVu Sans", "sans-serif"};
 
 struct FaceFile {
     std::string path;  // empty: none is installed
     int index = 0;
 };
 
-using FaceKey = std::tuple<std::string, int, bool>;  // family, weight, italic
+using FaceKey = std::pair<int, bool>;  // weight, italic
 
 FaceFile AskFontconfig(const FaceKey& key) {
-    const auto& [family, weight, italic] = key;
+    const auto [weight, italic] = key;
     FcConfig* config = FcInitLoadConfigAndFonts();  // our own, since hardly ever a second face is looked for
     FcPattern* pattern = FcPatternCreate();
-    const auto addFamily = [&](const char* name) {
-        FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(name));
-    };
-    if (!family.empty()) addFamily(family.c_str());
-    for (const char* name : Resembling) addFamily(name);
+    for (const char* name : Families) FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(name));
     FcPatternAddInteger(pattern, FC_WEIGHT, FcWeightFromOpenType(weight));
     FcPatternAddInteger(pattern, FC_SLANT, italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
     FcPatternAddBool(pattern, FC_SCALABLE, FcTrue);
@@ -63,9 +59,8 @@ FaceFile AskFontconfig(const FaceKey& key) {
 const FaceFile& FileOfFace(const LOGFONTA& asked) {
     static std::map<FaceKey, FaceFile>& known = *new std::map<FaceKey, FaceFile>;
     const int weight = asked.lfWeight == 0 ? DefaultWeight : std::clamp<int>(asked.lfWeight, 1, 1000);
-    const FaceKey key{std::string(asked.lfFaceName, strnlen(asked.lfFaceName, LF_FACESIZE)), weight, asked.lfItalic};
-    const auto [place, added] = known.try_emplace(key);
-    if (added) place->second = AskFontconfig(key);
+    const auto [place, added] = known.try_emplace({weight, asked.lfItalic});
+    if (added) place->second = AskFontconfig(place->first);
     return place->second;
 }
 

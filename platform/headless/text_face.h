@@ -1,7 +1,7 @@
 // platform/headless/text_face.h
 // A typeface at one size: metrics in whole pixels, and glyphs as 8-bit coverage.
-// The face that resembles the one asked for is looked up among the installed ones; without any, text is blank but
-// has plausible sizes. Nothing is hinted, so that a glyph looks the same wherever it stands.
+// Every family name gets the same installed face. Without any, text is blank but has plausible sizes.
+// Nothing is hinted, so that a glyph looks the same wherever it stands.
 #pragma once
 #include <cstdint>
 #include <memory>

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "lice/lice.h"
+#include "platform/font.h"
 #include "tests/fuzz/byte_eater.h"
 
 namespace {
@@ -12,11 +13,8 @@ HFONT AnyFont(int choice) {
     constexpr int Heights[] = {9, 14, 40, 9, 14, 40, 9, 14, 40, 9, 14, 40, 1, 60, 300, 5000};
     static HFONT fonts[std::size(Heights)] = {};
     const size_t i = choice % std::size(Heights);
-    if (fonts[i]) return fonts[i];
-    LOGFONTA description = {};
-    description.lfHeight = -Heights[i];
-    snprintf(description.lfFaceName, sizeof description.lfFaceName, "Segoe UI");
-    return fonts[i] = CreateFontIndirectA(&description);
+    if (!fonts[i]) fonts[i] = CreateInterfaceFont(-Heights[i]);
+    return fonts[i];
 }
 
 // Characters of one to four bytes, combining marks, line feeds, and bytes that are none of these.

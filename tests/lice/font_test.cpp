@@ -39,7 +39,7 @@ TEST(Font, AgreesWithASlowComposer) {
                                 LICE_FONT_FLAG_OUTLINE | V, LICE_FONT_FLAG_BLUR | LICE_FONT_FLAG_INVERT | V | Up}) {
             SlowFont slow(height, flags);
             LICE_CachedFont font;
-            font.SetFromHFont(SystemFont(height), flags | LICE_FONT_FLAG_OWNS_HFONT);
+            font.SetFromHFont(CreateInterfaceFont(height), flags | LICE_FONT_FLAG_OWNS_HFONT);
             ASSERT_EQ(font.GetLineHeight(), slow.lineHeight);
             for (int round = 0; round < 60; ++round) {
                 const Look look{random.Pixel(),
@@ -113,7 +113,7 @@ TEST(Font, ReadsOnlyWhatItWasGiven) {
 TEST(Font, OwnsItsHandleAndSharesItsScratch) {
     ASSERT_EQ(ScratchUsers, 0);
     const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    const HFONT kept = SystemFont(-12), owned = SystemFont(-40);
+    const HFONT kept = CreateInterfaceFont(-12), owned = CreateInterfaceFont(-40);
     {
         LICE_CachedFont first;
         first.SetFromHFont(owned, LICE_FONT_FLAG_OWNS_HFONT);
@@ -136,7 +136,7 @@ TEST(Font, OwnsItsHandleAndSharesItsScratch) {
 
 // Text too tall to be cached is GDI's own: straight into a surface with a context, and through a scratch otherwise.
 TEST(Font, TallTextIsTheSystemsOwn) {
-    const HFONT handle = SystemFont(-220);
+    const HFONT handle = CreateInterfaceFont(-220);
     LICE_CachedFont font;
     font.SetFromHFont(handle, 0);
     ASSERT_GE(font.GetLineHeight(), 256);

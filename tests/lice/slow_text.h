@@ -4,24 +4,15 @@
 #pragma once
 #include <algorithm>
 #include <cctype>
-#include <cstdio>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "lice/font.h"
 #include "lice/lice.h"
+#include "platform/font.h"
 #include "tests/lice/reference.h"
 #include "tests/lice/support.h"
-
-inline HFONT SystemFont(int height) {
-    LOGFONTA asked{};
-    asked.lfHeight = height;
-    asked.lfWeight = 600;
-    asked.lfQuality = ANTIALIASED_QUALITY;
-    std::snprintf(asked.lfFaceName, LF_FACESIZE, "Segoe UI");
-    return CreateFontIndirectA(&asked);
-}
 
 struct SlowGlyph {
     std::vector<std::vector<int>> rows;
@@ -43,7 +34,7 @@ struct Placed {
 
 class SlowFont {
   public:
-    SlowFont(int height, int flags) : flags_(flags), font_(SystemFont(height)) {
+    SlowFont(int height, int flags) : flags_(flags), font_(CreateInterfaceFont(height)) {
         previous_ = SelectObject(paper_.getDC(), font_);
         ::SetTextColor(paper_.getDC(), 0xFFFFFF);
         ::SetBkMode(paper_.getDC(), OPAQUE);

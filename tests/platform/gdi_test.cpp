@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/win32.h"
+#include "platform/font.h"
 
 namespace {
 
@@ -53,14 +53,7 @@ struct Canvas {
 
 struct Font {
     HFONT handle;
-    explicit Font(int height) {
-        LOGFONTA asked{};
-        asked.lfHeight = height;
-        asked.lfWeight = 600;
-        asked.lfQuality = ANTIALIASED_QUALITY;
-        std::snprintf(asked.lfFaceName, LF_FACESIZE, "Segoe UI");
-        handle = CreateFontIndirectA(&asked);
-    }
+    explicit Font(int height) : handle(CreateInterfaceFont(height)) {}
     ~Font() { DeleteObject(handle); }
 };
 
