@@ -38,6 +38,7 @@ for_windows() { { printf '\xef\xbb\xbf' && sed "s/@VERSAO@/$version/; s/\$/\r/" 
 for_windows docs/LEIA-ME.txt LEIA-ME.txt
 for_windows docs/NOVIDADES.txt NOVIDADES.txt
 for_windows docs/licencas.txt licencas/LEIA-ME.txt
+for_windows LICENSE licencas/quilmo.txt
 # What the compiler links statically into the module: its own runtime, and that of mingw-w64 with its threads.
 for_windows /usr/share/doc/gcc-mingw-w64-base/copyright licencas/gcc-runtime.txt
 for_windows /usr/share/doc/mingw-w64-common/copyright licencas/mingw-w64-winpthreads.txt

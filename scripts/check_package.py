@@ -18,6 +18,8 @@ PLATFORMS = set(
     "linux linux32 linux64 linux-armv7l linux-aarch64".split()
 )
 EXPORTS = {"ReaperPluginEntry", "Quilmo_Teste", "Quilmo_AutoSplit", "Quilmo_AbrirPainel"}
+ROOT = Path(__file__).resolve().parent.parent
+LICENCE = (ROOT / "LICENSE").read_text("utf-8")
 
 breaches = []
 
@@ -41,6 +43,7 @@ def check_index(text, version):
         require(name and kind, "index.xml: a package without name or type")
         description = package.findtext("metadata/description", "")
         require(description.startswith("{\\rtf1"), f"index.xml: the description of {name} is not RTF")
+        require("MIT" in description, f"index.xml: {name} does not tell its licence")
         require("64-bit Windows" in description and MODULE in description, f"index.xml: {name} does not say for what it is")
         versions = package.findall("version")
         require(version in [v.get("name") for v in versions], f"index.xml: {name} lacks version {version}")
@@ -74,7 +77,8 @@ def check_zip(path):
     needed = [MODULE, "LEIA-ME.txt", "NOVIDADES.txt", "SHA256SUMS.txt", "manual/manual.html"]
     missing = [name for name in needed if name not in files]
     require(not missing, f"{path.name}: lacks {missing}")
-    require(any(name.startswith("licencas/") for name in files), f"{path.name}: no licences")
+    licence = "\n".join(files.get("licencas/quilmo.txt", b"").decode("utf-8-sig").splitlines()) + "\n"
+    require(licence == LICENCE, f"{path.name}: licencas/quilmo.txt is not the tree's LICENSE")
     require(not any(".debug" in name for name in files), f"{path.name}: holds the debug file")
     for name in ["LEIA-ME.txt", "NOVIDADES.txt", "licencas/LEIA-ME.txt", "manual/manual.html"]:
         text = files.get(name, b"").decode("utf-8-sig")
@@ -124,7 +128,7 @@ def exports_of(image, pe):
     return {text_at(at(struct.unpack_from("<I", image, at(names) + 4 * n)[0])) for n in range(count)}
 
 
-def check_module(image, version, root):
+def check_module(image, version):
     pe = struct.unpack_from("<I", image, 60)[0]
     machine, _, stamp = struct.unpack_from("<HHI", image, pe + 4)
     require(machine == 0x8664, f"{MODULE}: not for 64-bit Windows")
@@ -132,9 +136,11 @@ def check_module(image, version, root):
     require(b".debug_info" not in image, f"{MODULE}: is not stripped")
     require(exports_of(image, pe) == EXPORTS, f"{MODULE}: exports {sorted(exports_of(image, pe))}")
     wide = lambda text: re.escape(text.encode("utf-16-le"))
-    told = re.search(wide("ProductVersion") + rb"(\0\0)+" + wide(version) + rb"\0\0", image)
-    require(told, f"{MODULE}: its version resource does not say {version}")
-    require(not re.search(rb"/(usr|tmp|build|opt|home)/|" + re.escape(str(root).encode()), image),
+    rights = re.search("^Copyright .*", LICENCE, re.M)[0]
+    for name, value in [("ProductVersion", version + "\0"), ("LegalCopyright", rights)]:
+        told = re.search(wide(name) + rb"(\0\0)+" + wide(value), image)
+        require(told, f"{MODULE}: its version resource does not say {value} as its {name}")
+    require(not re.search(rb"/(usr|tmp|build|opt|home)/|" + re.escape(str(ROOT).encode()), image),
             f"{MODULE}: holds a path of the building machine")
 
 
@@ -146,16 +152,16 @@ def check_changelog(text, news, version):
 
 
 def main(dist, version):
-    dist, root = Path(dist), Path(__file__).resolve().parent.parent
+    dist = Path(dist)
     name = f"reaper_quilmo-{version}-win64"
     module = check_zip(dist / f"{name}.zip")
     check_reaper_pkg(dist / f"{name}.ReaperPkg", module)
     require((dist / MODULE).read_bytes() == module, f"{MODULE}: not that of the zip")
     check_index((dist / "index.xml").read_text("utf-8"), version)
-    check_changelog((root / "CHANGELOG.md").read_text("utf-8"), (root / "docs/NOVIDADES.txt").read_text("utf-8"), version)
+    check_changelog((ROOT / "CHANGELOG.md").read_text("utf-8"), (ROOT / "docs/NOVIDADES.txt").read_text("utf-8"), version)
     if module:  # else its lack is told already
-        check_module(module, version, root)
-    require(str(root).encode() not in (dist / f"{name}.debug").read_bytes(), f"{name}.debug: holds this folder's path")
+        check_module(module, version)
+    require(str(ROOT).encode() not in (dist / f"{name}.debug").read_bytes(), f"{name}.debug: holds this folder's path")
     for breach in breaches:
         print(breach, file=sys.stderr)
     return 1 if breaches else 0

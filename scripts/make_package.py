@@ -16,11 +16,12 @@ from pathlib import Path
 from xml.sax.saxutils import escape, quoteattr
 
 MODULE = "reaper_quilmo.dll"
-AUTHOR = "Quilmo"
+AUTHOR = "the Quilmo authors"
 ABOUT = (
     "Quilmo para o REAPER, 64-bit Windows: reaper_quilmo.dll.\n"
     "Painel de edição de fala e Auto Fatiador, que corta silêncios com prévia. A ação é \"Quilmo: Abrir Painel\", tecla A.\n"
-    "Abrir o painel desliga o encaixe (snap), as linhas da grade e a pergunta ao fim da gravação."
+    "Abrir o painel desliga o encaixe (snap), as linhas da grade e a pergunta ao fim da gravação.\n"
+    "Software livre, sob a licença MIT."
 )
 
 INDEX = """<?xml version="1.0" encoding="utf-8"?>
@@ -91,7 +92,7 @@ def main(stage, dist, version, epoch, address):
     info = dist / "reaper-package-info.txt"
     info.write_bytes(
         f"NAME: Quilmo\r\nAUTHOR: {AUTHOR}\r\nVERSION: {version}\r\n"
-        f"INFO: 64-bit Windows, {MODULE}; acao \"Quilmo: Abrir Painel\", tecla A\r\n".encode("ascii")
+        f"INFO: 64-bit Windows, {MODULE}; acao \"Quilmo: Abrir Painel\", tecla A; licenca MIT\r\n".encode("ascii")
     )
     pack(
         dist / f"reaper_quilmo-{version}-win64.ReaperPkg",
