@@ -27,6 +27,6 @@ for preset in native sanitize windows; do
     echo "$preset: $here tests passed"
     passed=$((passed + here))
 done
-echo "Not under Wine: apps and native, which need libsndfile, Lua and libpng; the benchmarks' small runs."
+echo "Not under Wine: apps and native, which need libsndfile and Lua; the benchmarks' small runs."
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]

@@ -2,7 +2,6 @@
 
 #include "apps/common/tool.h"
 #include "simhost/native/audio_file.h"
-#include "simhost/native/png_file.h"
 
 void PutOnTrack(const std::string& path, simhost::Host& host) {
     std::string error;
@@ -18,11 +17,11 @@ void PhotographArrangement(const simhost::Project& project, double seconds, cons
                            const ArrangementLayout& layout) {
     LICE_MemBitmap bitmap(width, ArrangementHeight(project, layout));
     PaintArrangement(project, &bitmap, {0, seconds * 1.02}, layout);
-    WritePicture(pngPath, &bitmap);
+    WritePicture(pngPath, {bitmap.getBits(), bitmap.getWidth(), bitmap.getHeight(), bitmap.getRowSpan()});
 }
 
-void WritePicture(const std::string& pngPath, LICE_IBitmap* bitmap) {
-    Expect(simhost::WritePng(pngPath, bitmap), "'" + pngPath + "' nao pode ser gravado");
+void WritePicture(const std::string& pngPath, const PixelRows& picture) {
+    Expect(WritePng(pngPath, picture), "'" + pngPath + "' nao pode ser gravado");
 }
 
 void ExpectNoMisuse(simhost::Host& host) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "apps/common/arrangement.h"
+#include "platform/pictures/png_file.h"
 
 // A track of its own behind the last, with the recording as one selected item.
 void PutOnTrack(const std::string& path, simhost::Host& host);
@@ -11,6 +12,6 @@ void PutOnTrack(const std::string& path, simhost::Host& host);
 // The arrangement's first seconds, with a little space behind them.
 void PhotographArrangement(const simhost::Project& project, double seconds, const std::string& pngPath,
                            int width = 1280, const ArrangementLayout& layout = {});
-void WritePicture(const std::string& pngPath, LICE_IBitmap* bitmap);
+void WritePicture(const std::string& pngPath, const PixelRows& picture);
 
 void ExpectNoMisuse(simhost::Host& host);  // by the module

@@ -1,7 +1,5 @@
 #include "apps/common/user.h"
 
-#include <algorithm>
-
 #include "apps/common/recording.h"
 #include "apps/common/tool.h"
 
@@ -58,11 +56,8 @@ void User::CloseWindow() {
 void User::Photograph(const std::string& pngPath, int top, int height) const {
     const desktop::Picture picture = Look();
     if (height == 0) height = picture.height;
-    LICE_MemBitmap bitmap(picture.width, height);
-    for (int y = 0; y < height; ++y)
-        std::copy_n(picture.pixels.data() + static_cast<size_t>(top + y) * picture.width, picture.width,
-                    bitmap.getBits() + static_cast<ptrdiff_t>(y) * bitmap.getRowSpan());
-    WritePicture(pngPath, &bitmap);
+    const uint32_t* first = picture.pixels.data() + static_cast<size_t>(top) * picture.width;
+    WritePicture(pngPath, {first, picture.width, height, picture.width});
 }
 
 User OpenPanel(simhost::Host& host) {

@@ -1,7 +1,7 @@
 // Pictures of the pages for people to look at, in the build folder; and what can be said of them without looking.
+#include "platform/pictures/png_file.h"
 #include "slicer/preview.h"
 #include "tests/support/panel_scene.h"
-#include "tests/support/png.h"
 
 namespace {
 
@@ -10,7 +10,8 @@ class Imagens : public Painel {
     driver::Picture Guardar(const std::string& nome) {
         driver::Pump();
         const driver::Picture imagem = driver::PictureOf(JanelaPainel);
-        EXPECT_TRUE(WritePng(std::string(BUILD_FOLDER) + "/painel-" + nome + ".png", imagem));
+        EXPECT_TRUE(WritePng(std::string(BUILD_FOLDER) + "/painel-" + nome + ".png",
+                             {imagem.pixels.data(), imagem.width, imagem.height, imagem.width}));
         return imagem;
     }
     // Pixels that differ between the two, in those rows.
