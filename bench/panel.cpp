@@ -9,7 +9,7 @@
 
 #include "bench/cairo_page.h"
 #include "bench/ratios.h"
-#include "host/entry.h"
+#include "module/entry.h"
 #include "panel/grid.h"
 #include "panel/state.h"
 #include "platform/win32.h"

@@ -11,8 +11,9 @@
 #include <vector>
 
 #include "bench/ratios.h"
-#include "host/entry.h"
 #include "host/imports.h"
+#include "module/entry.h"
+#include "panel/slicer_page.h"
 #include "panel/state.h"
 #include "simhost/host.h"
 #include "slicer/preview.h"
@@ -104,7 +105,7 @@ void Recompute(benchmark::State& state, int pieces) {
     host->project.tracks.Add(AddTrack(host->project, "Voz"), simhost::MakeItem("A", 0, speech->Length(), speech));
     host->project.tracks.SelectAll(true);
     host->FailFrom("Main_OnCommand", 1);
-    EntrarModoFatiador();
+    AbrirFatiador();
     inHost = {};
     callsOfHost = 0;
     const Clock::time_point start = Clock::now();

@@ -5,8 +5,9 @@
 #include <string>
 
 #include "bench/ratios.h"
-#include "host/entry.h"
+#include "module/entry.h"
 #include "simhost/host.h"
+#include "slicer/autosplit.h"
 
 namespace {
 

@@ -9,7 +9,6 @@ void ExecutarGravacao();  // record on the armed tracks, else on the selected on
 void PararTudo();         // clear the selections, stop, disarm
 void PrevItemStart();     // cursor to the nearest item start before it, or to 0
 void NextItemEnd();       // cursor to the nearest item end behind it; stays when there is none
-void PrepararHost();      // the host's options for this way of working; run at each opening of the panel
 bool GravacaoEmCurso();   // the transport records
 bool BotaoGravarAtivo();  // the record action is on
 bool TocandoSemGravar();
@@ -20,7 +19,6 @@ void CriarOuRenomearRegiao();
 void SelTempoERegiao();
 void DeletarRegiaoSobCursor();
 void LimparRegioes();
-void VerSelecao();
 
 // Trim, cut, split, ripple delete (trim.cpp).
 void TrimEsquerda();
@@ -55,7 +53,7 @@ void MvClipDir();
 void ColaClipEsq();
 void ColaClipDir();
 
-// Mute, colour, envelope, view (properties.cpp).
+// Mute, colour, envelope (properties.cpp).
 void MuteClip();
 bool TodosItensMudos();                     // some item is selected and each selected one is muted
 void AplicarCorItens(int r, int g, int b);  // no undo, as the three below
@@ -63,7 +61,7 @@ void AplicarCorFaixas(int r, int g, int b);
 void LimparCorItens();
 void LimparCorFaixas();
 void VolEnvelope();
-void ZoomAllFaixas(bool esticar);  // all tracks to one height; esticar: all items in view, too; no undo
 
-// Starts true, is not saved; flipped by the panel's ripple button, which chooses by it. Commands do not read it.
-extern bool ModoRipple;
+// View (view.cpp).
+void VerSelecao();
+void ZoomAllFaixas(bool esticar);  // all tracks to one height; esticar: all items in view, too; no undo

@@ -1,6 +1,6 @@
 // commands/gaps.cpp: closes the silence between items by moving items to the left; overlaps stay.
 #include "commands/commands.h"
-#include "commands/crossfade.h"
+#include "host/editing.h"
 
 // Moves each item left onto the end of the one before it. The list is sorted by start; its first item never moves.
 static void EncostarItens(const std::vector<MediaItem*>& itens) {

@@ -2,7 +2,7 @@
 #include <unordered_map>
 
 #include "commands/commands.h"
-#include "commands/items.h"
+#include "host/editing.h"
 
 void MvClipCima() {
     AbrirBloco();
@@ -58,7 +58,7 @@ void MvPistaBaixo() {
             const int indice = IndiceDaFaixa(abaixo);
             if (indice > 0) host::ReorderSelectedTracks(indice - 1, 0);
         }
-        ExecutarAcao(DesselecionarFaixas);
+        ExecutarAcao(acao::DesselecionarFaixas);
         host::SetTrackSelected(faixa, true);
     }
     FecharBloco("Move Pista para Baixo");

@@ -1,7 +1,6 @@
-// commands/properties.cpp: one property on the selected items or tracks, the take envelope, and the height of all
-// tracks.
+// commands/properties.cpp: one property on the selected items or tracks, and the take envelope.
 #include "commands/commands.h"
-#include "commands/items.h"
+#include "host/editing.h"
 
 static bool TodosMudos(int quantos) {
     for (int i = 0; i < quantos; ++i) {
@@ -65,22 +64,7 @@ void VolEnvelope() {
     AbrirBloco();
     host::SelectAllMediaItems(0, false);
     host::SetMediaItemSelected(item, true);
-    ExecutarAcao(40693);
+    ExecutarAcao(acao::AlternarEnvelopeDeVolume);
     FecharBloco("Acionar Take Volume Envelope");
-    host::UpdateArrange();
-}
-
-void ZoomAllFaixas(bool esticar) {
-    constexpr double altura = 75.0, folga = 3.0;  // pixels; seconds behind the last item
-    ParaCadaFaixa([](MediaTrack* faixa) { host::SetMediaTrackInfo_Value(faixa, "I_HEIGHTOVERRIDE", altura); });
-    host::TrackList_AdjustWindows(false);
-    if (esticar) {
-        double inicio = 0.0, fim = 0.0;
-        ParaCadaFaixa([&fim](MediaTrack* faixa) {
-            ParaCadaItemDaFaixa(faixa, [&fim](MediaItem* item) { fim = std::max(fim, FimDoItem(item) + folga); });
-        });
-        host::GetSet_ArrangeView2(0, true, 0, 0, &inicio, &fim);
-        host::TrackList_AdjustWindows(false);
-    }
     host::UpdateArrange();
 }

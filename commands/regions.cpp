@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "commands/commands.h"
-#include "commands/items.h"
+#include "host/editing.h"
 
 namespace {
 
@@ -56,8 +56,8 @@ std::optional<Alcance> AlcanceSelecionado() {
 void AdicionarRegiao(const Alcance& alcance, const char* nome) {
     host::AddProjectMarker2(0, true, alcance.inicio, alcance.fim, nome, -1, 0);
     host::SelectAllMediaItems(0, false);
-    ExecutarAcao(DesselecionarFaixas);
-    ExecutarAcao(TirarSelecaoDeTempo);
+    ExecutarAcao(acao::DesselecionarFaixas);
+    ExecutarAcao(acao::TirarSelecaoDeTempo);
     host::UpdateArrange();
 }
 
@@ -93,7 +93,7 @@ void PlayRegiao(int n) {
     const double inicio = regiao.inicio;
     host::GetSet_LoopTimeRange(true, true, &regiao.inicio, &regiao.fim, false);
     host::SetEditCurPos(inicio, false, false);
-    ExecutarAcao(1007);
+    ExecutarAcao(acao::Tocar);
 }
 
 void CriarOuRenomearRegiao() {
@@ -148,22 +148,4 @@ void LimparRegioes() {
     }
     host::UpdateArrange();
     FecharBloco("Limpar Todas as Regioes");
-}
-
-void VerSelecao() {
-    constexpr int zoomNosItens = 41622;
-    AbrirBloco();
-    if (host::CountSelectedMediaItems(0) > 0) {
-        ExecutarAcao(zoomNosItens);
-    } else if (MediaTrack* faixa = host::GetSelectedTrack(0, 0)) {
-        const auto marcar = [faixa](bool selecionado) {
-            ParaCadaItemDaFaixa(faixa,
-                                [selecionado](MediaItem* item) { host::SetMediaItemSelected(item, selecionado); });
-        };
-        marcar(true);
-        ExecutarAcao(zoomNosItens);
-        marcar(false);
-    }
-    host::UpdateArrange();
-    FecharBloco("Ver Selecao");
 }

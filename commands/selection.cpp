@@ -1,6 +1,6 @@
 // commands/selection.cpp: which items are selected, and the time selection made from them.
 #include "commands/commands.h"
-#include "commands/items.h"
+#include "host/editing.h"
 
 // Gives every item of the project a new state, so that the old selection is replaced.
 template <class Criterio>

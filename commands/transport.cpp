@@ -3,9 +3,7 @@
 #include <optional>
 
 #include "commands/commands.h"
-#include "commands/items.h"
-
-static constexpr int Gravar = 1013, PararGravacao = 40328, Parar = 1016;  // host actions
+#include "host/editing.h"
 
 static void DesarmarTodasFaixas() {
     ParaCadaFaixa([](MediaTrack* faixa) { host::SetMediaTrackInfo_Value(faixa, "I_RECARM", 0.0); });
@@ -28,7 +26,7 @@ bool GravacaoEmCurso() {
 }
 
 bool BotaoGravarAtivo() {
-    return host::GetToggleCommandState(Gravar) == 1;
+    return host::GetToggleCommandState(acao::Gravar) == 1;
 }
 
 bool TocandoSemGravar() {
@@ -37,7 +35,7 @@ bool TocandoSemGravar() {
 
 void ExecutarGravacao() {
     if (BotaoGravarAtivo()) {
-        ExecutarAcao(PararGravacao);
+        ExecutarAcao(acao::PararGravacao);
         DesarmarTodasFaixas();
     } else {
         if (!AlgumaFaixaArmada()) {
@@ -45,7 +43,7 @@ void ExecutarGravacao() {
                 return Mensagem("Nenhuma faixa selecionada. Selecione uma faixa para gravar.", "Quilmo");
             ArmarFaixasSelecionadas();
         }
-        ExecutarAcao(Gravar);
+        ExecutarAcao(acao::Gravar);
     }
     host::TrackList_AdjustWindows(false);
     host::UpdateTimeline();
@@ -53,9 +51,9 @@ void ExecutarGravacao() {
 
 void PararTudo() {
     host::SelectAllMediaItems(0, false);
-    ExecutarAcao(DesselecionarFaixas);
-    ExecutarAcao(TirarSelecaoDeTempo);
-    ExecutarAcao(Parar);
+    ExecutarAcao(acao::DesselecionarFaixas);
+    ExecutarAcao(acao::TirarSelecaoDeTempo);
+    ExecutarAcao(acao::Parar);
     DesarmarTodasFaixas();
     host::UpdateArrange();
 }
@@ -89,14 +87,4 @@ void NextItemEnd() {
         if (fim > cursor + FolgaDoCursor && (!melhor || fim < *melhor)) melhor = fim;
     });
     if (melhor) host::SetEditCurPos(*melhor, true, false);
-}
-
-void PrepararHost() {
-    ExecutarAcao(40753);                                               // no snapping
-    if (host::GetToggleCommandState(40145) == 1) ExecutarAcao(40145);  // no grid lines
-    if (host::GetToggleCommandState(1161) == 1) ExecutarAcao(1162);
-    if (!host::get_config_var) return;
-    int tamanho = 0;
-    void* perguntaAoFim = host::get_config_var("promptendrec", &tamanho);  // the question after each recording
-    if (perguntaAoFim && tamanho == 4) *static_cast<int*>(perguntaAoFim) = 0;
 }

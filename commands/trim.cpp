@@ -4,9 +4,7 @@
 #include <unordered_map>
 
 #include "commands/commands.h"
-#include "commands/items.h"
-
-bool ModoRipple = true;
+#include "host/editing.h"
 
 namespace {
 
@@ -125,11 +123,11 @@ void TrimEsquerda() {
 }
 
 void CortarE() {
-    CortarPelaAcao(41305, "Cortar Esquerda");
+    CortarPelaAcao(acao::ApararBordaEsquerda, "Cortar Esquerda");
 }
 
 void CortarD() {
-    CortarPelaAcao(41311, "Cortar Direita");
+    CortarPelaAcao(acao::ApararBordaDireita, "Cortar Direita");
 }
 
 void SplitNoCursor() {

@@ -2,8 +2,8 @@
 
 #include "panel/pass.h"
 #include "panel/rows.h"
+#include "panel/slicer_page.h"
 #include "panel/status.h"
-#include "slicer/page.h"
 #include "slicer/preview.h"
 
 // Top to bottom; a row's buttons run their commands in its place of the pass.

@@ -2,7 +2,7 @@
 // The rows of the main page, one file for each group of them. Each function draws the row that `contexto` places, from
 // left to right, and runs what was clicked on it.
 #pragma once
-#include "commands/items.h"
+#include "host/editing.h"
 #include "panel/grid.h"
 
 // rows_transport.cpp

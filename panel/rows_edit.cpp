@@ -1,6 +1,7 @@
 // panel/rows_edit.cpp: the regions; trim, split and delete, which close up what they remove while ripple is on.
 #include "commands/commands.h"
 #include "panel/rows.h"
+#include "panel/state.h"
 #include "panel/status.h"
 
 // Nine narrow cells that stand off the grid: play regions 1 to 7, create, delete.
@@ -42,6 +43,6 @@ void LinhaEdicao(ContextoGrade& contexto) {
     BotaoGrade(contexto, 5, 2, {.rotulo = "TRIM >]", .cor = corDoTrim, .dica = "APARA BORDA DIR"},
                escolher({"TrimDireita", TrimDireita}, {"CortarD", CortarD}));
     BotaoGrade(contexto, 7, 1, {.rotulo = "DEL", .cor = {105, 35, 40}, .dica = "EXCLUIR SEL."},
-               escolher({"ExcluirRipple", ExcluirRipple}, {"Deletar Itens (nativo)", Acao<40697>}));
+               escolher({"ExcluirRipple", ExcluirRipple}, {"Deletar Itens (nativo)", Acao<acao::RemoverItens>}));
     InterruptorDeRipple(contexto);
 }

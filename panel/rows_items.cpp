@@ -8,7 +8,7 @@ static constexpr CorBase CorNeutra = {42, 50, 58}, CorDeMover = {40, 58, 48};
 void LinhaItens(ContextoGrade& contexto) {
     const bool mudos = TodosItensMudos();
     BotaoGrade(contexto, 1, 2, {.rotulo = "DUP", .cor = CorNeutra, .dica = "E: DUPLICAR ITENS | D: DUPLICAR PISTAS"},
-               AcaoDoHost<41295>, AcaoDoHost<40062>);
+               AcaoDoHost<acao::DuplicarItens>, AcaoDoHost<acao::DuplicarFaixas>);
     BotaoGrade(contexto, 3, 2, {.rotulo = "VOL", .cor = CorNeutra, .dica = "ADICIONA ENVELOPE DE VOLUME"},
                {"VolEnvelope", VolEnvelope});
     BotaoGrade(contexto, 5, 2, {.icone = "up", .cor = CorNeutra, .dica = "E: ITEM PARA CIMA | D: PISTA PARA CIMA"},
@@ -36,7 +36,7 @@ static void ColarOuMover() {
 
 void LinhaMover(ContextoGrade& contexto) {
     BotaoGrade(contexto, 1, 2, {.rotulo = "MEDIA", .cor = CorNeutra, .dica = "ABRIR/FECHAR O MEDIA EXPLORER"},
-               AcaoDoHost<50124>);
+               AcaoDoHost<acao::AlternarMediaExplorer>);
     BotaoGrade(contexto, 3, 2,
                {.icone = "left", .cor = CorDeMover, .dica = "L: COLA NO ANTERIOR | SHIFT+L / R: MOVE 20MS ESQ"},
                {"ColaClipEsq", ColarOuMover<ColaClipEsq, MvClipEsq>}, {"MvClipEsq", Mover20ms<MvClipEsq>});
@@ -65,10 +65,10 @@ static void Zoom() {
 void LinhaZoom(ContextoGrade& contexto) {
     BotaoQueRepete(contexto, 1,
                    {.icone = "zoom_in", .cor = CorNeutra, .dica = "L: ZOOM IN HORIZONTAL | R: ZOOM OUT HORIZONTAL"},
-                   AcaoDoHost<1012>, AcaoDoHost<1011>);
+                   AcaoDoHost<acao::AproximarHorizontal>, AcaoDoHost<acao::AfastarHorizontal>);
     BotaoQueRepete(contexto, 3,
                    {.icone = "zoom_vert", .cor = CorNeutra, .dica = "L: ZOOM IN VERTICAL | R: ZOOM OUT VERTICAL"},
-                   AcaoDoHost<40111>, AcaoDoHost<40112>);
+                   AcaoDoHost<acao::AproximarVertical>, AcaoDoHost<acao::AfastarVertical>);
     BotaoGrade(contexto, 5, 2, {.icone = "zoom_sel", .cor = {45, 80, 115}, .dica = "ZOOM NA SELECAO"},
                {"VerSelecao", VerSelecao});
     BotaoGrade(contexto, 7, 2, {.icone = "zoom_all", .cor = CorNeutra, .dica = "E: ESTICAR | R: AJUSTA ALTURA"},

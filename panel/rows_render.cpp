@@ -7,7 +7,7 @@ void LinhaBounce(ContextoGrade& contexto) {
     BotaoGrade(contexto, 1, 2, {.rotulo = "BOUNCE", .cor = cor, .dica = "BOUNCE INTELIGENTE"},
                {"BounceInteligente", BounceInteligente});
     BotaoGrade(contexto, 3, 2, {.rotulo = "STEM", .cor = cor, .dica = "L: SEL. TRILHA BOUNCE | R: APAGA STEM SEL."},
-               AcaoDoHost<40435>, AcaoDoHost<40129>);
+               AcaoDoHost<acao::AlternarTakesEmPistas>, AcaoDoHost<acao::ApagarTakeAtivo>);
     BotaoGrade(contexto, 5, 2, {.rotulo = "STEREO", .cor = cor, .dica = "GLUE STEREO"}, {"StereoRender", StereoRender});
     BotaoGrade(contexto, 7, 2, {.rotulo = "MONO", .cor = cor, .dica = "GLUE MONO"}, {"MonoRender", MonoRender});
 }
@@ -21,5 +21,5 @@ void LinhaRender(ContextoGrade& contexto) {
     BotaoGrade(contexto, 5, 2, {.rotulo = "FOLDER", .cor = {40, 52, 70}, .dica = "ABRE ARQUIVO DIRETO NO EXPLORER"},
                {"AbrirDiretorio", AbrirDiretorio});
     BotaoGrade(contexto, 7, 2, {.rotulo = "CONFIG", .cor = {55, 55, 55}, .dica = "ABRE PREFERENCIAS DO RENDER"},
-               AcaoDoHost<40015>);
+               AcaoDoHost<acao::AbrirConfigRender>);
 }

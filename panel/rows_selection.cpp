@@ -2,13 +2,13 @@
 // pass; the window opens it after painting.
 #include "commands/commands.h"
 #include "panel/rows.h"
+#include "panel/slicer_page.h"
 #include "panel/state.h"
-#include "slicer/preview.h"
 
 void LinhaLacunas(ContextoGrade& contexto) {
     BotaoGrade(contexto, 1, 4,
                {.rotulo = "AUTO FATIADOR", .cor = {190, 95, 40}, .dica = "FATIAR AUTOMATICAMENTE O ITEM"},
-               {"EntrarModoFatiador", EntrarModoFatiador});
+               {"EntrarModoFatiador", AbrirFatiador});
     const AspectoBotao fechar = {.rotulo = "FECHAR LACUNAS", .cor = {42, 50, 58}, .dica = "OPCOES DE LACUNA"};
     if (BotaoDireto(contexto, CelulaGrade(contexto, 5, 4), fechar).cliqueEsquerdo) AbrirMenuLacunas = true;
 }

@@ -16,7 +16,7 @@ void LinhaGravar(ContextoGrade& contexto) {
 
 // A recording is not paused from here; the status says "Play/Pause" all the same.
 static void TocarOuPausar() {
-    if (!BotaoGravarAtivo()) ExecutarAcao(40073);
+    if (!BotaoGravarAtivo()) ExecutarAcao(acao::TocarOuPausar);
 }
 
 void LinhaTocar(ContextoGrade& contexto) {
@@ -26,7 +26,7 @@ void LinhaTocar(ContextoGrade& contexto) {
                 .icone = tocando ? "pause" : "play",
                 .cor = tocando ? CorBase{38, 98, 62} : CorBase{50, 90, 130},
                 .dica = "E: PLAY/PAUSE | D: PLAY/STOP"},
-               {"Play/Pause", TocarOuPausar}, {"Play/Stop", Acao<40044>});
+               {"Play/Pause", TocarOuPausar}, {"Play/Stop", Acao<acao::TocarOuParar>});
 }
 
 void LinhaParar(ContextoGrade& contexto) {
@@ -37,10 +37,11 @@ void LinhaParar(ContextoGrade& contexto) {
 
 void LinhaNavegacao(ContextoGrade& contexto) {
     constexpr CorBase cor = {36, 44, 54};
-    BotaoGrade(contexto, 1, 2, {.icone = "start", .cor = cor, .dica = "INICIO DO PROJETO"}, AcaoDoHost<40042>);
+    BotaoGrade(contexto, 1, 2, {.icone = "start", .cor = cor, .dica = "INICIO DO PROJETO"},
+               AcaoDoHost<acao::IrAoInicio>);
     BotaoGrade(contexto, 3, 2, {.icone = "left", .cor = cor, .dica = "INICIO DO ITEM FAIXA SEL."},
                {"PrevItemStart", PrevItemStart});
     BotaoGrade(contexto, 5, 2, {.icone = "right", .cor = cor, .dica = "FIM DO ITEM FAIXA SEL."},
                {"NextItemEnd", NextItemEnd});
-    BotaoGrade(contexto, 7, 2, {.icone = "end", .cor = cor, .dica = "FIM DO PROJETO"}, AcaoDoHost<40043>);
+    BotaoGrade(contexto, 7, 2, {.icone = "end", .cor = cor, .dica = "FIM DO PROJETO"}, AcaoDoHost<acao::IrAoFim>);
 }

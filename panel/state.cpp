@@ -4,6 +4,7 @@ HWND JanelaPainel = nullptr;
 std::string CaminhoPainel;
 EstadoMouse Mouse;
 void (*AcaoRepetir)() = nullptr;
+bool ModoRipple = true;
 bool PiscaLigado = false;
 bool AbrirMenuLacunas = false;
 bool AbrirMenuSelecao = false;
@@ -12,5 +13,6 @@ void RestaurarEstadoPainel() {
     CaminhoPainel.clear();
     Mouse = {};
     AcaoRepetir = nullptr;
+    ModoRipple = true;
     PiscaLigado = AbrirMenuLacunas = AbrirMenuSelecao = false;
 }

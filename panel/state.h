@@ -11,6 +11,7 @@ extern std::string CaminhoPainel;  // folder of the panel's files; written at ev
 extern EstadoMouse Mouse;          // written by the window's messages, its edges by the start of each pass
 // What is repeated while a button is held: set by a widget in every pass that finds the pointer on it, null otherwise.
 extern void (*AcaoRepetir)();
+extern bool ModoRipple;   // starts true, not saved: trims and deletions close up what they remove
 extern bool PiscaLigado;  // flipped by timer 1, every 250 ms
 // A pass asks for a popup menu, which opens after painting.
 extern bool AbrirMenuLacunas;

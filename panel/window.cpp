@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "commands/commands.h"
+#include "panel/host_options.h"
 #include "panel/main_page.h"
 #include "panel/menus.h"
 #include "panel/pass.h"

@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <string>
 
-#include "commands/items.h"
 #include "desktop_export_lua.h"
+#include "host/editing.h"
 #include "platform/files.h"
 #include "render/render.h"
 

@@ -1,10 +1,8 @@
 #include "render/render.h"
 
-#include "commands/items.h"
+#include "host/editing.h"
 
 namespace {
-
-constexpr int ColarItens = 40362, TakeStereo = 41993, TakeMono = 40361, MostrarTakes = 40435, RenderizarJa = 42230;
 
 void DesativarFxDosItens() {
     ParaCadaSelecionado(host::CountSelectedMediaItems(0), [](MediaItem* item) {
@@ -13,7 +11,7 @@ void DesativarFxDosItens() {
 }
 
 void AtivarUltimaTake() {
-    if (host::GetToggleCommandState(MostrarTakes) == 1) ExecutarAcao(MostrarTakes);
+    if (host::GetToggleCommandState(acao::AlternarTakesEmPistas) == 1) ExecutarAcao(acao::AlternarTakesEmPistas);
     ParaCadaSelecionado(host::CountSelectedMediaItems(0), [](MediaItem* item) {
         const int takes = host::CountTakes(item);
         MediaItem_Take* ultima = takes >= 1 ? host::GetTake(item, takes - 1) : nullptr;
@@ -25,7 +23,7 @@ void AtivarUltimaTake() {
 // Several selected items become one first; what was rendered then plays without the tracks' effects, which it holds.
 template <class Renderizar>
 void Colar(Renderizar renderizar) {
-    if (host::CountSelectedMediaItems(0) > 1) ExecutarAcao(ColarItens);
+    if (host::CountSelectedMediaItems(0) > 1) ExecutarAcao(acao::ColarItens);
     renderizar();
     DesativarFxDosItens();
     AtivarUltimaTake();
@@ -34,11 +32,11 @@ void Colar(Renderizar renderizar) {
 }  // namespace
 
 void StereoRender() {
-    Colar(Acao<TakeStereo>);
+    Colar(Acao<acao::RenderTakeStereo>);
 }
 
 void MonoRender() {
-    Colar(Acao<TakeMono>);
+    Colar(Acao<acao::RenderTakeMono>);
 }
 
 void BounceInteligente() {
@@ -48,7 +46,7 @@ void BounceInteligente() {
         if (!take) return;
         PCM_source* fonte = host::GetMediaItemTake_Source(take);
         const int canais = fonte ? host::GetMediaSourceNumChannels(fonte) : 0;
-        ExecutarAcao(canais < 2 ? TakeMono : TakeStereo);
+        ExecutarAcao(canais < 2 ? acao::RenderTakeMono : acao::RenderTakeStereo);
     });
 }
 
@@ -61,7 +59,7 @@ void RenderProjeto() {
         char porRegiao[] = "$region";
         host::GetSetProjectInfo(0, "RENDER_BOUNDSFLAG", todasAsRegioes, true);
         host::GetSetProjectInfo_String(0, "RENDER_PATTERN", porRegiao, true);
-        return ExecutarAcao(RenderizarJa);
+        return ExecutarAcao(acao::RenderizarProjeto);
     }
     if (!tempo.Ativa()) {
         if (host::CountMediaItems(0) <= 0) return Mensagem("Projeto vazio.", "Quilmo");
@@ -70,9 +68,9 @@ void RenderProjeto() {
         host::GetSet_LoopTimeRange(true, false, &extensao.inicio, &extensao.fim, false);
     }
     host::GetSetProjectInfo(0, "RENDER_BOUNDSFLAG", selecaoDeTempo, true);
-    ExecutarAcao(RenderizarJa);
+    ExecutarAcao(acao::RenderizarProjeto);
 }
 
 void AbrirDiretorio() {
-    ExecutarAcao(42411);
+    ExecutarAcao(acao::AbrirPastaDoRender);
 }

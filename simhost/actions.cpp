@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/actions.h"
 #include "simhost/calls.h"
 
 namespace simhost {
@@ -11,7 +12,7 @@ static void UnselectTracks(Host& host) {
 }
 
 static void ZoomToItems(Host& host) {
-    if (host.toggles[41622] == 0) {
+    if (host.toggles[acao::ZoomNosItens] == 0) {
         host.project.view = host.viewBeforeZoom;
         return;
     }
@@ -34,42 +35,44 @@ static void ZoomVertically(Host& host, int times, int over) {
 }
 
 static const Action Actions[] = {
-    {1007, "Play", Play},
-    {1016, "Stop", Stop},
-    {1013, "Record", Record},
-    {40073, "Play/pause", PlayPause},
-    {40044, "Play/stop", PlayStop},
-    {40328, "Play/stop, moving the cursor", PlayStopMovingCursor},
-    {40042, "Go to start of project", [](Host& host) { host.project.cursor = 0; }},
-    {40043, "Go to end of project", [](Host& host) { host.project.cursor = ProjectEnd(host.project); }},
-    {40020, "Remove time selection", [](Host& host) { host.project.timeSelection = host.project.loop = {}; }},
-    {40297, "Unselect all tracks", UnselectTracks},
-    {40697, "Remove items", nullptr, RemoveByFocus},
-    {41305, "Trim left edge of items", nullptr, TrimLeftEdge},
-    {41311, "Trim right edge of items", nullptr, TrimRightEdge},
-    {40362, "Glue items", nullptr, Glue},
-    {41588, "Glue items", nullptr, Glue},
-    {41993, "Render items to new stereo take", nullptr, [](Host& host) { return RenderTakes(host, 2); }},
-    {40361, "Render items to new mono take", nullptr, [](Host& host) { return RenderTakes(host, 1); }},
-    {40435, "Show all takes in lanes", nullptr, nullptr, true},
-    {40693, "Toggle take volume envelope", nullptr, ToggleVolumeEnvelope},
-    {41622, "Zoom to selected items", ZoomToItems, nullptr, true},
-    {1011, "Zoom out horizontally", [](Host& host) { ScaleView(host, 2); }},
-    {1012, "Zoom in horizontally", [](Host& host) { ScaleView(host, 0.5); }},
-    {40111, "Zoom in vertically", [](Host& host) { ZoomVertically(host, 5, 4); }},
-    {40112, "Zoom out vertically", [](Host& host) { ZoomVertically(host, 4, 5); }},
-    {41295, "Duplicate items", nullptr, DuplicateItems},
-    {40062, "Duplicate tracks", nullptr, DuplicateTracks},
-    {40129, "Delete active take", nullptr, DeleteActiveTake},
-    {50124, "Media explorer", nullptr},
-    {40015, "Render dialog", nullptr},
-    {42411, "Open render output", nullptr},
-    {42230, "Render project, closing the window", nullptr},
-    {41824, "Render project", nullptr},
-    {40753, "Disable snapping", nullptr},
-    {40145, "Toggle grid lines", nullptr, nullptr, true},
-    {1161, "1161", nullptr, nullptr, true},
-    {1162, "1162", nullptr},
+    {acao::Tocar, "Play", Play},
+    {acao::Parar, "Stop", Stop},
+    {acao::Gravar, "Record", Record},
+    {acao::TocarOuPausar, "Play/pause", PlayPause},
+    {acao::TocarOuParar, "Play/stop", PlayStop},
+    {acao::PararGravacao, "Play/stop, moving the cursor", PlayStopMovingCursor},
+    {acao::IrAoInicio, "Go to start of project", [](Host& host) { host.project.cursor = 0; }},
+    {acao::IrAoFim, "Go to end of project", [](Host& host) { host.project.cursor = ProjectEnd(host.project); }},
+    {acao::TirarSelecaoDeTempo, "Remove time selection",
+     [](Host& host) { host.project.timeSelection = host.project.loop = {}; }},
+    {acao::DesselecionarFaixas, "Unselect all tracks", UnselectTracks},
+    {acao::RemoverItens, "Remove items", nullptr, RemoveByFocus},
+    {acao::ApararBordaEsquerda, "Trim left edge of items", nullptr, TrimLeftEdge},
+    {acao::ApararBordaDireita, "Trim right edge of items", nullptr, TrimRightEdge},
+    {acao::ColarItens, "Glue items", nullptr, Glue},
+    {acao::ColarSelecao, "Glue items", nullptr, Glue},
+    {acao::RenderTakeStereo, "Render items to new stereo take", nullptr,
+     [](Host& host) { return RenderTakes(host, 2); }},
+    {acao::RenderTakeMono, "Render items to new mono take", nullptr, [](Host& host) { return RenderTakes(host, 1); }},
+    {acao::AlternarTakesEmPistas, "Show all takes in lanes", nullptr, nullptr, true},
+    {acao::AlternarEnvelopeDeVolume, "Toggle take volume envelope", nullptr, ToggleVolumeEnvelope},
+    {acao::ZoomNosItens, "Zoom to selected items", ZoomToItems, nullptr, true},
+    {acao::AfastarHorizontal, "Zoom out horizontally", [](Host& host) { ScaleView(host, 2); }},
+    {acao::AproximarHorizontal, "Zoom in horizontally", [](Host& host) { ScaleView(host, 0.5); }},
+    {acao::AproximarVertical, "Zoom in vertically", [](Host& host) { ZoomVertically(host, 5, 4); }},
+    {acao::AfastarVertical, "Zoom out vertically", [](Host& host) { ZoomVertically(host, 4, 5); }},
+    {acao::DuplicarItens, "Duplicate items", nullptr, DuplicateItems},
+    {acao::DuplicarFaixas, "Duplicate tracks", nullptr, DuplicateTracks},
+    {acao::ApagarTakeAtivo, "Delete active take", nullptr, DeleteActiveTake},
+    {acao::AlternarMediaExplorer, "Media explorer", nullptr},
+    {acao::AbrirConfigRender, "Render dialog", nullptr},
+    {acao::AbrirPastaDoRender, "Open render output", nullptr},
+    {acao::RenderizarProjeto, "Render project, closing the window", nullptr},
+    {acao::RenderizarComUltimas, "Render project", nullptr},
+    {acao::DesligarSnap, "Disable snapping", nullptr},
+    {acao::AlternarLinhasDeGrade, "Toggle grid lines", nullptr, nullptr, true},
+    {acao::Opcao1161, "1161", nullptr, nullptr, true},
+    {acao::DesligarOpcao1161, "1162", nullptr},
 };
 
 const Action* FindAction(int number) {
@@ -125,7 +128,7 @@ void api::Main_OnCommand(int command, int) {
 
 int api::GetToggleCommandState(int command) {
     Host& host = Host::Current();
-    if (command == 1013) return host.playState & 4 ? 1 : 0;
+    if (command == acao::Gravar) return host.playState & 4 ? 1 : 0;
     for (size_t i = 0; i < host.registrations.size(); ++i) {
         if (host.registrations[i].name != "toggleaction") continue;
         const int state = reinterpret_cast<int (*)(int)>(host.registrations[i].info)(command);

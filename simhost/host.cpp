@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "host/actions.h"
 #include "simhost/accessor.h"
 #include "simhost/calls.h"
 
@@ -37,8 +38,8 @@ Host::Host() : record_{VersaoDoHost, nullptr, simhost::Register, GetFunc}, count
     current = this;
     SetConfigInt("promptendrec", 1);
     projectConfigVars["projrenderresample"].resize(sizeof(int));
-    for (const int number : {40435, 41622, 1161}) toggles[number] = 0;
-    toggles[40145] = 1;  // grid lines are shown
+    for (const int number : {acao::AlternarTakesEmPistas, acao::ZoomNosItens, acao::Opcao1161}) toggles[number] = 0;
+    toggles[acao::AlternarLinhasDeGrade] = 1;  // grid lines are shown
     for (const char* key : {"RENDER_SETTINGS", "RENDER_BOUNDSFLAG", "RENDER_CHANNELS", "RENDER_SRATE",
                             "RENDER_STARTPOS", "RENDER_ENDPOS", "RENDER_TAILFLAG", "RENDER_TAILMS", "RENDER_ADDTOPROJ",
                             "RENDER_DITHER", "RENDER_RESAMPLEMODE", "PROJECT_SRATE"})

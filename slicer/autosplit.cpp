@@ -1,10 +1,9 @@
-// slicer/autosplit.cpp: the slicer's one operation on the project. It cuts the silence out of the selected items and,
-// if asked, moves what is left together.
+#include "slicer/autosplit.h"
+
 #include <cmath>
 #include <map>
 
-#include "commands/crossfade.h"
-#include "host/entry.h"
+#include "host/editing.h"
 #include "host/imports.h"
 #include "slicer/analysis.h"
 #include "slicer/titles.h"

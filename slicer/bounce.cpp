@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "commands/items.h"
+#include "host/editing.h"
 #include "slicer/titles.h"
 
 bool BounceEntradaAtivo = false;
@@ -90,7 +90,7 @@ bool BounceEntrada(double alcaSegundos) {
     AbrirBloco();
     host::PreventUIRefresh(1);
     for (const RegistroBounce& r : registros) Abrir(r);
-    ExecutarAcao(41588);
+    ExecutarAcao(acao::ColarSelecao);
     ParaCadaSelecionado(host::CountSelectedMediaItems(0), [&](MediaItem* item) { Encolher(item, registros); });
     host::PreventUIRefresh(-1);
     host::UpdateArrange();

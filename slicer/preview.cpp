@@ -3,10 +3,9 @@
 #include <cmath>
 #include <cstring>
 
-#include "commands/items.h"
-#include "host/entry.h"
-#include "panel/state.h"
+#include "host/editing.h"
 #include "render/render.h"
+#include "slicer/autosplit.h"
 #include "slicer/bounce.h"
 #include "slicer/presets.h"
 #include "slicer/titles.h"
@@ -98,11 +97,11 @@ bool FicarComUmItem() {
 }
 
 // True: the item was made ready and cut.
-bool FazerPrimeiroCorte() {
+bool FazerPrimeiroCorte(const std::string& pastaDosPresets) {
     constexpr double alcaSegundos = 10.0;
     if (!FicarComUmItem()) return false;
     if (!PresetsCarregados) {
-        CarregarPresets(PresetsFatiador, thresholdDb, blocoMs, fecharLacunas, CaminhoPainel);
+        CarregarPresets(PresetsFatiador, thresholdDb, blocoMs, fecharLacunas, pastaDosPresets);
         PresetsCarregados = true;
     }
     if (PreviewAtivo) DesfazerPreview();
@@ -113,16 +112,16 @@ bool FazerPrimeiroCorte() {
 
 }  // namespace
 
-void EntrarModoFatiador() {
-    if (PreviewEmObra) return;
+bool EntrarModoFatiador(const std::string& pastaDosPresets) {
+    if (PreviewEmObra) return false;
     PreviewEmObra = true;
-    const bool cortou = FazerPrimeiroCorte();
+    const bool cortou = FazerPrimeiroCorte(pastaDosPresets);
     PreviewEmObra = false;
-    if (!cortou) return;
+    if (!cortou) return false;
     PreviewAtivo = ModoFatiadorAtivo = true;
     SalvarPresetAberto = PainelEmFrente = false;
     SliderArrastado = nullptr;  // a drag that the end of the last run cut short is over
-    if (JanelaPainel) SetForegroundWindow(JanelaPainel);
+    return true;
 }
 
 void RecalcularPreview(bool fechar, int bloco, double threshold) {

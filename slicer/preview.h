@@ -5,6 +5,7 @@
 // the project, and stay or go when the user leaves it. Its store is the host's undo history, where its own points are
 // known by their titles; going back is undoing while the topmost point is one of them.
 #pragma once
+#include <string>
 
 // Process-wide; all start as written here.
 extern bool ModoFatiadorAtivo;       // false; the panel shows the slicer page
@@ -17,7 +18,9 @@ extern double thresholdDb;           // -37.0
 extern int blocoMs;                  // 55
 extern bool fecharLacunas;           // true
 
-void EntrarModoFatiador();  // begins the mode on the one selected item, or says why not
+// Begins the mode on the one selected item, or says why not and returns false. The presets are read at the first entry.
+// Whoever opens the mode brings its page to the front, where the watch on other windows begins.
+bool EntrarModoFatiador(const std::string& pastaDosPresets);
 void RecalcularPreview(bool fecharLacunas, int blocoMs, double thresholdDb);  // takes the cuts back, makes them anew
 void RestaurarOriginal();        // takes the cuts and the entry bounce back; the mode's flag is the caller's
 void AplicarFatias();            // keeps both; the mode's flag is the caller's

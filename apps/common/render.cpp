@@ -1,6 +1,7 @@
 #include "apps/common/render.h"
 
 #include "apps/common/render_list.h"
+#include "host/actions.h"
 #include "simhost/native/audio_file.h"
 
 using simhost::AudioFormat;
@@ -16,7 +17,7 @@ static bool Write(const simhost::Project& project, const RenderedFile& file, std
 }
 
 void RenderToFiles(simhost::Host& host) {
-    host.onAction[42230] = host.onAction[41824] = [&host] {
+    host.onAction[acao::RenderizarProjeto] = host.onAction[acao::RenderizarComUltimas] = [&host] {
         std::string error;
         for (const RenderedFile& file : FilesToRender(host.project))
             if (!Write(host.project, file, &error)) return host.Violate("the render failed: " + error);

@@ -3,5 +3,5 @@
 #pragma once
 #include "simhost/host.h"
 
-// From now on actions 42230 and 41824 write what FilesToRender says. What cannot be written is a violation.
+// From now on the two actions that render write what FilesToRender says. What cannot be written is a violation.
 void RenderToFiles(simhost::Host& host);

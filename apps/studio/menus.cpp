@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "apps/studio/window.h"
+#include "host/actions.h"
 
 namespace {
 
@@ -29,16 +30,16 @@ constexpr struct Command {
     {"Editar", "Refazer", 'Y', FCONTROL, 0, Redo},
     {"Editar", "Selecionar todos os itens\tCtrl+A", 'A', FCONTROL, 0,
      [](StudioWindow& s) { s.Host().project.tracks.SelectAll(true); }},
-    {"Editar", "Remover itens\tDel", VK_DELETE, 0, 40697, nullptr},
-    {"Editar", "Remover selecao de tempo\tEsc", VK_ESCAPE, 0, 40020, nullptr},
-    {"Transporte", "Tocar/parar\tEspaco", VK_SPACE, 0, 40044, nullptr},
-    {"Transporte", "Tocar/pausar\tEnter", VK_RETURN, 0, 40073, nullptr},
-    {"Transporte", "Ir para o inicio\tHome", VK_HOME, 0, 40042, nullptr},
-    {"Transporte", "Ir para o fim\tEnd", VK_END, 0, 40043, nullptr},
-    {"Exibir", "Aproximar\t+", VK_ADD, 0, 1012, nullptr},
-    {"Exibir", "Afastar\t-", VK_SUBTRACT, 0, 1011, nullptr},
-    {"Exibir", "Faixas mais altas\tCtrl++", VK_ADD, FCONTROL, 40111, nullptr},
-    {"Exibir", "Faixas mais baixas\tCtrl+-", VK_SUBTRACT, FCONTROL, 40112, nullptr},
+    {"Editar", "Remover itens\tDel", VK_DELETE, 0, acao::RemoverItens, nullptr},
+    {"Editar", "Remover selecao de tempo\tEsc", VK_ESCAPE, 0, acao::TirarSelecaoDeTempo, nullptr},
+    {"Transporte", "Tocar/parar\tEspaco", VK_SPACE, 0, acao::TocarOuParar, nullptr},
+    {"Transporte", "Tocar/pausar\tEnter", VK_RETURN, 0, acao::TocarOuPausar, nullptr},
+    {"Transporte", "Ir para o inicio\tHome", VK_HOME, 0, acao::IrAoInicio, nullptr},
+    {"Transporte", "Ir para o fim\tEnd", VK_END, 0, acao::IrAoFim, nullptr},
+    {"Exibir", "Aproximar\t+", VK_ADD, 0, acao::AproximarHorizontal, nullptr},
+    {"Exibir", "Afastar\t-", VK_SUBTRACT, 0, acao::AfastarHorizontal, nullptr},
+    {"Exibir", "Faixas mais altas\tCtrl++", VK_ADD, FCONTROL, acao::AproximarVertical, nullptr},
+    {"Exibir", "Faixas mais baixas\tCtrl+-", VK_SUBTRACT, FCONTROL, acao::AfastarVertical, nullptr},
     {"Exibir", "Projeto inteiro\tCtrl+0", '0', FCONTROL, 0, [](StudioWindow& s) { s.ShowAll(); }},
 };
 

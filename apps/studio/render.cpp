@@ -8,6 +8,7 @@
 #include "apps/common/text.h"
 #include "apps/studio/dialogs.h"
 #include "apps/studio/wave_file.h"
+#include "host/actions.h"
 #include "simhost/picture.h"
 // Needs windows.h first.
 #include <shellapi.h>
@@ -72,7 +73,7 @@ void RenderBeside(simhost::Project& project, const std::string& recording, const
 }
 
 void AnswerRenderActions(simhost::Host& host) {
-    host.onAction[42230] = host.onAction[41824] = [&host] { Render(host); };
-    host.onAction[40015] = [&host] { AskSettings(host.project); };
-    host.onAction[42411] = [&host] { ShowFolder(host); };
+    host.onAction[acao::RenderizarProjeto] = host.onAction[acao::RenderizarComUltimas] = [&host] { Render(host); };
+    host.onAction[acao::AbrirConfigRender] = [&host] { AskSettings(host.project); };
+    host.onAction[acao::AbrirPastaDoRender] = [&host] { ShowFolder(host); };
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/actions.h"
+
 using simhost::TimeRange;
 
 constexpr double ShortestView = 0.01, LongestView = 24 * 3600.0, LatestStart = 1e6;
@@ -15,7 +17,7 @@ ArrangementLayout View::Layout() const {
     ArrangementLayout layout;
     layout.columnFrames = 4096;  // an hour of sound has to be painted while the wheel turns
     layout.laneHeight = host_.laneHeight;
-    layout.takesInLanes = host_.toggles[40435] != 0;
+    layout.takesInLanes = host_.toggles[acao::AlternarTakesEmPistas] != 0;
     // Tracks may have gone since the user scrolled.
     layout.scrolled = std::clamp(scrolled_, 0, std::max(0, ArrangementHeight(host_.project, layout) - height_));
     return layout;

@@ -8,6 +8,7 @@
 #include "apps/studio/render.h"
 #include "apps/studio/wave_file.h"
 
+#include "host/actions.h"
 namespace {
 
 constexpr char Title[] = "Quilmo Studio";
@@ -37,7 +38,7 @@ StudioWindow::StudioWindow(const std::string& resourceFolder) {
         ShowMessage("A exportacao roda um script Lua, que este programa nao sabe rodar no Windows.", Title,
                     MB_ICONINFORMATION);
     };
-    host_.onAction[50124] = [this] { Choose(); };  // the media explorer
+    host_.onAction[acao::AlternarMediaExplorer] = [this] { Choose(); };  // the media explorer
     AnswerRenderActions(host_);
     menus_.Build();
     ShowWindow(window_, SW_SHOW);
@@ -143,7 +144,7 @@ void StudioWindow::Transport(double seconds) {
     heardAt_ = host_.playPosition;
     player_.Feed(host_.project);
     if (view_.Follow(heardAt_)) Stale();
-    if (!(host_.playState & 4) && heardAt_ > ProjectEnd(host_.project)) host_.RunAction(1016);
+    if (!(host_.playState & 4) && heardAt_ > ProjectEnd(host_.project)) host_.RunAction(acao::Parar);
     InvalidateRect(window_, nullptr, FALSE);
 }
 

@@ -4,6 +4,7 @@
 
 #include "apps/common/text.h"
 #include "apps/studio/window.h"
+#include "host/actions.h"
 
 constexpr int DragSlack = 3;                           // pixels that a click may move
 constexpr double WheelZoom = 1.25, WheelScroll = 0.1;  // of what is shown
@@ -49,7 +50,7 @@ void StudioWindow::Press(POINT at, bool adding) {
 }
 
 void StudioWindow::SelectTrack(simhost::Track* track, bool adding) {
-    if (!adding) host_.RunAction(40297);
+    if (!adding) host_.RunAction(acao::DesselecionarFaixas);
     if (track) track->selected = !(adding && track->selected);
 }
 

@@ -11,7 +11,7 @@ TEST_F(Regioes, TocaPelaOrdemNoTempo) {
     std::swap(host.project.markers[1], host.project.markers[2]);
     PlayRegiao(1);
     EXPECT_EQ(RetratoCompleto(), "[M1 m 1] [R1 b 5-6] [R2 a 2-3] {cursor 2} {time 2-3} {loop 2-3} {play 1}");
-    EXPECT_EQ(Acoes(), "1007");
+    EXPECT_EQ(Acoes(), "Tocar");
     Contar([] { PlayRegiao(5); }, "",
            {{"[R1 a 2-3] [R2 b 4-5] [R3 c 6-7]", nullptr, "Quilmo: Regiao 5 nao existe. O projeto tem 3 regiao(oes)."},
             {"[M1 m 1]", nullptr, "Quilmo: Nenhuma regiao encontrada no projeto."}});
@@ -70,7 +70,7 @@ TEST_F(Regioes, ApagaUmaSoOuTodasENenhumMarcador) {
 
 TEST_F(Regioes, VerSelecaoEmprestaASelecaoDaFaixa) {
     for (const auto& [cena, acoes] :
-         {std::pair{"Voz (selected): a 1-2 | b 3-5 / Som: c 0-9", "41622"}, {"Voz: a 1-2", ""}}) {
+         {std::pair{"Voz (selected): a 1-2 | b 3-5 / Som: c 0-9", "ZoomNosItens"}, {"Voz: a 1-2", ""}}) {
         Projeto(cena);
         VerSelecao();
         EXPECT_EQ(Acoes(), acoes);

@@ -1,5 +1,7 @@
 // Recording, stopping, jumping; and what opening the panel sets in the host.
 #include "commands/commands.h"
+#include "host/actions.h"
+#include "panel/host_options.h"
 #include "tests/support/story.h"
 
 namespace {
@@ -15,15 +17,15 @@ TEST_F(Transporte, GravaNasArmadasSenaoNasSelecionadas) {
     Dados(FaixaChamada("1")).armed = 0.5;  // only exactly 1 is armed
     ExecutarGravacao();
     EXPECT_EQ(RetratoCompleto(), "1 (armed, selected): {play 5}");
-    EXPECT_EQ(Acoes(), "1013");
+    EXPECT_EQ(Acoes(), "Gravar");
 }
 
 TEST_F(Transporte, PararDesarmaELimpa) {
     constexpr char gravando[] = "1 (armed, selected): a 1-2 * / 2 (armed): {time 1-2} {play 5}";
     Contar(ExecutarGravacao, "", {{gravando, "1 (selected): a 1-2 * / 2: {time 1-2}"}});  // now it is the stop button
-    EXPECT_EQ(Acoes(), "40328");
+    EXPECT_EQ(Acoes(), "PararGravacao");
     Contar(PararTudo, "", {{gravando, "1: a 1-2 / 2:"}});
-    EXPECT_EQ(Acoes(), "40297 40020 1016");
+    EXPECT_EQ(Acoes(), "DesselecionarFaixas TirarSelecaoDeTempo Parar");
 }
 
 TEST_F(Transporte, SaltaParaABordaMaisProxima) {
@@ -51,17 +53,17 @@ TEST_F(Transporte, SaltaParaABordaMaisProxima) {
 }
 
 TEST_F(Transporte, PreparaSoOQueEstaLigado) {
-    host.toggles = {{40145, 0}, {1161, 0}};
+    host.toggles = {{acao::AlternarLinhasDeGrade, 0}, {acao::Opcao1161, 0}};
     host.SetConfigInt("promptendrec", 1);
     PrepararHost();
-    EXPECT_EQ(Acoes(), "40753");
+    EXPECT_EQ(Acoes(), "DesligarSnap");
     EXPECT_EQ(host.ConfigInt("promptendrec"), 0);
 
     host.actionsRun.clear();
-    host.toggles = {{40145, 1}, {1161, 1}};
+    host.toggles = {{acao::AlternarLinhasDeGrade, 1}, {acao::Opcao1161, 1}};
     host.configVars["promptendrec"] = {7, 7};  // of another size: left alone
     PrepararHost();
-    EXPECT_EQ(Acoes(), "40753 40145 1162");
+    EXPECT_EQ(Acoes(), "DesligarSnap AlternarLinhasDeGrade DesligarOpcao1161");
     EXPECT_EQ(host.configVars["promptendrec"], (std::vector<char>{7, 7}));
 }
 

@@ -4,10 +4,14 @@
 #include <random>
 
 #include "commands/commands.h"
-#include "host/entry.h"
+#include "host/actions.h"
+#include "module/entry.h"
+#include "panel/host_options.h"
+#include "panel/state.h"
 #include "render/render.h"
 #include "simhost/accessor.h"
 #include "simhost/calls.h"
+#include "slicer/autosplit.h"
 #include "slicer/preview.h"
 #include "tests/support/story.h"
 
@@ -32,8 +36,8 @@ const Comando Comandos[] = {
     C(RenderProjeto), C(AbrirDiretorio), C(RenderPreLeigo),
     RODA(ExecutarGravacao(); ExecutarGravacao()), RODA(PlayRegiao(2)), RODA(AplicarCorItens(1, 2, 3)),
     RODA(AplicarCorFaixas(1, 2, 3)), RODA(ZoomAllFaixas(true)), RODA(Quilmo_AutoSplit(true, 100, -30)),
-    RODA(EntrarModoFatiador(); RecalcularPreview(true, 200, -30); RestaurarOriginal()),
-    RODA(EntrarModoFatiador(); EntrarModoFatiador(); AplicarFatias()),
+    RODA(EntrarModoFatiador(CaminhoPainel); RecalcularPreview(true, 200, -30); RestaurarOriginal()),
+    RODA(EntrarModoFatiador(CaminhoPainel); EntrarModoFatiador(CaminhoPainel); AplicarFatias()),
 };
 #undef C
 #undef RODA
@@ -53,7 +57,7 @@ class Falhas : public Cena {
         Cena::SetUp();
         host.onMessage = [](const std::string&, const std::string&, int) { return 6; };
         host.onInput = [](const simhost::ShownInput&) { return "nome"; };
-        host.toggles[40435] = host.toggles[1161] = 1;
+        host.toggles[acao::AlternarTakesEmPistas] = host.toggles[acao::Opcao1161] = 1;
     }
 
     // Runs the test on each command in each situation.

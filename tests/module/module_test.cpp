@@ -8,8 +8,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/entry.h"
+#include "module/entry.h"
 #include "simhost/host.h"
+#include "slicer/autosplit.h"
 #include "tests/support/module_file.h"
 
 using simhost::Segment;

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "apps/common/render.h"
+#include "host/actions.h"
 #include "platform/files.h"
 #include "render/render.h"
 #include "simhost/native/audio_file.h"
@@ -104,7 +105,7 @@ TEST_F(ExportarDeVerdade, OQueFalhaNoHostEViolacao) {
     host.scriptRunner({1, "", "reaper.GetMediaItem(0)"});
     EsperarViolacao("the script failed: ");
     host.project.texts["RENDER_FILE"] = (casa / "nenhuma").string();
-    host.RunAction(42230);
+    host.RunAction(acao::RenderizarProjeto);
     EsperarViolacao("the render failed: '" + (casa / "nenhuma").string());
 }
 

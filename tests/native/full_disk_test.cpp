@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "host/log.h"
+#include "panel/slicer_page.h"
 #include "render/render.h"
 #include "slicer/presets.h"
 #include "slicer/preview.h"
@@ -41,7 +42,7 @@ TEST_F(Painel, ComODiscoCheioTudoSegueENadaRodaPelaMetade) {
         {
             DiscoCheio cheio(bytes);
             Abrir();
-            EntrarModoFatiador();
+            AbrirFatiador();
             SalvarPreset(PresetsFatiador, 2, -20, 10, true, host.resourcePath);
             EXPECT_TRUE(ModoFatiadorAtivo);
             Fechar();
@@ -56,7 +57,7 @@ TEST_F(Painel, ComODiscoCheioTudoSegueENadaRodaPelaMetade) {
         Abrir();
         EXPECT_TRUE(JanelaPainelAberta()) << "whatever is left of its file";
         PresetsCarregados = false;
-        EntrarModoFatiador();
+        AbrirFatiador();
         EXPECT_TRUE(ModoFatiadorAtivo);
         Fechar();
         RenderPreLeigo();

@@ -1,4 +1,5 @@
 // Pictures of the pages for people to look at, in the build folder; and what can be said of them without looking.
+#include "panel/slicer_page.h"
 #include "platform/pictures/png_file.h"
 #include "slicer/preview.h"
 #include "tests/support/panel_scene.h"
@@ -50,7 +51,7 @@ TEST_F(Imagens, CadaEstadoMudaSoOSeuLugar) {
     EXPECT_GT(Diferentes(gravando, Guardar("gravando-pisca"), 26, 59), 5000);
     host.playState = 0;
 
-    EntrarModoFatiador();
+    AbrirFatiador();
     Mover(316, 3);  // for a pass
     const driver::Picture fatiador = Guardar("fatiador");
     EXPECT_EQ(fatiador.At(100, 400), 0x0D0D0Fu) << "nothing stands below the slicer's rows";

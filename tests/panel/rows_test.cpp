@@ -1,5 +1,6 @@
 // Every button of the main page, clicked with both buttons: what it did to the host, and what the status line says.
 #include "commands/commands.h"
+#include "host/actions.h"
 #include "panel/status.h"
 #include "slicer/preview.h"
 #include "tests/support/panel_scene.h"
@@ -51,15 +52,16 @@ class Linhas : public Painel {
 TEST_F(Linhas, CadaBotaoFazODeleEDiz) {
     const char* semRegiao = "Executado: PlayRegiao(7) !Quilmo: Nenhuma regiao encontrada no projeto.";
     Conferir({
-        {160, 40, "Executado: ExecutarGravacao #1013", ""},
-        {160, 78, "Executado: Play/Pause #40073", "Executado: Play/Stop #40044"},
-        {160, 114, "Executado: PararTudo #40297 40020 1016", ""},
-        {45, 150, " #40042", ""},
+        {160, 40, "Executado: ExecutarGravacao #Gravar", ""},
+        {160, 78, "Executado: Play/Pause #TocarOuPausar", "Executado: Play/Stop #TocarOuParar"},
+        {160, 114, "Executado: PararTudo #DesselecionarFaixas TirarSelecaoDeTempo Parar", ""},
+        {45, 150, " #IrAoInicio", ""},
         {123, 150, "Executado: PrevItemStart", ""},
         {201, 150, "Executado: NextItemEnd", ""},
-        {279, 150, " #40043", ""},
+        {279, 150, " #IrAoFim", ""},
         {227, 197, semRegiao, ""},
-        {261, 197, "Executado: CriarOuRenomearRegiao", "Executado: SelTempoERegiao #40297 40020 <Criar Regiao (Itens)"},
+        {261, 197, "Executado: CriarOuRenomearRegiao",
+         "Executado: SelTempoERegiao #DesselecionarFaixas TirarSelecaoDeTempo <Criar Regiao (Itens)"},
         {295, 197, "Executado: DeletarRegiaoSobCursor <Deletar regiao sob cursor ou item",
          "Executado: LimparRegioes !Atencao: Tem certeza que deseja apagar TODAS as regioes?"},
         {45, 242, "Executado: TrimEsquerda <Corta e Apaga Esquerda (Ripple)", ""},
@@ -68,33 +70,35 @@ TEST_F(Linhas, CadaBotaoFazODeleEDiz) {
         {259, 242, "Executado: ExcluirRipple <Excluir Ripple Manual", ""},
         {182, 332, "Executado: SelecaoFluxo <Selecao em Fluxo", ""},
         {279, 332, "Executado: SelTempoItens", ""},
-        {45, 377, " #41295 <Duplicate items", " #40062 <Duplicate tracks"},
-        {123, 377, "Executado: VolEnvelope #40693 <Acionar Take Volume Envelope", ""},
+        {45, 377, " #DuplicarItens <Duplicate items", " #DuplicarFaixas <Duplicate tracks"},
+        {123, 377, "Executado: VolEnvelope #AlternarEnvelopeDeVolume <Acionar Take Volume Envelope", ""},
         {201, 377, "Executado: MvClipCima <Move itens para faixa acima",
          "Executado: MvPistaCima <Move Pista para Cima"},
         {279, 377, "Executado: MuteClip <Mute/Unmute Clips", ""},
-        {45, 417, " #50124", ""},
+        {45, 417, " #AlternarMediaExplorer", ""},
         {123, 417, "Executado: ColaClipEsq <Colar Clips Esquerda",
          "Executado: MvClipEsq <Move Clip Esq | Move Clip Esq"},
         {201, 417, "Executado: MvClipBaixo <Move itens para faixa abaixo",
-         "Executado: MvPistaBaixo #40297 <Move Pista para Baixo"},
+         "Executado: MvPistaBaixo #DesselecionarFaixas <Move Pista para Baixo"},
         {279, 417, "Executado: ColaClipDir <Colar Clips Direita",
          "Executado: MvClipDir <Move Clip Dir | Move Clip Dir"},
-        {45, 462, " #1012", " #1011"},
-        {123, 462, " #40111", " #40112"},
-        {201, 462, "Executado: VerSelecao #41622 <Ver Selecao", ""},
+        {45, 462, " #AproximarHorizontal", " #AfastarHorizontal"},
+        {123, 462, " #AproximarVertical", " #AfastarVertical"},
+        {201, 462, "Executado: VerSelecao #ZoomNosItens <Ver Selecao", ""},
         {279, 462, "Executado: ZoomAllFaixas(esticar)", "Executado: ZoomAllFaixas(so_altura)"},
-        {45, 507, "Executado: BounceInteligente #41993 <Render items to new stereo take", ""},
-        {123, 507, " #40435", " #40129 <Delete active take"},
-        {201, 507, "Executado: StereoRender #41993 40435 <Render items to new stereo take", ""},
-        {279, 507, "Executado: MonoRender #40361 <Render items to new mono take", ""},
-        {45, 548, "Executado: RenderProjeto #42230", ""},
-        {201, 548, "Executado: AbrirDiretorio #42411", ""},
-        {279, 548, " #40015", ""},
+        {45, 507, "Executado: BounceInteligente #RenderTakeStereo <Render items to new stereo take", ""},
+        {123, 507, " #AlternarTakesEmPistas", " #ApagarTakeAtivo <Delete active take"},
+        {201, 507, "Executado: StereoRender #RenderTakeStereo AlternarTakesEmPistas <Render items to new stereo take",
+         ""},
+        {279, 507, "Executado: MonoRender #RenderTakeMono <Render items to new mono take", ""},
+        {45, 548, "Executado: RenderProjeto #RenderizarProjeto", ""},
+        {201, 548, "Executado: AbrirDiretorio #AbrirPastaDoRender", ""},
+        {279, 548, " #AbrirConfigRender", ""},
         {25, 593, "Executado: AplicarCorItens", "Executado: AplicarCorFaixas"},
         {25, 633, "Executado: LimparCorItens", "Executado: LimparCorFaixas"},
     });
-    EXPECT_EQ(Efeito(80, 287), "Executado: EntrarModoFatiador #41588 <Fatiador Bounce Entrada | Fatiador Preview");
+    EXPECT_EQ(Efeito(80, 287),
+              "Executado: EntrarModoFatiador #ColarSelecao <Fatiador Bounce Entrada | Fatiador Preview");
     EXPECT_TRUE(ModoFatiadorAtivo);
 }
 
@@ -111,9 +115,9 @@ TEST_F(Linhas, UmaCorPelaAmostraUmaRegiaoPeloNumero) {
 
 TEST_F(Linhas, SemRippleOsCortesSaoOutros) {
     Conferir({{298, 242, "Ripple: OFF", ""},
-              {45, 242, "Executado: CortarE #41305 <Cortar Esquerda", ""},
-              {201, 242, "Executado: CortarD #41311 <Cortar Direita", ""},
-              {259, 242, "Executado: Deletar Itens (nativo) #40697 <Remove items", ""}});
+              {45, 242, "Executado: CortarE #ApararBordaEsquerda <Cortar Esquerda", ""},
+              {201, 242, "Executado: CortarD #ApararBordaDireita <Cortar Direita", ""},
+              {259, 242, "Executado: Deletar Itens (nativo) #RemoverItens <Remove items", ""}});
     Fechar();
     Abrir();
     EXPECT_FALSE(ModoRipple) << "the switch outlives the window";
@@ -159,7 +163,8 @@ TEST_F(Linhas, ShiftMoveEmVezDeColar) {
 
 TEST_F(Linhas, ZoomRepeteEnquantoSeguro) {
     for (const Button botao : {Button::Left, Button::Right}) {
-        const std::string uma = botao == Button::Left ? "40111" : "40112", tres = uma + " " + uma + " " + uma;
+        const std::string uma = botao == Button::Left ? "AproximarVertical" : "AfastarVertical",
+                          tres = uma + " " + uma + " " + uma;
         host.actionsRun.clear();
         Mover(123, 462);
         Apertar(botao);
@@ -183,7 +188,7 @@ TEST_F(Linhas, ZoomRepeteEnquantoSeguro) {
 
 // A click whose command does nothing still reports; a bare action wipes the line.
 TEST_F(Linhas, StatusDizOUltimoComando) {
-    host.toggles[1013] = 1;
+    host.toggles[acao::Gravar] = 1;
     host.playState = 4;
     host.actionsRun.clear();
     Clicar(160, 78);

@@ -1,4 +1,5 @@
 // What ends the slicer mode from outside, where the loss of the front alone would not tell.
+#include "panel/slicer_page.h"
 #include "panel/status.h"
 #include "slicer/preview.h"
 #include "tests/support/panel_scene.h"
@@ -19,7 +20,7 @@ class PainelFatiador : public Painel {
         Selecionar({"A"});
         host.StartHistory();
         inteiro = Retrato();
-        EntrarModoFatiador();
+        AbrirFatiador();
         driver::Pump();
         ASSERT_TRUE(ModoFatiadorAtivo);
         ASSERT_NE(Retrato(), inteiro);

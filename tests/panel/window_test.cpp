@@ -1,5 +1,5 @@
 // Opening, closing, timers, the mouse and the screen, through the window's messages.
-#include "host/entry.h"
+#include "module/entry.h"
 #include "panel/pass.h"
 #include "slicer/preview.h"
 #include "tests/support/panel_scene.h"
@@ -17,7 +17,7 @@ SIZE Cliente() {
 TEST_F(Painel, AbreJuntoAoHostEVoltaAFrente) {
     const auto marca = [this] { return ToggleActionProc(host.ActionNumber("QUILMO_ABRIR_PAINEL")); };
     const auto preparou = [this] {
-        const bool sim = Acoes().find("40753") != std::string::npos;
+        const bool sim = Acoes().find("DesligarSnap") != std::string::npos;
         host.actionsRun.clear();
         return sim;
     };

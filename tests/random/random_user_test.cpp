@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "commands/commands.h"
+#include "host/actions.h"
 #include "panel/status.h"
 #include "slicer/bounce.h"
 #include "slicer/preview.h"
@@ -197,7 +198,8 @@ class UsuarioAleatorio : public Painel {
             case 3:
                 return host.Elapse(acaso.In(1, 10) * 0.1);
             case 4:
-                return host.RunAction(acaso.Of({1007, 1013, 1016, 40697, 40062}));
+                return host.RunAction(
+                    acaso.Of({acao::Tocar, acao::Gravar, acao::Parar, acao::RemoverItens, acao::DuplicarFaixas}));
             case 5:
                 host.BeginBlock();
                 MexerNoProjeto();

@@ -1,5 +1,6 @@
 // Glue and render commands: which actions run on what, and what is left selected, active and set.
 #include "render/render.h"
+#include "host/actions.h"
 
 #include "tests/support/story.h"
 
@@ -15,24 +16,25 @@ class Render : public Cena {
 };
 
 TEST_F(Render, ColaSoQuandoHaVarios) {
-    EXPECT_EQ(Rodar(StereoRender, "1: a 0-1 *"), "41993");
-    EXPECT_EQ(Rodar(MonoRender, "1: a 0-1 *"), "40361");
-    EXPECT_EQ(Rodar(StereoRender, "1: a 0-1 * | b 1-2 *"), "40362 41993");
-    EXPECT_EQ(Rodar(MonoRender, "1: a 0-1 * | b 1-2 *"), "40362 40361");
-    EXPECT_EQ(Rodar(BounceInteligente, "1: a 0-1 * | b 1-2 *"), "40362 41993") << "the scene's sources are stereo";
+    EXPECT_EQ(Rodar(StereoRender, "1: a 0-1 *"), "RenderTakeStereo");
+    EXPECT_EQ(Rodar(MonoRender, "1: a 0-1 *"), "RenderTakeMono");
+    EXPECT_EQ(Rodar(StereoRender, "1: a 0-1 * | b 1-2 *"), "ColarItens RenderTakeStereo");
+    EXPECT_EQ(Rodar(MonoRender, "1: a 0-1 * | b 1-2 *"), "ColarItens RenderTakeMono");
+    EXPECT_EQ(Rodar(BounceInteligente, "1: a 0-1 * | b 1-2 *"), "ColarItens RenderTakeStereo")
+        << "the scene's sources are stereo";
     EXPECT_EQ(Rodar(BounceInteligente, "1: a 0-1"), "");
     Projeto("1:");
     NovoItem(FaixaChamada("1"), {"mono", 0, 1, simhost::Silence(8000, 1, 8000)});
     Selecionar({"mono"});
     BounceInteligente();
-    EXPECT_EQ(Acoes(), "40361");
+    EXPECT_EQ(Acoes(), "RenderTakeMono");
 }
 
 TEST_F(Render, FicaAUltimaTakeSemOsEfeitosDaFaixa) {
-    host.toggles[40435] = 1;
+    host.toggles[acao::AlternarTakesEmPistas] = 1;
     Projeto("1: a 0-1 * / 2: b 0-1");
     StereoRender();
-    EXPECT_EQ(Acoes(), "41993 40435") << "takes in lanes go off when they are on";
+    EXPECT_EQ(Acoes(), "RenderTakeStereo AlternarTakesEmPistas") << "takes in lanes go off when they are on";
     EXPECT_EQ(Retrato(), "1 (fx off): a-render 0-1 take 2/2 / 2: b 0-1");
 }
 
@@ -45,9 +47,9 @@ TEST_F(Render, LimitesPelaOrdemDePrioridade) {
         return std::to_string(static_cast<int>(host.project.numbers["RENDER_BOUNDSFLAG"])) + ' ' +
                host.project.texts["RENDER_PATTERN"] + ' ' + Acoes() + Mensagens();
     };
-    EXPECT_EQ(limites("1: a 0-1 [R1 x 0-1] {time 3-4}"), "3 $region 42230");
-    EXPECT_EQ(limites("1: a 0-1 [M1 x 0] {time 3-4}"), "1 antes 42230");
-    EXPECT_EQ(limites("1: a 2-3 / 2: b 5-9"), "1 antes 42230");
+    EXPECT_EQ(limites("1: a 0-1 [R1 x 0-1] {time 3-4}"), "3 $region RenderizarProjeto");
+    EXPECT_EQ(limites("1: a 0-1 [M1 x 0] {time 3-4}"), "1 antes RenderizarProjeto");
+    EXPECT_EQ(limites("1: a 2-3 / 2: b 5-9"), "1 antes RenderizarProjeto");
     EXPECT_EQ(RetratoCompleto(), "1: a 2-3 / 2: b 5-9 {time 2-9}");
     EXPECT_EQ(limites("1: [M1 x 0]"), "-1 antes Quilmo: Projeto vazio.");
     EXPECT_EQ(Historico(), "");

@@ -1,4 +1,5 @@
 // What callers lean on in the project: order, splits, undo, markers, and the numbered actions.
+#include "host/actions.h"
 #include "tests/lice/support.h"
 #include "tests/support/story.h"
 
@@ -179,15 +180,17 @@ TEST_F(Arrangement, ActionsEditWhatIsSelectedAndNotLocked) {
         const char *picture, *undo;
     };
     const Row rows[] = {
-        {40697, "Voz: B 8-9 | L 10-12 lock", "Remove items"},
-        {41305, "Voz: A 4-6 @2 | B 8-9 | L 10-12 lock", "Trim left edge of items"},
-        {41311, "Voz: A 2-4 | B 8-9 | L 10-12 lock", "Trim right edge of items"},
-        {41295, "Voz: A 2-6 | A 6-10 | B 8-9 | L 10-12 lock", "Duplicate items"},
-        {40062, "Voz: A 2-6 | B 8-9 | L 10-12 lock / Voz: A 2-6 | B 8-9 | L 10-12 lock", "Duplicate tracks"},
-        {40362, "Voz: A-glued 2-6 | B 8-9 | L 10-12 lock", "Glue items"},
-        {41993, "Voz: A-render 2-6 take 2/2 | B 8-9 | L 10-12 lock", "Render items to new stereo take"},
-        {40129, "Voz: B 8-9 | L 10-12 lock", "Delete active take"},
-        {40693, "Voz: A 2-6 envelope | B 8-9 | L 10-12 lock", "Toggle take volume envelope"},
+        {acao::RemoverItens, "Voz: B 8-9 | L 10-12 lock", "Remove items"},
+        {acao::ApararBordaEsquerda, "Voz: A 4-6 @2 | B 8-9 | L 10-12 lock", "Trim left edge of items"},
+        {acao::ApararBordaDireita, "Voz: A 2-4 | B 8-9 | L 10-12 lock", "Trim right edge of items"},
+        {acao::DuplicarItens, "Voz: A 2-6 | A 6-10 | B 8-9 | L 10-12 lock", "Duplicate items"},
+        {acao::DuplicarFaixas, "Voz: A 2-6 | B 8-9 | L 10-12 lock / Voz: A 2-6 | B 8-9 | L 10-12 lock",
+         "Duplicate tracks"},
+        {acao::ColarItens, "Voz: A-glued 2-6 | B 8-9 | L 10-12 lock", "Glue items"},
+        {acao::RenderTakeStereo, "Voz: A-render 2-6 take 2/2 | B 8-9 | L 10-12 lock",
+         "Render items to new stereo take"},
+        {acao::ApagarTakeAtivo, "Voz: B 8-9 | L 10-12 lock", "Delete active take"},
+        {acao::AlternarEnvelopeDeVolume, "Voz: A 2-6 envelope | B 8-9 | L 10-12 lock", "Toggle take volume envelope"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.action);
@@ -202,7 +205,7 @@ TEST_F(Arrangement, ActionsEditWhatIsSelectedAndNotLocked) {
         EXPECT_EQ(Historico(), row.undo);
     }
     host.preferences.deleteFocus = simhost::Preferences::Focus::Tracks;
-    host::Main_OnCommand(40697, 0);
+    host::Main_OnCommand(acao::RemoverItens, 0);
     EXPECT_EQ(Retrato(), "");
 }
 
@@ -211,42 +214,42 @@ TEST_F(Arrangement, TransportAndViewFollowTheirActions) {
     double start = 1, end = 3;
     host::GetSet_LoopTimeRange(true, true, &start, &end, false);
     EXPECT_EQ(RetratoCompleto(), "Voz: A 2-6 {time 1-3} {loop 1-3}");
-    for (const int action : {40043, 40020, 1007}) host::Main_OnCommand(action, 0);
+    for (const int action : {acao::IrAoFim, acao::TirarSelecaoDeTempo, acao::Tocar}) host::Main_OnCommand(action, 0);
     EXPECT_EQ(RetratoCompleto(), "Voz: A 2-6 {cursor 6} {play 1}");
     host.Elapse(2);
-    host::Main_OnCommand(40073, 0);
+    host::Main_OnCommand(acao::TocarOuPausar, 0);
     EXPECT_EQ(host::GetPlayState(), 2);
-    host::Main_OnCommand(40073, 0);
-    host::Main_OnCommand(40328, 0);
+    host::Main_OnCommand(acao::TocarOuPausar, 0);
+    host::Main_OnCommand(acao::PararGravacao, 0);
     EXPECT_EQ(RetratoCompleto(), "Voz: A 2-6 {cursor 8}");
-    host::Main_OnCommand(40042, 0);
+    host::Main_OnCommand(acao::IrAoInicio, 0);
 
     Selecionar({"A"});
-    host::Main_OnCommand(41622, 0);
-    EXPECT_EQ(host::GetToggleCommandState(41622), 1);
+    host::Main_OnCommand(acao::ZoomNosItens, 0);
+    EXPECT_EQ(host::GetToggleCommandState(acao::ZoomNosItens), 1);
     EXPECT_EQ(RetratoCompleto(), "Voz: A 2-6 * {view 2-6}");
-    host::Main_OnCommand(41622, 0);
+    host::Main_OnCommand(acao::ZoomNosItens, 0);
     EXPECT_EQ(RetratoCompleto(), "Voz: A 2-6 *");
-    EXPECT_EQ(host::GetToggleCommandState(40145), 1);
-    host::Main_OnCommand(40145, 0);
-    EXPECT_EQ(host::GetToggleCommandState(40145), 0);
-    EXPECT_EQ(host::GetToggleCommandState(40015), -1);
+    EXPECT_EQ(host::GetToggleCommandState(acao::AlternarLinhasDeGrade), 1);
+    host::Main_OnCommand(acao::AlternarLinhasDeGrade, 0);
+    EXPECT_EQ(host::GetToggleCommandState(acao::AlternarLinhasDeGrade), 0);
+    EXPECT_EQ(host::GetToggleCommandState(acao::AbrirConfigRender), -1);
 }
 
 TEST_F(Arrangement, ARecordingEndsInItemsOnArmedTracks) {
     Projeto("Voz (armed): / Guitarra: {cursor 3}");
-    host::Main_OnCommand(1013, 0);
-    EXPECT_EQ(host::GetToggleCommandState(1013), 1);
+    host::Main_OnCommand(acao::Gravar, 0);
+    EXPECT_EQ(host::GetToggleCommandState(acao::Gravar), 1);
     EXPECT_EQ(host::GetPlayState(), 5);
     host.Elapse(2.5);
-    host::Main_OnCommand(1016, 0);  // asks, as long as nobody has switched that off, and nobody says yes
+    host::Main_OnCommand(acao::Parar, 0);  // asks, as long as nobody has switched that off, and nobody says yes
     EXPECT_EQ(Mensagens(), "Recording: Save recorded media?");
     EXPECT_EQ(Retrato(), "Voz (armed): / Guitarra:");
 
     host.SetConfigInt("promptendrec", 0);
-    host::Main_OnCommand(1013, 0);
+    host::Main_OnCommand(acao::Gravar, 0);
     host.Elapse(2.5);
-    host::Main_OnCommand(40328, 0);
+    host::Main_OnCommand(acao::PararGravacao, 0);
     EXPECT_EQ(RetratoCompleto(), "Voz (armed): rec 3-5.5 / Guitarra: {cursor 5.5}");
     EXPECT_EQ(Historico(), "Recorded media");
     EXPECT_EQ(host.messages.size(), 1u);

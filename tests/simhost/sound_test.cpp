@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "host/actions.h"
 #include "simhost/mixdown.h"
 #include "tests/support/scene.h"
 
@@ -138,12 +139,12 @@ TEST_F(Sound, TroublesomeItemsAreAnswered) {
 
     for (const char* name : {"midi", "", "sourceless"}) {
         Selecionar({name});
-        host::Main_OnCommand(40362, 0);
-        host::Main_OnCommand(40361, 0);
+        host::Main_OnCommand(acao::ColarItens, 0);
+        host::Main_OnCommand(acao::RenderTakeMono, 0);
     }
     EXPECT_EQ(Historico(), "");
     host::SelectAllMediaItems(nullptr, true);
-    host::Main_OnCommand(40362, 0);
+    host::Main_OnCommand(acao::ColarItens, 0);
     EXPECT_EQ(Retrato(), "Voz: midi-glued 0-8");
 }
 
@@ -157,7 +158,7 @@ TEST_F(Sound, GlueKeepsWhatIsHeard) {
     a.volume = 2;
     Dados(ItemChamado("C")).mute = 1;
     host::SelectAllMediaItems(nullptr, true);
-    host::Main_OnCommand(41588, 0);
+    host::Main_OnCommand(acao::ColarSelecao, 0);
     EXPECT_EQ(RetratoCompleto(), "Voz: A-glued 1-4 *");
     Samples heard = Read("A-glued", 10, 2, 0, 30);
     for (double& sample : heard) sample = std::round(sample * 1e9) / 1e9;  // a fade's slope is not exact
@@ -172,7 +173,7 @@ TEST_F(Sound, RenderedTakesKeepTheItemsPlace) {
     take.startOffset = 2;
     take.volume = 0.5;
     Selecionar({"A"});
-    host::Main_OnCommand(41993, 0);
+    host::Main_OnCommand(acao::RenderTakeStereo, 0);
     EXPECT_EQ(Read("A-render", 10, 2, 0.1, 1), (Samples{1, 10.5, -10.5}));
     host::SetActiveTake(host::GetTake(ItemChamado("A-render"), 0));
     int kept = 0;
@@ -180,7 +181,7 @@ TEST_F(Sound, RenderedTakesKeepTheItemsPlace) {
         kept += channels;
         return simhost::Memory(rate, channels, std::move(samples));
     };
-    host::Main_OnCommand(40361, 0);  // left and right cancel
+    host::Main_OnCommand(acao::RenderTakeMono, 0);  // left and right cancel
     EXPECT_EQ(Read("A-render", 10, 1, 0.1, 1), (Samples{1, 0}));
     EXPECT_EQ(kept, 1);
     EXPECT_EQ(Retrato(), "Voz: A-render 1-2 take 3/3");

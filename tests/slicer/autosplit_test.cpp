@@ -2,7 +2,7 @@
 #include <cmath>
 #include <regex>
 
-#include "host/entry.h"
+#include "slicer/autosplit.h"
 #include "tests/support/scene.h"
 
 namespace {

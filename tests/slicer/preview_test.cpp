@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "host/actions.h"
+#include "panel/slicer_page.h"
 #include "platform/files.h"
 #include "slicer/bounce.h"
 #include "slicer/presets.h"
@@ -29,7 +31,7 @@ class Previa : public Painel {
         original = RetratoCompleto();
     }
     void Entrar() {
-        EntrarModoFatiador();
+        AbrirFatiador();
         driver::Pump();
     }
     // The mode's flags and the undo history.
@@ -59,18 +61,18 @@ class Previa : public Painel {
 
 TEST_F(Previa, RecusaAntesDeMexer) {
     Selecionar({});
-    EntrarModoFatiador();
+    AbrirFatiador();
     EXPECT_EQ(Mensagens(), "A.SPLIT: Selecione itens de audio.");
     Selecionar({"A", "B"});
     ResponderMensagem(7);
-    EntrarModoFatiador();
+    AbrirFatiador();
     EXPECT_EQ(host.messages.back().title, "Auto Fatiador");
     EXPECT_EQ(host.messages.back().type, 4);
     Conferir("-", "");
     Faixa("Som", {{"C", 0, 1}});
     Selecionar({"A", "C"});  // joined per track, two are still two
     ResponderMensagem(6);
-    EntrarModoFatiador();
+    AbrirFatiador();
     EXPECT_EQ(host.messages.back().text,
               "Ainda ha mais de um item (itens em faixas diferentes?).\nSelecione apenas um item e tente de novo.");
     EXPECT_FALSE(ModoFatiadorAtivo);
@@ -194,7 +196,7 @@ TEST_F(Previa, SliderCortaSoAoSoltar) {
 
 // A host may let messages in while it glues or reads: the cuts are not touched from two sides at once.
 TEST_F(Previa, NadaMaisMexeNosCortesEnquantoSaoFeitos) {
-    host.onAction[41588] = [] { EntrarModoFatiador(); };
+    host.onAction[acao::ColarSelecao] = [] { AbrirFatiador(); };
     Entrar();
     host.onRead = [this](int64_t) {
         host.onRead = nullptr;

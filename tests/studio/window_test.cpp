@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "apps/studio/wave_file.h"
+#include "host/actions.h"
 #include "tests/studio/wave_writer.h"
 #include "tests/support/desktop_driver.h"
 
@@ -77,7 +78,7 @@ TEST_F(Studio, MouseSelectsMovesTheCursorAndTheTimeSelection) {
 TEST_F(Studio, ClicksFindTakesInLanesAndTracksThatAreScrolled) {
     simhost::Item& item = *host.project.tracks.ItemAt(0);
     item.takes.push_back(item.takes[0]);
-    host.toggles[40435] = 1;
+    host.toggles[acao::AlternarTakesEmPistas] = 1;
     Drag(At(5, 130), At(5, 130));
     EXPECT_EQ(item.activeTake, 1);
     EXPECT_EQ(Entry(1, 0, true), "Desfazer: Escolher tomada\tCtrl+Z");
@@ -162,7 +163,7 @@ TEST_F(Studio, RendersBesideTheRecordingWhatIsHeardAndSaysWhatItCannot) {
     host.onMessage = [&told](const std::string& text, const std::string&, int) { return told.push_back(text), 1; };
     host.project.timeSelection = {3.5, 5};  // the pause begins at 4
     host.project.numbers["RENDER_BOUNDSFLAG"] = 2;
-    host.RunAction(42230);
+    host.RunAction(acao::RenderizarProjeto);
     const std::string path = (std::filesystem::temp_directory_path() / "render" / "fala.wav").string();
     EXPECT_EQ(told.back(), "Gravado:\n" + path);
     std::string error;
@@ -176,14 +177,14 @@ TEST_F(Studio, RendersBesideTheRecordingWhatIsHeardAndSaysWhatItCannot) {
     for (int i = 0; i < 24000; ++i) ASSERT_EQ(samples[i], i >= 8000 ? 0 : i / 8 % 2 ? 0.5 : -0.5) << i;
 
     host.project.texts["RENDER_FORMAT"] = "bDNwbUABAAAA";
-    host.RunAction(41824);
+    host.RunAction(acao::RenderizarComUltimas);
     EXPECT_NE(told.back().find("nao grava MP3"), std::string::npos) << told.back();
     host.project.texts["RENDER_FORMAT"] = "";
     host.project.texts["RENDER_FILE"] = path;  // a file, and so no folder
-    host.RunAction(41824);
+    host.RunAction(acao::RenderizarComUltimas);
     EXPECT_NE(told.back().find("nao pode ser criado"), std::string::npos) << told.back();
     host.project.timeSelection = {0, 1e6};
-    host.RunAction(41824);
+    host.RunAction(acao::RenderizarComUltimas);
     EXPECT_NE(told.back().find("passaria de 4 GB"), std::string::npos) << told.back();
 }
 

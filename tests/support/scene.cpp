@@ -6,8 +6,8 @@
 #include <random>
 #include <stdexcept>
 
-#include "commands/commands.h"
-#include "host/entry.h"
+#include "host/actions.h"
+#include "module/entry.h"
 #include "panel/state.h"
 #include "slicer/preview.h"
 
@@ -33,7 +33,6 @@ Cena::~Cena() {
 }
 
 void Cena::SetUp() {
-    ModoRipple = true;
     RestaurarEstadoFatiador();
     RestaurarEstadoPainel();
     ASSERT_EQ(ReaperPluginEntry(nullptr, host.Record()), 1);
@@ -169,8 +168,19 @@ std::string Mensagens() {
     return Juntar(Host::Current().messages, " | ", [](const auto& m) { return m.title + ": " + m.text; });
 }
 
+static std::string NomeDaAcao(int numero) {
+    switch (numero) {
+#define NOME(nome, valor) \
+    case valor:           \
+        return #nome;
+        ACOES_DO_HOST(NOME)
+#undef NOME
+    }
+    return std::to_string(numero);
+}
+
 std::string Acoes() {
-    return Juntar(Host::Current().actionsRun, " ", [](int numero) { return std::to_string(numero); });
+    return Juntar(Host::Current().actionsRun, " ", NomeDaAcao);
 }
 
 void EsperarViolacao(const std::string& parte) {

@@ -55,7 +55,7 @@ std::string Selecionados();     // "A, B", in the host's order
 std::string UltimoDesfazer();   // the topmost undo point's title; empty when there is none
 std::string Historico();        // all of them, oldest first: "um | dois"
 std::string Mensagens();        // message boxes shown: "Erro: texto | Aviso: texto"
-std::string Acoes();            // numbers of the actions run: "40297 40020"
+std::string Acoes();            // names of the actions run: "Tocar Parar"
 
 // The expected violation, by a part of its sentence, has happened; it no longer fails the test.
 void EsperarViolacao(const std::string& parte);

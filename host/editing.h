@@ -1,17 +1,17 @@
-// commands/items.h
-// What the edit commands share: host actions, messages, and small readings of items, tracks and the time selection.
-// Times are seconds. An item's end is always its position plus its length.
+// host/editing.h
+// The idiom of every operation on the open project: actions, messages, the undo block, walks over items and tracks, the
+// time selection, and the joining of two items. Times are seconds; an item's end is always its position plus its
+// length.
 #pragma once
 #include <algorithm>
 #include <vector>
 
+#include "host/actions.h"
 #include "host/api.h"
 
 inline void ExecutarAcao(int id) {
     host::Main_OnCommand(id, 0);
 }
-
-inline constexpr int DesselecionarFaixas = 40297, TirarSelecaoDeTempo = 40020;  // actions of several commands
 
 // A host action as a command without arguments.
 template <int id>
@@ -115,3 +115,10 @@ struct SelecaoDeTempo {
     bool Ativa() const { return fim > inicio; }
 };
 SelecaoDeTempo LerSelecaoDeTempo();
+
+inline constexpr double ComprimentoDoFade = 0.005;  // seconds, of an automatic fade; also the overlap of a join
+
+void FadeDeEntrada(MediaItem* item);
+void FadeDeSaida(MediaItem* item);
+// Moves `b` left so that it overlaps the end of `a`, unless it already does, and fades one into the other.
+void UnirComCrossfade(MediaItem* a, MediaItem* b);

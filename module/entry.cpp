@@ -1,10 +1,11 @@
-#include "host/entry.h"
+#include "module/entry.h"
 
 #include <cstdio>
 
 #include "host/imports.h"
 #include "host/log.h"
 #include "panel/window.h"
+#include "slicer/autosplit.h"
 
 int AcaoPainelId = 0;
 gaccel_register_t AcaoPainelAccel = {{1, 0x41, 0}, "Quilmo: Abrir Painel"};  // a virtual key: A

@@ -1,5 +1,6 @@
 // The door as the host sees it: what a load imports, registers and logs, and what makes it refuse.
-#include "host/entry.h"
+#include "module/entry.h"
+#include "slicer/autosplit.h"
 
 #include <cstring>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "slicer/page.h"
+#include "panel/slicer_page.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -145,6 +145,10 @@ void PerguntarPreset(ContextoGrade& contexto, const RECT& cliente) {
 }
 
 }  // namespace
+
+void AbrirFatiador() {
+    if (EntrarModoFatiador(CaminhoPainel) && JanelaPainel) SetForegroundWindow(JanelaPainel);
+}
 
 void PaginaFatiador(HWND janela, HDC dc) {
     RECT cliente = {};

@@ -10,9 +10,8 @@
 // nothing registered and nothing logged.
 MODULE_EXPORT int ReaperPluginEntry(HINSTANCE instancia, reaper_plugin_info_t* registro);
 
-// The functions that the host also offers to scripts.
+// The functions that the host also offers to scripts; the third is Quilmo_AutoSplit (slicer/autosplit.h).
 MODULE_EXPORT double Quilmo_Teste(double a, double b);
-MODULE_EXPORT bool Quilmo_AutoSplit(bool fecharLacunas, int blocoMs, double thresholdDb);  // slicer/autosplit.cpp
 MODULE_EXPORT void Quilmo_AbrirPainel();
 
 extern int AcaoPainelId;                   // the action's command number; 0 until load

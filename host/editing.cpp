@@ -1,4 +1,4 @@
-#include "commands/items.h"
+#include "host/editing.h"
 
 int IndiceDaFaixa(MediaTrack* faixa) {
     const double numero = host::GetMediaTrackInfo_Value(faixa, "IP_TRACKNUMBER");  // from 1
@@ -42,4 +42,23 @@ SelecaoDeTempo LerSelecaoDeTempo() {
     SelecaoDeTempo selecao;
     host::GetSet_LoopTimeRange(false, false, &selecao.inicio, &selecao.fim, false);
     return selecao;
+}
+
+void FadeDeEntrada(MediaItem* item) {
+    host::SetMediaItemInfo_Value(item, "D_FADEINLEN_AUTO", ComprimentoDoFade);
+    host::SetMediaItemInfo_Value(item, "D_FADEINDIR", 0.0);
+}
+
+void FadeDeSaida(MediaItem* item) {
+    host::SetMediaItemInfo_Value(item, "D_FADEOUTLEN_AUTO", ComprimentoDoFade);
+    host::SetMediaItemInfo_Value(item, "D_FADEOUTDIR", 0.0);
+}
+
+void UnirComCrossfade(MediaItem* a, MediaItem* b) {
+    const double alvo = FimDoItem(a) - ComprimentoDoFade;
+    if (InicioDoItem(b) > alvo) host::SetMediaItemPosition(b, alvo, false);
+    host::SetMediaItemInfo_Value(a, "D_FADEOUTLEN_AUTO", ComprimentoDoFade);
+    host::SetMediaItemInfo_Value(b, "D_FADEINLEN_AUTO", ComprimentoDoFade);
+    host::SetMediaItemInfo_Value(a, "D_FADEOUTDIR", 0.0);
+    host::SetMediaItemInfo_Value(b, "D_FADEINDIR", 0.0);
 }
