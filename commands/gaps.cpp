@@ -22,22 +22,21 @@ static bool MesmaFaixa(const std::vector<MediaItem*>& itens) {
 void FechaLacuna() {
     const int selecionados = host::CountSelectedMediaItems(0);
     if (selecionados < 2) return Mensagem("Selecione mais de 2 itens na mesma trilha para usar este script.", "Erro");
-    AbrirBloco();
+    BlocoDeDesfazer bloco("Fechar Lacunas");
     std::vector<MediaItem*> itens = CopiarSelecao(selecionados);
     if (!MesmaFaixa(itens)) {
-        Mensagem("Os itens selecionados devem estar na mesma trilha.", "Erro");
-        return FecharBloco("Fechar Lacuna");
+        bloco.Chamar("Fechar Lacuna");
+        return Mensagem("Os itens selecionados devem estar na mesma trilha.", "Erro");
     }
     OrdenarPorPosicao(itens);
     EncostarItens(itens);
     host::UpdateArrange();
-    FecharBloco("Fechar Lacunas");
 }
 
 void FechaLacunaSubsequente() {
     MediaItem* ancora = host::CountSelectedMediaItems(0) > 0 ? host::GetSelectedMediaItem(0, 0) : nullptr;
     if (!ancora) return Mensagem("Selecione pelo menos 1 item para usar este script.", "Erro");
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Fechar Lacunas Subsequentes");
     MediaTrack* faixa = host::GetMediaItem_Track(ancora);
     const double inicio = InicioDoItem(ancora);
     host::SelectAllMediaItems(0, false);
@@ -50,7 +49,6 @@ void FechaLacunaSubsequente() {
     host::SelectAllMediaItems(0, false);
     host::SetMediaItemSelected(ancora, true);
     host::UpdateArrange();
-    FecharBloco("Fechar Lacunas Subsequentes");
 }
 
 void JuntaClipCrossfade() {

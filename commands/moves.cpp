@@ -5,7 +5,7 @@
 #include "host/editing.h"
 
 void MvClipCima() {
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Move itens para faixa acima");
     ParaCadaSelecionado(host::CountSelectedMediaItems(0), [](MediaItem* item) {
         MediaTrack* faixa = host::GetMediaItem_Track(item);
         const int acima = faixa ? IndiceDaFaixa(faixa) - 1 : -1;
@@ -13,7 +13,6 @@ void MvClipCima() {
         if (MediaTrack* destino = host::GetTrack(0, acima)) host::MoveMediaItemToTrack(item, destino);
     });
     host::UpdateArrange();
-    FecharBloco("Move itens para faixa acima");
 }
 
 // The track of that index, made if the list ends just before it.
@@ -24,10 +23,9 @@ static MediaTrack* FaixaOuNova(int indice) {
 }
 
 void MvClipBaixo() {
-    constexpr char titulo[] = "Move itens para faixa abaixo";
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Move itens para faixa abaixo");
     const int selecionados = host::CountSelectedMediaItems(0);
-    if (selecionados == 0) return FecharBloco(titulo);
+    if (selecionados == 0) return;
     // Grouped before anything moves, so that a moved item is not seen again on its new track.
     std::unordered_map<MediaTrack*, std::vector<MediaItem*>> porFaixa;
     ParaCadaSelecionado(selecionados, [&porFaixa](MediaItem* item) {
@@ -37,21 +35,19 @@ void MvClipBaixo() {
         if (MediaTrack* destino = FaixaOuNova(IndiceDaFaixa(faixa) + 1))
             for (MediaItem* item : itens) host::MoveMediaItemToTrack(item, destino);
     host::UpdateArrange();
-    FecharBloco(titulo);
 }
 
 void MvPistaCima() {
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Move Pista para Cima");
     if (MediaTrack* faixa = host::GetSelectedTrack(0, 0)) {
         const int indice = IndiceDaFaixa(faixa);
         if (indice > 0) host::ReorderSelectedTracks(indice - 1, 0);
     }
-    FecharBloco("Move Pista para Cima");
 }
 
 // Moves the track below up instead: tracks go before an index, and above itself that needs no counting.
 void MvPistaBaixo() {
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Move Pista para Baixo");
     if (MediaTrack* faixa = host::GetSelectedTrack(0, 0)) {
         if (MediaTrack* abaixo = host::GetTrack(0, IndiceDaFaixa(faixa) + 1)) {
             host::SetOnlyTrackSelected(abaixo);
@@ -61,16 +57,14 @@ void MvPistaBaixo() {
         ExecutarAcao(acao::DesselecionarFaixas);
         host::SetTrackSelected(faixa, true);
     }
-    FecharBloco("Move Pista para Baixo");
 }
 
 static void Cutucar(double segundos, const char* titulo) {
     const int selecionados = host::CountSelectedMediaItems(0);
     if (selecionados == 0) return;
-    AbrirBloco();
+    const BlocoDeDesfazer bloco(titulo);
     ParaCadaSelecionado(selecionados, [segundos](MediaItem* item) { MoverItem(item, InicioDoItem(item) + segundos); });
     host::UpdateArrange();
-    FecharBloco(titulo);
 }
 
 void MvClipEsq() {
@@ -115,7 +109,7 @@ static void Empilhar(const std::vector<MediaItem*>& itens, bool paraTras) {
 static void ColarClips(bool esquerda) {
     const int selecionados = host::CountSelectedMediaItems(0);
     if (selecionados == 0) return;
-    AbrirBloco();
+    const BlocoDeDesfazer bloco(esquerda ? "Colar Clips Esquerda" : "Colar Clips Direita");
     std::vector<MediaItem*> itens = CopiarSelecao(selecionados);
     OrdenarPorPosicao(itens);
     if (!itens.empty()) {
@@ -131,7 +125,6 @@ static void ColarClips(bool esquerda) {
         Empilhar(itens, !esquerda && vizinho);
     }
     host::UpdateArrange();
-    FecharBloco(esquerda ? "Colar Clips Esquerda" : "Colar Clips Direita");
 }
 
 void ColaClipEsq() {

@@ -18,11 +18,10 @@ bool TodosItensMudos() {
 void MuteClip() {
     const int selecionados = host::CountSelectedMediaItems(0);
     if (selecionados == 0) return Mensagem("Nenhum item selecionado.", "Aviso");
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Mute/Unmute Clips");
     const double novo = TodosMudos(selecionados) ? 0.0 : 1.0;
     ParaCadaSelecionado(selecionados, [novo](MediaItem* item) { host::SetMediaItemInfo_Value(item, "B_MUTE", novo); });
     host::UpdateArrange();
-    FecharBloco("Mute/Unmute Clips");
 }
 
 // Bit 24 tells the host that the colour counts: black is a colour, 0 is none.
@@ -61,10 +60,10 @@ void VolEnvelope() {
     MediaItem* item = host::GetSelectedMediaItem(0, 0);
     if (!item) return Mensagem("Nenhum item de midia selecionado.", "Erro");
     if (!host::GetActiveTake(item)) return Mensagem("Nenhuma take ativa.", "Erro");
-    AbrirBloco();
+    BlocoDeDesfazer bloco("Acionar Take Volume Envelope");
     host::SelectAllMediaItems(0, false);
     host::SetMediaItemSelected(item, true);
     ExecutarAcao(acao::AlternarEnvelopeDeVolume);
-    FecharBloco("Acionar Take Volume Envelope");
+    bloco.Fechar();
     host::UpdateArrange();
 }

@@ -72,10 +72,9 @@ void Renomear(const Entrada& regiao) {
     NomeDeRegiao nome;
     std::snprintf(nome.texto, sizeof nome.texto, "%s", regiao.nome ? regiao.nome : "");
     if (!nome.Perguntar("Renomear Regiao")) return;
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Renomear Regiao");
     host::SetProjectMarker3(0, regiao.numero, true, regiao.inicio, regiao.fim, nome.texto, regiao.cor);
     host::UpdateArrange();
-    FecharBloco("Renomear Regiao");
 }
 
 }  // namespace
@@ -107,21 +106,20 @@ void CriarOuRenomearRegiao() {
     const std::optional<Alcance> alcance = AlcanceSelecionado();
     NomeDeRegiao nome;
     if (!alcance || !nome.Perguntar("Nova Regiao")) return;
-    AbrirBloco();
+    const BlocoDeDesfazer bloco(alcance->deItens ? "Criar Regiao (Itens)" : "Criar Regiao");
     AdicionarRegiao(*alcance, nome.texto);
-    FecharBloco(alcance->deItens ? "Criar Regiao (Itens)" : "Criar Regiao");
 }
 
 void SelTempoERegiao() {
-    AbrirBloco();
+    BlocoDeDesfazer bloco("Criar Regiao");
     const std::optional<Alcance> alcance = AlcanceSelecionado();
-    if (!alcance) return FecharBloco("Criar Regiao");
+    if (!alcance) return;
+    bloco.Chamar(alcance->deItens ? "Criar Regiao (Itens)" : "Criar Regiao (Loop)");
     AdicionarRegiao(*alcance, "");
-    FecharBloco(alcance->deItens ? "Criar Regiao (Itens)" : "Criar Regiao (Loop)");
 }
 
 void DeletarRegiaoSobCursor() {
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Deletar regiao sob cursor ou item");
     double referencia = host::GetCursorPosition();
     if (host::CountSelectedMediaItems(0) > 0)
         if (MediaItem* item = host::GetSelectedMediaItem(0, 0)) referencia = InicioDoItem(item);
@@ -134,12 +132,11 @@ void DeletarRegiaoSobCursor() {
         if (host::DeleteProjectMarker(0, e.numero, true)) host::UpdateArrange();
         break;
     }
-    FecharBloco("Deletar regiao sob cursor ou item");
 }
 
 void LimparRegioes() {
     if (!Confirmar("Tem certeza que deseja apagar TODAS as regioes?", "Atencao")) return;
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Limpar Todas as Regioes");
     Entrada e;
     // Above 0: a host that answers -1 for ever would keep the loop going.
     for (int i = 0; host::EnumProjectMarkers3(0, i, &e.regiao, &e.inicio, &e.fim, nullptr, &e.numero, nullptr) > 0;) {
@@ -147,5 +144,4 @@ void LimparRegioes() {
         if (!e.regiao || !host::DeleteProjectMarker(0, e.numero, true)) ++i;
     }
     host::UpdateArrange();
-    FecharBloco("Limpar Todas as Regioes");
 }

@@ -8,31 +8,26 @@ static void SelecionarOnde(Criterio criterio) {
     ParaCadaItem([&criterio](MediaItem* item) { host::SetMediaItemSelected(item, criterio(item)); });
 }
 
-static void Encerrar(const char* titulo) {
-    host::UpdateArrange();
-    FecharBloco(titulo);
-}
-
 static bool EmFaixaSelecionada(MediaItem* item) {
     return FaixaSelecionada(host::GetMediaItem_Track(item));
 }
 
 void SelecionarTodosProjeto() {
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Selecionar Todos os Itens");
     host::SelectAllMediaItems(0, true);
-    Encerrar("Selecionar Todos os Itens");
+    host::UpdateArrange();
 }
 
 void SelecionarTodosFaixa() {
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Selecionar Itens da Faixa");
     SelecionarOnde(EmFaixaSelecionada);
-    Encerrar("Selecionar Itens da Faixa");
+    host::UpdateArrange();
 }
 
 // An item that spans the cursor is both before and after it; one that ends at it is only before, one that starts at it
 // only after.
 static void SelecionarPorCursor(bool depois, bool soNaFaixa, const char* titulo) {
-    AbrirBloco();
+    const BlocoDeDesfazer bloco(titulo);
     const double cursor = host::GetCursorPosition();
     SelecionarOnde([=](MediaItem* item) {
         const bool elegivel = !soNaFaixa || EmFaixaSelecionada(item);
@@ -40,7 +35,7 @@ static void SelecionarPorCursor(bool depois, bool soNaFaixa, const char* titulo)
         const double fim = inicio + ComprimentoDoItem(item);
         return elegivel && (depois ? fim > cursor : cursor > inicio);
     });
-    Encerrar(titulo);
+    host::UpdateArrange();
 }
 
 void SelecionarAntesCursor() {
@@ -93,14 +88,14 @@ void SelecaoFluxo() {
     if (host::CountSelectedMediaItems(0) != 1) return;
     MediaItem* item = host::GetSelectedMediaItem(0, 0);
     if (!item) return;
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Selecao em Fluxo");
     MediaTrack* faixa = host::GetMediaItem_Track(item);
     const double inicio = InicioDoItem(item);
     const double fim = inicio + ComprimentoDoItem(item);
     host::SelectAllMediaItems(0, false);
     host::SetMediaItemSelected(item, true);
     if (faixa) SelecionarVizinhos(faixa, item, inicio, fim);
-    Encerrar("Selecao em Fluxo");
+    host::UpdateArrange();
 }
 
 void SelTempoItens() {

@@ -28,45 +28,30 @@ struct Corte {
     double inicio, cursor;  // where the item starts, where it was cut
 };
 
-void Fechar(const char* titulo) {
-    FecharBloco(titulo);
-    host::UpdateArrange();
-}
-
-// The head that both trims share. True: cut, with the undo block open. False: refused with a message and no block, or
-// the host could not cut and the block is closed again.
-bool CortarSelecionado(const char* titulo, Corte& corte) {
-    const auto recusar = [](const char* texto) {
-        Mensagem(texto, "Erro");
-        return false;
-    };
+// The head and the tail that both trims share. Refused with a message, without a block; where the host cannot cut, the
+// block stays empty.
+template <class Apagar>
+void CortarSelecionado(const char* titulo, Apagar apagar) {
     const int selecionados = host::CountSelectedMediaItems(0);
-    if (selecionados >= 2) return recusar("Mais de um item selecionado. Por favor, selecione apenas um item.");
+    if (selecionados >= 2) return Mensagem("Mais de um item selecionado. Por favor, selecione apenas um item.", "Erro");
     MediaItem* item = selecionados == 1 ? host::GetSelectedMediaItem(0, 0) : nullptr;
-    if (!item) return recusar("Nenhum item selecionado.");
+    if (!item) return Mensagem("Nenhum item selecionado.", "Erro");
 
     const double cursor = host::GetCursorPosition();
     const double inicio = InicioDoItem(item);
     const double fim = inicio + ComprimentoDoItem(item);
-    if (!(cursor > inicio && fim > cursor)) {
-        recusar("O cursor nao esta dentro do item selecionado.");
-        host::UpdateArrange();
-        return false;
+    if (cursor > inicio && fim > cursor) {
+        const BlocoDeDesfazer bloco(titulo);
+        if (MediaItem* direita = host::SplitMediaItem(item, cursor)) apagar(Corte{item, direita, inicio, cursor});
+    } else {
+        Mensagem("O cursor nao esta dentro do item selecionado.", "Erro");
     }
-    AbrirBloco();
-    MediaItem* direita = host::SplitMediaItem(item, cursor);
-    if (!direita) {
-        Fechar(titulo);
-        return false;
-    }
-    corte = {item, direita, inicio, cursor};
-    return true;
+    host::UpdateArrange();
 }
 
 void CortarPelaAcao(int acao, const char* titulo) {
-    AbrirBloco();
+    const BlocoDeDesfazer bloco(titulo);
     ExecutarAcao(acao);
-    FecharBloco(titulo);
 }
 
 // Deletes one part of the cut item, and moves the items of its track whose start `segue` takes left by what that part
@@ -103,23 +88,19 @@ void ExcluirDaFaixa(MediaTrack* faixa, std::vector<RegistroRipple>& registros) {
 }  // namespace
 
 void TrimDireita() {
-    constexpr char titulo[] = "Corta e Apaga Direita (Ripple)";
-    Corte corte;
-    if (!CortarSelecionado(titulo, corte)) return;
-    ApagarParte(corte, corte.direita, ComprimentoDoItem(corte.direita),
-                [&](double inicio) { return inicio > corte.inicio; });
-    Fechar(titulo);
+    CortarSelecionado("Corta e Apaga Direita (Ripple)", [](const Corte& corte) {
+        ApagarParte(corte, corte.direita, ComprimentoDoItem(corte.direita),
+                    [&corte](double inicio) { return inicio > corte.inicio; });
+    });
 }
 
 void TrimEsquerda() {
-    constexpr char titulo[] = "Corta e Apaga Esquerda (Ripple)";
     constexpr double margem = 0.0001;  // so that the kept part, which starts at the cursor, is always among the moved
-    Corte corte;
-    if (!CortarSelecionado(titulo, corte)) return;
-    ApagarParte(corte, corte.esquerda, corte.cursor - corte.inicio,
-                [&](double inicio) { return inicio >= corte.cursor - margem; });
-    host::SetEditCurPos(corte.inicio, false, false);
-    Fechar(titulo);
+    CortarSelecionado("Corta e Apaga Esquerda (Ripple)", [](const Corte& corte) {
+        ApagarParte(corte, corte.esquerda, corte.cursor - corte.inicio,
+                    [&corte](double inicio) { return inicio >= corte.cursor - margem; });
+        host::SetEditCurPos(corte.inicio, false, false);
+    });
 }
 
 void CortarE() {
@@ -143,7 +124,7 @@ void SplitNoCursor() {
 void ExcluirRipple() {
     const int selecionados = host::CountSelectedMediaItems(0);
     if (selecionados == 0) return;
-    AbrirBloco();
+    BlocoDeDesfazer bloco("Excluir Ripple Manual");
     std::unordered_map<MediaTrack*, std::vector<RegistroRipple>> porFaixa;
     ParaCadaSelecionado(selecionados, [&porFaixa](MediaItem* item) {
         const double inicio = InicioDoItem(item);
@@ -151,5 +132,6 @@ void ExcluirRipple() {
         porFaixa[host::GetMediaItem_Track(item)].push_back({item, inicio, comprimento});
     });
     for (auto& [faixa, registros] : porFaixa) ExcluirDaFaixa(faixa, registros);
-    Fechar("Excluir Ripple Manual");
+    bloco.Fechar();
+    host::UpdateArrange();
 }

@@ -3,7 +3,7 @@
 #include "host/editing.h"
 
 void VerSelecao() {
-    AbrirBloco();
+    const BlocoDeDesfazer bloco("Ver Selecao");
     if (host::CountSelectedMediaItems(0) > 0) {
         ExecutarAcao(acao::ZoomNosItens);
     } else if (MediaTrack* faixa = host::GetSelectedTrack(0, 0)) {
@@ -16,7 +16,6 @@ void VerSelecao() {
         marcar(false);
     }
     host::UpdateArrange();
-    FecharBloco("Ver Selecao");
 }
 
 void ZoomAllFaixas(bool esticar) {

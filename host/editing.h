@@ -27,13 +27,31 @@ inline bool Confirmar(const char* pergunta, const char* titulo) {
     return host::ShowMessageBox(pergunta, titulo, simOuNao) == sim;
 }
 
-// An undo point of that title is left behind, whatever happened in the block.
-inline void AbrirBloco() {
-    host::Undo_BeginBlock2(0);
-}
-inline void FecharBloco(const char* titulo) {
-    host::Undo_EndBlock2(0, titulo, -1);
-}
+// An undo block, open as long as this lives: a point of that title is left behind, whatever happens in it.
+class BlocoDeDesfazer {
+  public:
+    explicit BlocoDeDesfazer(const char* titulo) : titulo_(titulo) { host::Undo_BeginBlock2(0); }
+    ~BlocoDeDesfazer() { Fechar(); }
+    BlocoDeDesfazer(const BlocoDeDesfazer&) = delete;
+    BlocoDeDesfazer& operator=(const BlocoDeDesfazer&) = delete;
+    void Chamar(const char* titulo) { titulo_ = titulo; }  // by another title
+    void Fechar() {                                        // now; for calls that have to follow it
+        if (titulo_) host::Undo_EndBlock2(0, titulo_, -1);
+        titulo_ = nullptr;
+    }
+
+  private:
+    const char* titulo_;
+};
+
+// The host repaints nothing while one of these lives.
+class TelaParada {
+  public:
+    TelaParada() { host::PreventUIRefresh(1); }
+    ~TelaParada() { host::PreventUIRefresh(-1); }
+    TelaParada(const TelaParada&) = delete;
+    TelaParada& operator=(const TelaParada&) = delete;
+};
 
 inline double InicioDoItem(MediaItem* item) {
     return host::GetMediaItemInfo_Value(item, "D_POSITION");

@@ -18,7 +18,7 @@ ResultadoBotao BotaoDireto(ContextoGrade& contexto, const Celula& c, const Aspec
     return resultado;
 }
 
-static void Executar(const Clique& clique) {
+void Executar(const Clique& clique) {
     if (!clique.comando) return;
     clique.comando();
     StatusExecutado(clique.nome);

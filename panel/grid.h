@@ -27,6 +27,8 @@ struct Clique {
     void (*comando)() = nullptr;  // null: the click does nothing
 };
 
+void Executar(const Clique& clique);  // and writes the status after it, whatever the command did
+
 // Draws the button, runs the command of a click, and writes the status after it, whatever the command did.
 ResultadoBotao BotaoComComandos(ContextoGrade& contexto, const Celula& c, const AspectoBotao& aspecto, Clique esquerdo,
                                 Clique direito = {});

@@ -2,17 +2,15 @@
 
 #include <cstddef>
 
-#include "commands/commands.h"
+#include "panel/rows.h"
 #include "panel/state.h"
-#include "panel/status.h"
 
 namespace {
 
 // A menu's rows in order; the chosen id is the row's number among those that are not separators, from 1.
 struct LinhaDeMenu {
     const char* rotulo;  // null: a separator
-    const char* nome = nullptr;
-    void (*comando)() = nullptr;  // null: the choice does nothing
+    Clique escolha = {};
 };
 
 template <size_t N>
@@ -37,10 +35,7 @@ void AbrirMenu(HWND janela, const LinhaDeMenu (&linhas)[N]) {
     Mouse.esquerdoSeguro = false;
     Mouse.esquerdoSeguroAntes = false;
     const LinhaDeMenu* escolhida = id >= 1 && id <= ultimo ? escolhas[id] : nullptr;
-    if (escolhida && escolhida->comando) {
-        escolhida->comando();
-        StatusExecutado(escolhida->nome);
-    }
+    if (escolhida) Executar(escolhida->escolha);
     InvalidateRect(janela, nullptr, FALSE);
 }
 
@@ -48,9 +43,9 @@ void AbrirMenu(HWND janela, const LinhaDeMenu (&linhas)[N]) {
 
 void MenuLacunas(HWND janela) {
     static const LinhaDeMenu linhas[] = {
-        {"Fecha Lacuna Entre Selecionados", "FechaLacuna", FechaLacuna},
-        {"Fecha Lacunas Subsequentes", "FechaLacunaSubsequente", FechaLacunaSubsequente},
-        {"Fecha Lacuna Selecionada com Mixagem", "JuntaClipCrossfade", JuntaClipCrossfade},
+        {"Fecha Lacuna Entre Selecionados", clique::FechaLacuna},
+        {"Fecha Lacunas Subsequentes", clique::FechaLacunaSubsequente},
+        {"Fecha Lacuna Selecionada com Mixagem", clique::JuntaClipCrossfade},
         {nullptr},
         {"Fechar"},
     };
@@ -59,14 +54,14 @@ void MenuLacunas(HWND janela) {
 
 void MenuSelecao(HWND janela) {
     static const LinhaDeMenu linhas[] = {
-        {"Todos os itens do projeto", "SelecionarTodosProjeto", SelecionarTodosProjeto},
-        {"Todos os itens da faixa", "SelecionarTodosFaixa", SelecionarTodosFaixa},
+        {"Todos os itens do projeto", clique::SelecionarTodosProjeto},
+        {"Todos os itens da faixa", clique::SelecionarTodosFaixa},
         {nullptr},
-        {"Tudo antes do ponteiro", "SelecionarAntesCursor", SelecionarAntesCursor},
-        {"Tudo depois do ponteiro", "SelecionarDepoisCursor", SelecionarDepoisCursor},
+        {"Tudo antes do ponteiro", clique::SelecionarAntesCursor},
+        {"Tudo depois do ponteiro", clique::SelecionarDepoisCursor},
         {nullptr},
-        {"Tudo antes do ponteiro (faixa selecionada)", "SelecionarAntesCursorFaixa", SelecionarAntesCursorFaixa},
-        {"Tudo depois do ponteiro (faixa selecionada)", "SelecionarDepoisCursorFaixa", SelecionarDepoisCursorFaixa},
+        {"Tudo antes do ponteiro (faixa selecionada)", clique::SelecionarAntesCursorFaixa},
+        {"Tudo depois do ponteiro (faixa selecionada)", clique::SelecionarDepoisCursorFaixa},
         {nullptr},
         {"Fechar"},
     };

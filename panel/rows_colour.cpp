@@ -1,6 +1,5 @@
 // panel/rows_colour.cpp: the palette. A left click colours the selected items, a right click the selected tracks. The
 // commands get the palette's own values; on screen a swatch is dimmed and lit as every button is.
-#include "commands/commands.h"
 #include "panel/rows.h"
 #include "panel/status.h"
 
@@ -31,6 +30,6 @@ void LinhaCores1(ContextoGrade& contexto) {
 void LinhaCores2(ContextoGrade& contexto) {
     BotaoGrade(contexto, 1, 1,
                {.icone = "clear", .cor = {25, 25, 28}, .dica = "E: LIMPA COR DO ITEM | D: LIMPA COR DA TRACK"},
-               {"LimparCorItens", LimparCorItens}, {"LimparCorFaixas", LimparCorFaixas});
+               clique::LimparCorItens, clique::LimparCorFaixas);
     for (int coluna = 2; coluna <= 8; ++coluna) Amostra(contexto, coluna, PaletaCores[coluna + 6]);
 }

@@ -1,5 +1,4 @@
 // panel/rows_edit.cpp: the regions; trim, split and delete, which close up what they remove while ripple is on.
-#include "commands/commands.h"
 #include "panel/rows.h"
 #include "panel/state.h"
 #include "panel/status.h"
@@ -17,10 +16,10 @@ void LinhaRegioes(ContextoGrade& contexto) {
     BotaoComComandos(
         contexto, celula(8),
         {.rotulo = "+", .cor = {45, 110, 130}, .dica = "ESQ: CRIA/RENOMEIA COM NOME | DIR: CRIA REGIAO NA SEL."},
-        {"CriarOuRenomearRegiao", CriarOuRenomearRegiao}, {"SelTempoERegiao", SelTempoERegiao});
+        clique::CriarOuRenomearRegiao, clique::SelTempoERegiao);
     BotaoComComandos(contexto, celula(9),
                      {.rotulo = "-", .cor = {140, 50, 50}, .dica = "ESQ: DELETA REGIAO (CURSOR) | DIR: LIMPA TODAS"},
-                     {"DeletarRegiaoSobCursor", DeletarRegiaoSobCursor}, {"LimparRegioes", LimparRegioes});
+                     clique::DeletarRegiaoSobCursor, clique::LimparRegioes);
 }
 
 // Drawn before it flips, so its new look comes with the next pass.
@@ -37,12 +36,12 @@ void LinhaEdicao(ContextoGrade& contexto) {
     constexpr CorBase corDoTrim = {80, 45, 95};
     const auto escolher = [](Clique comRipple, Clique semRipple) { return ModoRipple ? comRipple : semRipple; };
     BotaoGrade(contexto, 1, 2, {.rotulo = "[< TRIM", .cor = corDoTrim, .dica = "APARA BORDA ESQ"},
-               escolher({"TrimEsquerda", TrimEsquerda}, {"CortarE", CortarE}));
+               escolher(clique::TrimEsquerda, clique::CortarE));
     BotaoGrade(contexto, 3, 2, {.rotulo = "PARTIR", .cor = {110, 60, 135}, .dica = "DIVIDIR ITEM"},
-               {"SplitNoCursor", SplitNoCursor});
+               clique::SplitNoCursor);
     BotaoGrade(contexto, 5, 2, {.rotulo = "TRIM >]", .cor = corDoTrim, .dica = "APARA BORDA DIR"},
-               escolher({"TrimDireita", TrimDireita}, {"CortarD", CortarD}));
+               escolher(clique::TrimDireita, clique::CortarD));
     BotaoGrade(contexto, 7, 1, {.rotulo = "DEL", .cor = {105, 35, 40}, .dica = "EXCLUIR SEL."},
-               escolher({"ExcluirRipple", ExcluirRipple}, {"Deletar Itens (nativo)", Acao<acao::RemoverItens>}));
+               escolher(clique::ExcluirRipple, {"Deletar Itens (nativo)", Acao<acao::RemoverItens>}));
     InterruptorDeRipple(contexto);
 }

@@ -1,5 +1,4 @@
 // panel/rows_items.cpp: duplicate, mute, move and zoom.
-#include "commands/commands.h"
 #include "panel/rows.h"
 #include "panel/state.h"
 
@@ -10,28 +9,35 @@ void LinhaItens(ContextoGrade& contexto) {
     BotaoGrade(contexto, 1, 2, {.rotulo = "DUP", .cor = CorNeutra, .dica = "E: DUPLICAR ITENS | D: DUPLICAR PISTAS"},
                AcaoDoHost<acao::DuplicarItens>, AcaoDoHost<acao::DuplicarFaixas>);
     BotaoGrade(contexto, 3, 2, {.rotulo = "VOL", .cor = CorNeutra, .dica = "ADICIONA ENVELOPE DE VOLUME"},
-               {"VolEnvelope", VolEnvelope});
+               clique::VolEnvelope);
     BotaoGrade(contexto, 5, 2, {.icone = "up", .cor = CorNeutra, .dica = "E: ITEM PARA CIMA | D: PISTA PARA CIMA"},
-               {"MvClipCima", MvClipCima}, {"MvPistaCima", MvPistaCima});
+               clique::MvClipCima, clique::MvPistaCima);
     BotaoGrade(contexto, 7, 2, {.rotulo = "MUTE", .cor = CorNeutra, .dica = "MUTA OU DESMUTA ITEMS", .ativo = mudos},
-               {"MuteClip", MuteClip});
+               clique::MuteClip);
 }
 
 // Two nudges of 10 ms, each with an undo point of its own.
-template <void (*cutucar)()>
-static void Mover20ms() {
-    cutucar();
-    cutucar();
+static void Mover20msEsq() {
+    MvClipEsq();
+    MvClipEsq();
+}
+
+static void Mover20msDir() {
+    MvClipDir();
+    MvClipDir();
 }
 
 // The Shift key is read at the moment of the click; the status names the plain command in both cases.
-template <void (*colar)(), void (*cutucar)()>
-static void ColarOuMover() {
-    const bool shift = (GetAsyncKeyState(VK_SHIFT) & 0x8000) != 0;
-    if (shift)
-        Mover20ms<cutucar>();
-    else
-        colar();
+static bool ComShift() {
+    return (GetAsyncKeyState(VK_SHIFT) & 0x8000) != 0;
+}
+
+static void ColarOuMoverEsq() {
+    ComShift() ? Mover20msEsq() : ColaClipEsq();
+}
+
+static void ColarOuMoverDir() {
+    ComShift() ? Mover20msDir() : ColaClipDir();
 }
 
 void LinhaMover(ContextoGrade& contexto) {
@@ -39,12 +45,12 @@ void LinhaMover(ContextoGrade& contexto) {
                AcaoDoHost<acao::AlternarMediaExplorer>);
     BotaoGrade(contexto, 3, 2,
                {.icone = "left", .cor = CorDeMover, .dica = "L: COLA NO ANTERIOR | SHIFT+L / R: MOVE 20MS ESQ"},
-               {"ColaClipEsq", ColarOuMover<ColaClipEsq, MvClipEsq>}, {"MvClipEsq", Mover20ms<MvClipEsq>});
+               {clique::ColaClipEsq.nome, ColarOuMoverEsq}, {clique::MvClipEsq.nome, Mover20msEsq});
     BotaoGrade(contexto, 5, 2, {.icone = "down", .cor = CorNeutra, .dica = "L: ITEM PARA BAIXO | R: PISTA PARA BAIXO"},
-               {"MvClipBaixo", MvClipBaixo}, {"MvPistaBaixo", MvPistaBaixo});
+               clique::MvClipBaixo, clique::MvPistaBaixo);
     BotaoGrade(contexto, 7, 2,
                {.icone = "right", .cor = CorDeMover, .dica = "L: COLA ITEM SEGUINTE | SHIFT+L / R: MOVE 20MS DIR"},
-               {"ColaClipDir", ColarOuMover<ColaClipDir, MvClipDir>}, {"MvClipDir", Mover20ms<MvClipDir>});
+               {clique::ColaClipDir.nome, ColarOuMoverDir}, {clique::MvClipDir.nome, Mover20msDir});
 }
 
 // While it is held, its command runs again with each tick of timer 2; those leave the status line alone.
@@ -57,9 +63,12 @@ static void BotaoQueRepete(ContextoGrade& contexto, int coluna, const AspectoBot
         AcaoRepetir = direito.comando;
 }
 
-template <bool esticar>
-static void Zoom() {
-    ZoomAllFaixas(esticar);
+static void EsticarFaixas() {
+    ZoomAllFaixas(true);
+}
+
+static void AjustarAltura() {
+    ZoomAllFaixas(false);
 }
 
 void LinhaZoom(ContextoGrade& contexto) {
@@ -70,7 +79,7 @@ void LinhaZoom(ContextoGrade& contexto) {
                    {.icone = "zoom_vert", .cor = CorNeutra, .dica = "L: ZOOM IN VERTICAL | R: ZOOM OUT VERTICAL"},
                    AcaoDoHost<acao::AproximarVertical>, AcaoDoHost<acao::AfastarVertical>);
     BotaoGrade(contexto, 5, 2, {.icone = "zoom_sel", .cor = {45, 80, 115}, .dica = "ZOOM NA SELECAO"},
-               {"VerSelecao", VerSelecao});
+               clique::VerSelecao);
     BotaoGrade(contexto, 7, 2, {.icone = "zoom_all", .cor = CorNeutra, .dica = "E: ESTICAR | R: AJUSTA ALTURA"},
-               {"ZoomAllFaixas(esticar)", Zoom<true>}, {"ZoomAllFaixas(so_altura)", Zoom<false>});
+               {"ZoomAllFaixas(esticar)", EsticarFaixas}, {"ZoomAllFaixas(so_altura)", AjustarAltura});
 }

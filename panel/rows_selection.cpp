@@ -1,6 +1,5 @@
 // panel/rows_selection.cpp: the slicer, gaps and selection, with their two popup menus. A menu is only asked for in the
 // pass; the window opens it after painting.
-#include "commands/commands.h"
 #include "panel/rows.h"
 #include "panel/slicer_page.h"
 #include "panel/state.h"
@@ -18,7 +17,7 @@ void LinhaSelecao(ContextoGrade& contexto) {
     const AspectoBotao selecionar = {.rotulo = "SELECIONAR", .cor = cor, .dica = "MENU: SELECIONAR ITENS"};
     if (BotaoDireto(contexto, CelulaGrade(contexto, 1, 3), selecionar).cliqueEsquerdo) AbrirMenuSelecao = true;
     BotaoGrade(contexto, 4, 3, {.rotulo = "S. FLOW", .cor = cor, .dica = "SEL. CONTINUA EM FLUXO"},
-               {"SelecaoFluxo", SelecaoFluxo});
+               clique::SelecaoFluxo);
     BotaoGrade(contexto, 7, 2, {.rotulo = "S. TIME", .cor = cor, .dica = "SEL. DE TEMPO DOS ITENS SELECIONADOS"},
-               {"SelTempoItens", SelTempoItens});
+               clique::SelTempoItens);
 }

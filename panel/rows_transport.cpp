@@ -1,6 +1,5 @@
 // panel/rows_transport.cpp: record, play, stop, and the jumps along the project. What the host is doing is asked just
 // ahead of the row that shows it.
-#include "commands/commands.h"
 #include "panel/rows.h"
 #include "panel/state.h"
 
@@ -11,7 +10,7 @@ void LinhaGravar(ContextoGrade& contexto) {
                 .icone = "rec",
                 .cor = gravando && PiscaLigado ? CorBase{160, 35, 35} : CorBase{95, 38, 38},
                 .dica = "GRAVAR NA FAIXA SELECIONADA"},
-               {"ExecutarGravacao", ExecutarGravacao});
+               clique::ExecutarGravacao);
 }
 
 // A recording is not paused from here; the status says "Play/Pause" all the same.
@@ -32,7 +31,7 @@ void LinhaTocar(ContextoGrade& contexto) {
 void LinhaParar(ContextoGrade& contexto) {
     BotaoGrade(contexto, 1, 8,
                {.rotulo = "PARAR", .icone = "stop", .cor = {85, 35, 45}, .dica = "PARAR + DESARMAR + LIMPAR"},
-               {"PararTudo", PararTudo});
+               clique::PararTudo);
 }
 
 void LinhaNavegacao(ContextoGrade& contexto) {
@@ -40,8 +39,7 @@ void LinhaNavegacao(ContextoGrade& contexto) {
     BotaoGrade(contexto, 1, 2, {.icone = "start", .cor = cor, .dica = "INICIO DO PROJETO"},
                AcaoDoHost<acao::IrAoInicio>);
     BotaoGrade(contexto, 3, 2, {.icone = "left", .cor = cor, .dica = "INICIO DO ITEM FAIXA SEL."},
-               {"PrevItemStart", PrevItemStart});
-    BotaoGrade(contexto, 5, 2, {.icone = "right", .cor = cor, .dica = "FIM DO ITEM FAIXA SEL."},
-               {"NextItemEnd", NextItemEnd});
+               clique::PrevItemStart);
+    BotaoGrade(contexto, 5, 2, {.icone = "right", .cor = cor, .dica = "FIM DO ITEM FAIXA SEL."}, clique::NextItemEnd);
     BotaoGrade(contexto, 7, 2, {.icone = "end", .cor = cor, .dica = "FIM DO PROJETO"}, AcaoDoHost<acao::IrAoFim>);
 }

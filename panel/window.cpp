@@ -51,11 +51,10 @@ static void PararRepeticao(HWND janela) {
     AcaoRepetir = nullptr;
 }
 
-// The release before a press may still wait for its pass, when both came while the host was busy. It gets it first: a
-// press is known by the button's having been up in the pass before.
-static void VaiApertar(HWND janela, bool& seguro, bool seguroAntes) {
+// A pass sees a press only if the pass before it saw the button up. A release that came while the host was busy has had
+// no pass yet: it gets one before the press counts.
+static void EntregarSoltura(HWND janela, bool seguro, bool seguroAntes) {
     if (seguroAntes && !seguro) UpdateWindow(janela);
-    seguro = true;
 }
 
 // A press is a pass of its own, so that its click is neither lost nor counted twice.
@@ -112,7 +111,8 @@ static LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wPar
             return 0;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
-            VaiApertar(janela, Mouse.esquerdoSeguro, Mouse.esquerdoSeguroAntes);
+            EntregarSoltura(janela, Mouse.esquerdoSeguro, Mouse.esquerdoSeguroAntes);
+            Mouse.esquerdoSeguro = true;
             SetCapture(janela);
             Apertou(janela);
             return 0;
@@ -123,7 +123,8 @@ static LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wPar
             return 0;
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
-            VaiApertar(janela, Mouse.direitoSeguro, Mouse.direitoSeguroAntes);
+            EntregarSoltura(janela, Mouse.direitoSeguro, Mouse.direitoSeguroAntes);
+            Mouse.direitoSeguro = true;
             Apertou(janela);
             return 0;
         case WM_RBUTTONUP:

@@ -74,12 +74,12 @@ bool Quilmo_AutoSplit(bool fecharLacunas, int blocoMs, double thresholdDb) {
         Mensagem("Selecione itens de audio.", "A.SPLIT");
         return false;
     }
-    AbrirBloco();
-    host::PreventUIRefresh(1);
-    for (MediaItem* item : CopiarSelecao(quantos)) FatiarSilencio(item, limiarLinear, blocoSegundos);
-    if (fecharLacunas) FecharLacunasFatias();
-    host::PreventUIRefresh(-1);
+    const BlocoDeDesfazer bloco(TituloDoPreview);
+    {
+        const TelaParada parada;
+        for (MediaItem* item : CopiarSelecao(quantos)) FatiarSilencio(item, limiarLinear, blocoSegundos);
+        if (fecharLacunas) FecharLacunasFatias();
+    }
     host::UpdateArrange();
-    FecharBloco(TituloDoPreview);
     return true;
 }

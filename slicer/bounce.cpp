@@ -87,14 +87,14 @@ bool BounceEntrada(double alcaSegundos) {
     });
     if (registros.empty()) return false;
 
-    AbrirBloco();
-    host::PreventUIRefresh(1);
-    for (const RegistroBounce& r : registros) Abrir(r);
-    ExecutarAcao(acao::ColarSelecao);
-    ParaCadaSelecionado(host::CountSelectedMediaItems(0), [&](MediaItem* item) { Encolher(item, registros); });
-    host::PreventUIRefresh(-1);
+    const BlocoDeDesfazer bloco(TituloDoBounce);
+    {
+        const TelaParada parada;
+        for (const RegistroBounce& r : registros) Abrir(r);
+        ExecutarAcao(acao::ColarSelecao);
+        ParaCadaSelecionado(host::CountSelectedMediaItems(0), [&](MediaItem* item) { Encolher(item, registros); });
+    }
     host::UpdateArrange();
-    FecharBloco(TituloDoBounce);
     BounceEntradaAtivo = true;
     return true;
 }

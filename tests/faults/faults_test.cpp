@@ -23,17 +23,10 @@ struct Comando {
 };
 // clang-format off
 #define RODA(chamadas) {#chamadas, [] { chamadas; }}
-#define C(nome) RODA(nome())
+#define C(nome) RODA(nome()),
 const Comando Comandos[] = {
-    C(ExecutarGravacao), C(PararTudo), C(PrevItemStart), C(NextItemEnd), C(PrepararHost), C(GravacaoEmCurso),
-    C(BotaoGravarAtivo), C(TocandoSemGravar), C(CriarOuRenomearRegiao), C(SelTempoERegiao), C(DeletarRegiaoSobCursor),
-    C(LimparRegioes), C(VerSelecao), C(TrimEsquerda), C(TrimDireita), C(CortarE), C(CortarD), C(SplitNoCursor),
-    C(ExcluirRipple), C(FechaLacuna), C(FechaLacunaSubsequente), C(JuntaClipCrossfade), C(SelecionarTodosProjeto),
-    C(SelecionarTodosFaixa), C(SelecionarAntesCursor), C(SelecionarDepoisCursor), C(SelecionarAntesCursorFaixa),
-    C(SelecionarDepoisCursorFaixa), C(SelecaoFluxo), C(SelTempoItens), C(MvClipCima), C(MvClipBaixo), C(MvPistaCima),
-    C(MvPistaBaixo), C(MvClipEsq), C(MvClipDir), C(ColaClipEsq), C(ColaClipDir), C(MuteClip), C(TodosItensMudos),
-    C(LimparCorItens), C(LimparCorFaixas), C(VolEnvelope), C(StereoRender), C(MonoRender), C(BounceInteligente),
-    C(RenderProjeto), C(AbrirDiretorio), C(RenderPreLeigo),
+    COMANDOS_DE_EDICAO(C) COMANDOS_DE_RENDER(C)
+    C(PrepararHost) C(GravacaoEmCurso) C(BotaoGravarAtivo) C(TocandoSemGravar) C(TodosItensMudos)
     RODA(ExecutarGravacao(); ExecutarGravacao()), RODA(PlayRegiao(2)), RODA(AplicarCorItens(1, 2, 3)),
     RODA(AplicarCorFaixas(1, 2, 3)), RODA(ZoomAllFaixas(true)), RODA(Quilmo_AutoSplit(true, 100, -30)),
     RODA(EntrarModoFatiador(CaminhoPainel); RecalcularPreview(true, 200, -30); RestaurarOriginal()),

@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "commands/commands.h"
 #include "host/actions.h"
 #include "panel/status.h"
 #include "slicer/bounce.h"
