@@ -9,10 +9,20 @@
 
 namespace {
 
+// Why that run ended early; null if it did not. Newer releases of the library name the fields anew.
+template <class Run>
+const std::string* Error(const Run& run) {
+    if constexpr (requires { run.error_occurred; })
+        return run.error_occurred ? &run.error_message : nullptr;
+    else
+        return run.skipped ? &run.skip_message : nullptr;
+}
+
 // One line for each benchmark: its fastest repetition, by CPU time.
 class FastestRuns : public benchmark::BenchmarkReporter {
   public:
     std::map<std::string, double> seconds;
+    bool failed = false;
 
     bool ReportContext(const Context& context) override {
         PrintBasicContext(&std::cerr, context);
@@ -22,9 +32,12 @@ class FastestRuns : public benchmark::BenchmarkReporter {
     void ReportRuns(const std::vector<Run>& runs) override {
         const Run* fastest = nullptr;
         for (const Run& run : runs) {
-            if (run.error_occurred) std::printf("%-44s %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
-            if (run.error_occurred || run.run_type != Run::RT_Iteration) continue;
-            if (!fastest || Seconds(run) < Seconds(*fastest)) fastest = &run;
+            if (const std::string* error = Error(run)) {
+                std::printf("%-44s %s\n", run.benchmark_name().c_str(), error->c_str());
+                failed = true;
+            } else if (run.run_type == Run::RT_Iteration && (!fastest || Seconds(run) < Seconds(*fastest))) {
+                fastest = &run;
+            }
         }
         if (!fastest) return;
         const std::string args = fastest->run_name.args.empty() ? "" : "/" + fastest->run_name.args;
@@ -61,5 +74,5 @@ int RunWithRatios(int argc, char** argv, const std::vector<Ratio>& ratios) {
     benchmark::Shutdown();
     std::printf("\n");
     for (const Ratio& ratio : ratios) Print(ratio, fastest.seconds);
-    return 0;
+    return fastest.failed;
 }

@@ -12,6 +12,6 @@ struct Ratio {
     bool atMost = false;      // the goal is an upper bound, not a lower one
 };
 
-// Takes over main's arguments; the result is main's. A goal that is missed is told and is no failure, since a busy
-// machine may miss any.
+// Takes over main's arguments; the result is main's. A benchmark that says an error fails the program; a goal that is
+// missed is told and is no failure, since a busy machine may miss any.
 int RunWithRatios(int argc, char** argv, const std::vector<Ratio>& ratios);

@@ -97,7 +97,7 @@ TEST_F(Entrada, RecusaSemDeixarRastro) {
 
 TEST_F(Entrada, SoANossaAcaoAbreEEscreve) {
     ASSERT_EQ(Carregar(), 1);
-    fs::remove(fs::u8path(CaminhoDoLog()));
+    fs::remove(DeUtf8(CaminhoDoLog()));
     EXPECT_FALSE(HookCommand2Proc(nullptr, AcaoPainelId + 1, 0, 0, 0, nullptr));
     EXPECT_EQ(ToggleActionProc(AcaoPainelId + 1), -1);
     EXPECT_EQ(ToggleActionProc(AcaoPainelId), 0);
@@ -108,11 +108,11 @@ TEST_F(Entrada, SoANossaAcaoAbreEEscreve) {
 }
 
 TEST_F(Entrada, LogSegueAPastaDoMomentoECalaSemEla) {
-    fs::create_directories(fs::u8path(CaminhoDoLog()));
+    fs::create_directories(DeUtf8(CaminhoDoLog()));
     EXPECT_EQ(Carregar(), 1) << "a folder in the file's place";
     host.resourcePath += "/outra";
     RegistrarLog("perdida");  // the folder is not there: no word about it
-    fs::create_directories(fs::u8path(host.resourcePath));
+    fs::create_directories(DeUtf8(host.resourcePath));
     RegistrarLog("acentos e 100%s passam: ação");
     EXPECT_EQ(Log(), "acentos e 100%s passam: ação\n");
     RegistrarLog("duas");

@@ -117,12 +117,12 @@ TEST_F(PainelLugar, PastaQueNaoServe) {
         EXPECT_FALSE(JanelaPainelAberta());
     }
     CaminhoPainel = host.resourcePath;
-    std::filesystem::create_directory(std::filesystem::u8path(CaminhoJanelaIni()));
+    std::filesystem::create_directory(DeUtf8(CaminhoJanelaIni()));
     Abrir();
     EXPECT_EQ(Canto(), DoHost) << "a folder in the file's place";
     Fechar();
     EXPECT_FALSE(JanelaPainelAberta());
-    std::filesystem::remove(std::filesystem::u8path(CaminhoJanelaIni()));
+    std::filesystem::remove(DeUtf8(CaminhoJanelaIni()));
 }
 
 TEST_F(PainelLugar, AreaDeTrabalhoMenorQueAJanela) {

@@ -18,7 +18,7 @@ class Exportar : public Cena {
         SetEnvironment("TMP", "");
         reamostragem = {3, 0, 0, 0};
     }
-    bool HaScriptNoDisco() { return fs::exists(fs::u8path(script)); }
+    bool HaScriptNoDisco() { return fs::exists(DeUtf8(script)); }
 
     std::vector<char>& reamostragem = host.projectConfigVars["projrenderresample"];
     const std::string script = host.resourcePath + PathSeparator + "~quilmo_desktop_temp.lua";

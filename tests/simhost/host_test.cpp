@@ -195,7 +195,7 @@ TEST_F(Strict, DialogsAreAnsweredFromTheQueuesThenByCaution) {
 TEST_F(Strict, AScriptIsReadWhenAddedAndRunUnderItsNumber) {
     EXPECT_EQ(host::AddRemoveReaScript(true, 0, (host.resourcePath + "/missing.lua").c_str(), true), 0);
     const std::string path = host.resourcePath + "/s.lua";
-    std::ofstream(std::filesystem::path(reinterpret_cast<const char8_t*>(path.c_str()))) << "print(1)";
+    std::ofstream(DeUtf8(path)) << "print(1)";
     const int number = host::AddRemoveReaScript(true, 0, path.c_str(), true);
     ASSERT_NE(number, 0);
     std::string ran;

@@ -17,7 +17,7 @@ class Presets : public Cena {
   protected:
     void SetUp() override {
         Cena::SetUp();
-        fs::create_directories(fs::u8path(host.resourcePath + "/Scripts"));
+        fs::create_directories(DeUtf8(host.resourcePath + "/Scripts"));
     }
     void Escrever(const std::string& texto, const char* onde = "") {
         std::FILE* arquivo = OpenFile(host.resourcePath + "/" + onde + "presets_fatiador.ini", "wb");

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <random>
 #include <stdexcept>
 
@@ -13,12 +12,14 @@
 
 using simhost::Host;
 
+std::filesystem::path DeUtf8(const std::string& caminho) {
+    return std::u8string(caminho.begin(), caminho.end());
+}
+
 // A folder of the process's own, for a user whose name has an accent.
 static std::filesystem::path PastaDeRecursos() {
     static const std::filesystem::path pasta =
-        std::filesystem::temp_directory_path() /
-        std::filesystem::path(u8"quilmo João " + std::u8string(reinterpret_cast<const char8_t*>(
-                                                     std::to_string(std::random_device{}()).c_str())));
+        std::filesystem::temp_directory_path() / DeUtf8("quilmo João " + std::to_string(std::random_device{}()));
     return pasta;
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -27,6 +28,8 @@ class Cena : public testing::Test {
 
     simhost::Host host;
 };
+
+std::filesystem::path DeUtf8(const std::string& caminho);  // as the module's paths are, on either system
 
 // All on the host that lives.
 // An empty project with the settings of the one before, stopped, with a fresh history and no record of what was shown
