@@ -14,7 +14,7 @@ case "${1:-}" in
     -h | --help) usage && exit ;;
     *) usage >&2 && exit 2 ;;
 esac
-scripts/setup.sh
+scripts/setup.sh package
 
 # Without the compiler cache, whose entries may come from another folder.
 echo "Compilando; leva uns dois minutos..."

@@ -7,10 +7,10 @@ usage() {
     echo "Uso: ./run.sh [gravacao]            fatia a gravacao, ou a que vem junto, e passeia pelo painel; tudo fica em out/"
     echo "     ./run.sh --janela [gravacao]   abre a gravacao numa janela, sob o Wine; a tecla A abre o painel"
 }
-preset=native targets=(fatiar passeio)
+preset=run targets=(fatiar passeio)
 case "${1:-}" in
     -h | --help | --ajuda) usage && exit ;;
-    --janela) preset=windows targets=(studio) && shift ;;
+    --janela) preset=window targets=(studio) && shift ;;
 esac
 if [ $# -gt 1 ] || [[ "${1:-}" = -* ]]; then
     usage >&2
@@ -21,7 +21,7 @@ out=out
 [ "$PWD" -ef "$root" ] || out=$root/out  # so that what is told of it is true where the user stands
 
 cd "$root"
-scripts/setup.sh
+scripts/setup.sh $preset
 [ -e build/$preset ] && echo "Compilando..." || echo "Compilando; a primeira vez leva alguns minutos..."
 mkdir -p build
 if ! { cmake --preset $preset && cmake --build --preset $preset --target "${targets[@]}"; } >build/run.log 2>&1; then
@@ -30,7 +30,7 @@ if ! { cmake --preset $preset && cmake --build --preset $preset --target "${targ
     exit 1
 fi
 
-if [ $preset = windows ]; then
+if [ $preset = window ]; then
     refuse() {
         echo "'$recording' nao existe, ou nao e audio que se possa ler" >&2
         exit 2
@@ -46,8 +46,8 @@ if [ $preset = windows ]; then
     [ -n "${DISPLAY:-}" ] || echo "Sem DISPLAY: a janela abre num monitor virtual, onde ninguem a ve. Para ve-la, rode" \
         "numa sessao grafica ou por ssh -X. Ctrl+C termina." >&2
     echo "Abrindo $recording no studio; a tecla A abre o painel"
-    exec scripts/wine.sh --janela build/windows/studio.exe "$recording"
+    exec scripts/wine.sh --janela build/window/studio.exe "$recording"
 fi
 echo "Fatiando $recording"
-build/native/fatiar "$recording" -o "$out" --csv --json
-build/native/passeio "$recording" "$out"
+build/run/fatiar "$recording" -o "$out" --csv --json
+build/run/passeio "$recording" "$out"

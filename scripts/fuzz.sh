@@ -6,6 +6,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:?usage: fuzz.sh SECONDS [draw|glyph|text|files ...]}
 shift
 [ $# -gt 0 ] || set -- draw glyph text files
+scripts/setup.sh develop
 cmake -S . -B build/fuzz -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ \
     -DCMAKE_CXX_FLAGS_DEBUG="-O1 -g1 -fsanitize=fuzzer-no-link" -DQUILMO_SANITIZE=ON -DQUILMO_FUZZ=ON >/dev/null
 cmake --build build/fuzz -j2 --target "${@/#/fuzz_}"

@@ -3,6 +3,7 @@
 # several lengths, over the faint noise that any room has. The same tools give the same file.
 set -eu
 cd "$(dirname "$0")/.."
+scripts/setup.sh recording
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 

@@ -1,21 +1,32 @@
 #!/usr/bin/env bash
-# Installs what scripts/packages.txt lists and this machine lacks. Where that cannot be done it names what is missing;
-# with CI=true that is a failure.
+# setup.sh GROUP: installs what scripts/packages.txt lists for that group and this machine lacks. Where that cannot be done
+# it fails, names what is missing and says what to type.
 set -u
 cd "$(dirname "$0")/.." || exit 2
+group=${1:?usage: setup.sh GROUP}
 
-missing=()
-while read -r package; do
-    case "$package" in '' | '#'*) continue ;; esac
-    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
-done <scripts/packages.txt
-[ ${#missing[@]} -eq 0 ] && exit 0
+lacking() { # those of the packages named that are not installed
+    for package; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || echo "$package"
+    done
+}
 
-echo "Installing: ${missing[*]}"
+mapfile -t wanted < <(awk -v group="$group" '!/^#/ {for (i = 2; i <= NF; ++i) if ($i == group) print $1}' scripts/packages.txt)
+[ ${#wanted[@]} -gt 0 ] || { echo "setup.sh: no group '$group' in scripts/packages.txt" >&2; exit 2; }
+mapfile -t missing < <(lacking "${wanted[@]}")
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+echo "Instalando: ${missing[*]}"
 sudo=; [ "$(id -u)" -eq 0 ] || sudo=sudo
 export DEBIAN_FRONTEND=noninteractive
-if $sudo apt-get update -q && $sudo apt-get install -y -q --no-install-recommends "${missing[@]}"; then exit 0; fi
+install() { $sudo apt-get install -y -q --no-install-recommends "$@"; }
+$sudo apt-get update -q
+install "${missing[@]}" && exit 0
 
-echo "Could not install: ${missing[*]}. What needs them is left out or will fail." >&2
-[ "${CI:-}" = true ] && exit 1
-exit 0
+# One name that cannot be had keeps all of them out; so each by itself, to tell which.
+for package in "${missing[@]}"; do install "$package" >/dev/null 2>&1; done
+mapfile -t missing < <(lacking "${missing[@]}")
+[ ${#missing[@]} -gt 0 ] || exit 0
+echo "Falta, e nao se pode instalar: ${missing[*]}" >&2
+echo "Instale e rode de novo:  sudo apt-get update && sudo apt-get install ${missing[*]}" >&2
+exit 1
