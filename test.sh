@@ -1,17 +1,30 @@
 #!/usr/bin/env bash
-# Builds and runs every suite: native, under sanitizers, and the same suites on the Windows build under Wine.
-# Ends with one line "N passed, M failed".
+# test.sh [PRESET...]: looks at the sources, then builds and runs every suite: native, under sanitizers,
+# and the same suites on the Windows build under Wine; or those presets only. Ends with one line "N passed, M failed".
 set -u
 case "${1:-}" in -h | --help) sed -n '2,/^set/s/^# //p' "$0" && exit ;; esac
 cd "$(dirname "$0")" || exit 2
-scripts/setup.sh || exit 1
+[ $# -gt 0 ] || set -- native sanitize windows
+for preset; do
+    [[ $preset =~ ^(native|sanitize|windows)$ ]] || { echo "test.sh: no preset '$preset' with tests" >&2; exit 2; }
+done
+scripts/setup.sh test || exit 1
 
 # The tests of that result in the log, by each program's own sum.
 count() { sed -n "s/^[0-9]*: \[  $1  \] \([0-9]*\) tests\?[.,].*$/\1/p" "$log" | awk '{n += $1} END {print n + 0}'; }
 
 passed=0
 failed=0
-for preset in native sanitize windows; do
+echo "== sources"
+for look in "scripts/format.sh --check"; do # each counts as a test
+    $look
+    case $? in
+        0) passed=$((passed + 1)) ;;
+        77) ;; # skipped, and it has said so
+        *) failed=$((failed + 1)) ;;
+    esac
+done
+for preset; do
     echo "== $preset"
     cmake --preset "$preset" >/dev/null && cmake --build --preset "$preset" -j2 || { failed=$((failed + 1)); continue; }
     log=build/$preset/tests.log
