@@ -19,7 +19,7 @@ static const struct {
 
 void PaginaPrincipal(HWND janela, HDC dc) {
     if (ModoFatiadorAtivo) return PaginaFatiador(janela, dc);
-    ContextoGrade contexto = {ComecarPasse(janela), Mouse};
+    ContextoGrade contexto = {ComecarPasse(janela, "principal"), Mouse};
     for (const auto& [y, h, desenhar] : Linhas) {
         contexto.y = y;
         contexto.h = h;

@@ -1,6 +1,6 @@
 #include "panel/pass.h"
 
-#include "panel/theme.h"
+#include "panel/observer.h"
 
 static LICE_SysBitmap* fundo = nullptr;  // made by the first pass
 static int passesAbertos = 0;            // more than one while a command inside a pass runs its own message loop
@@ -20,7 +20,8 @@ static void NotarCliques() {
     Mouse.direitoSeguroAntes = Mouse.direitoSeguro;
 }
 
-LICE_IBitmap* ComecarPasse(HWND janela) {
+LICE_IBitmap* ComecarPasse(HWND janela, const char* pagina) {
+    PaginaEmCurso = pagina;
     NotarCliques();
     AcaoRepetir = nullptr;
     RECT cliente{};

@@ -7,8 +7,8 @@
 #include "panel/state.h"
 
 // Notes which buttons went down since the last pass, forgets what was to be repeated, and gives the back buffer, as
-// large as the client area and cleared.
-LICE_IBitmap* ComecarPasse(HWND janela);
+// large as the client area and cleared. The page's name is for an observer.
+LICE_IBitmap* ComecarPasse(HWND janela, const char* pagina);
 void TerminarPasse(HDC dc);  // once for each ComecarPasse: copies the back buffer to the window
 
 // The panel is closed: frees the back buffer, or leaves that to the end of the pass that is still running.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "panel/grid.h"
+#include "panel/observer.h"
 #include "panel/pass.h"
 #include "panel/status.h"
 #include "slicer/presets.h"
@@ -130,6 +131,7 @@ void PerguntarPreset(ContextoGrade& contexto, const RECT& cliente) {
     const auto clicou = [&contexto](const Celula& c, const AspectoBotao& aspecto) {
         return Botao(contexto.bm, contexto.mouse, c, aspecto).cliqueEsquerdo;
     };
+    PaginaEmCurso = "pergunta";
     LICE_FillRect(contexto.bm, 0, 0, cliente.right, cliente.bottom, 0xD9000000, 0.85f, LICE_BLIT_MODE_COPY);
     PreencheArredondado(contexto.bm, bx, by, larguraCaixa, alturaCaixa, raioCaixa, 0xFF28282D, 1.0f);
     clicou({bx + 10, by + 10, 260, 30}, {.rotulo = "Salvar em qual Preset?", .cor = {40, 40, 45}, .desativado = true});
@@ -153,7 +155,7 @@ void AbrirFatiador() {
 void PaginaFatiador(HWND janela, HDC dc) {
     RECT cliente = {};
     GetClientRect(janela, &cliente);
-    ContextoGrade contexto = {ComecarPasse(janela), Mouse};
+    ContextoGrade contexto = {ComecarPasse(janela, "fatiador"), Mouse};
     LinhaPresets(contexto, 35);
     LinhaDeAjuste<double>(contexto, 69,
                           {thresholdDb, -80.0, -6.0, "db", "Piso de Silencio: %.1f dB", "DIMINUIR PISO",

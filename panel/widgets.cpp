@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "panel/icons.h"
+#include "panel/observer.h"
 
 static bool DentroDaCelula(const Celula& c, const EstadoMouse& mouse) {
     return mouse.x >= c.x && mouse.x <= c.x + c.w && mouse.y >= c.y && mouse.y <= c.y + c.h;
@@ -75,6 +76,7 @@ ResultadoBotao Botao(LICE_IBitmap* bm, const EstadoMouse& mouse, const Celula& c
                                       .cliqueDireito = sobre && mouse.direitoApertou,
                                       .sobre = sobre,
                                       .dica = sobre ? aspecto.dica : nullptr};
+    if (Observador) Observador({PaginaEmCurso, c, aspecto, sobre, apertado});
 
     CorBase cor = CorDoEstado(aspecto.cor, apertado, sobre);
     if (aspecto.ativo) cor = Somar(cor, 40);
@@ -97,6 +99,10 @@ ResultadoBotao Botao(LICE_IBitmap* bm, const EstadoMouse& mouse, const Celula& c
     else if (aspecto.rotulo)
         RotuloNoCentro(bm, c, aspecto.rotulo, corDoTexto, d);
     return resultado;
+}
+
+static AspectoBotao AspectoDe(const AspectoSlider& s) {
+    return {.rotulo = s.rotulo, .cor = s.cor, .dica = s.dica, .desativado = s.desativado};
 }
 
 ResultadoSlider SliderPainel(LICE_IBitmap* bm, const EstadoMouse& mouse, const char*& arrastado, const Celula& c,
@@ -125,6 +131,7 @@ ResultadoSlider SliderPainel(LICE_IBitmap* bm, const EstadoMouse& mouse, const c
             preso = false;
         }
     }
+    if (Observador) Observador({PaginaEmCurso, c, AspectoDe(aspecto), aceso, preso, &aspecto});
 
     PreencheArredondado(bm, c.x, c.y, c.w, c.h, RaioDoCanto, aceso ? 0xFF2E2E32 : 0xFF262628, 1.0f);
     // In this order what is not a number counts as nothing.

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 struct PixelRows {
     const uint32_t* first;  // 0xAARRGGBB; the top row's, from the left
@@ -12,3 +13,6 @@ struct PixelRows {
 };
 // The picture without its alpha. False when the file cannot be written; what was begun is taken away.
 bool WritePng(const std::string& path, const PixelRows& picture);
+// A picture that WritePng wrote, 0x00RRGGBB from the top, without gaps. False for a file that it would not have
+// written.
+bool ReadPng(const std::string& path, int* width, int* height, std::vector<uint32_t>* pixels);

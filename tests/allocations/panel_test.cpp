@@ -8,17 +8,17 @@ namespace {
 
 class SemAlocar : public Painel {
   protected:
-    // The pointer down the page in several columns, so that each widget is lit and tells its tooltip.
-    void Passear() {
-        for (const int x : {20, 60, 100, 140, 180, 220, 260, 300})
-            for (int y = 5; y < 659; y += 10) Mover(x, y);
+    // The pointer goes to each widget, which is lit and tells its tooltip.
+    static void Passear(const std::vector<WidgetNaTela>& widgets) {
+        for (const WidgetNaTela& w : widgets) driver::Move(JanelaPainel, w.Meio().x, w.Meio().y);
         InvalidateRect(JanelaPainel, nullptr, FALSE);
         driver::Pump();
     }
     int64_t AlocacoesDeUmPasseio() {
-        Passear();
+        const std::vector<WidgetNaTela> widgets = Widgets();
+        Passear(widgets);
         const int64_t antes = AllocationsMade();
-        Passear();
+        Passear(widgets);
         return AllocationsMade() - antes;
     }
 };

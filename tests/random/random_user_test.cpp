@@ -40,6 +40,10 @@ class UsuarioAleatorio : public Painel {
         };
         host.recordingSource = UmaFonte();
         EsperarMenu();
+        Abrir();
+        fatiador = Achar("AUTO FATIADOR").Meio();
+        GetClientRect(JanelaPainel, &cliente);
+        Fechar();
     }
 
     // --- The project, as the host's own windows and other scripts change it
@@ -131,9 +135,10 @@ class UsuarioAleatorio : public Painel {
     void ApontarAoAcaso() {
         if (!JanelaPainel) return;
         if (perto = acaso.Chance(10); perto)
-            return Mover(80, 285);  // the slicer's button, and its page's frozen or empty ground
+            return Mover(fatiador.x, fatiador.y);  // the slicer's button, and its page's frozen or empty ground
         perto = !acaso.Chance(12);
-        Mover(perto ? acaso.In(0, 319) : acaso.In(-2000, 2000), perto ? acaso.In(0, 658) : acaso.In(-2000, 2000));
+        Mover(perto ? acaso.In(0, cliente.right - 1) : acaso.In(-2000, 2000),
+              perto ? acaso.In(0, cliente.bottom - 1) : acaso.In(-2000, 2000));
     }
     // Not on a caption or a frame, where the system begins a loop of its own that waits for the user.
     void ApertarNoPainel(Button botao) {
@@ -297,6 +302,8 @@ class UsuarioAleatorio : public Painel {
     bool perto = false;      // the pointer is where the panel's client area is or was
     bool hostMexeu = false;  // in this event, or since the mode began
     std::string antesDoModo;
+    POINT fatiador = {};
+    RECT cliente = {};
     int64_t alocacoes = 0;  // with the panel closed and the project empty
 };
 

@@ -51,9 +51,7 @@ class Previa : public Painel {
         return texto.substr(0, texto.find('\n'));
     }
     int64_t Cortes() { return host.CallCount("GetAudioAccessorSamples"); }
-    void Voltar() { Clicar(80, 260); }
-    void Aplicar() { Clicar(230, 260); }
-    void PisoMenos() { Clicar(28, 87); }
+    void PisoMenos() { Clicar("DIMINUIR PISO"); }
 
     MediaTrack* faixa = nullptr;
     std::string original;
@@ -84,7 +82,7 @@ TEST_F(Previa, VariosItensViramUmAntes) {
     ResponderMensagem(6);
     Entrar();
     EXPECT_TRUE(ModoFatiadorAtivo);
-    Voltar();
+    Clicar("VOLTAR");
     EXPECT_FALSE(ModoFatiadorAtivo);
     EXPECT_EQ(Historico().find("Fatiador"), std::string::npos);
     EXPECT_EQ(Dados(faixa).items.size(), 2u) << "the joining stands";
@@ -103,7 +101,7 @@ TEST_F(Previa, CadaMudancaDesfazECortaDeNovo) {
     EXPECT_EQ(thresholdDb, -42);
     EXPECT_NE(Retrato(), cortado) << "the quiet part sounds at -42 dB";
     Conferir("modo preview bounce", ComPreview);
-    Voltar();
+    Clicar("VOLTAR");
     Conferir("-", "");
     EXPECT_EQ(RetratoCompleto(), original);
     EXPECT_EQ(UltimosGravados(), "LAST_USED=-42.00,55,true");
@@ -115,7 +113,7 @@ TEST_F(Previa, CadaMudancaDesfazECortaDeNovo) {
 TEST_F(Previa, AplicarGuardaOsCortesEODesfazerDoHost) {
     Entrar();
     const std::string cortado = Retrato();
-    Aplicar();
+    Clicar("APLICAR FATIAS");
     Conferir("-", ComPreview);
     EXPECT_EQ(Retrato(), cortado);
     EXPECT_EQ(UltimosGravados(), "LAST_USED=-37.00,55,true");
@@ -124,7 +122,7 @@ TEST_F(Previa, AplicarGuardaOsCortesEODesfazerDoHost) {
     Selecionar({"B"});
     Entrar();
     EXPECT_EQ(thresholdDb, -20);
-    Voltar();
+    Clicar("VOLTAR");
     Conferir("-", ComPreview);
     EXPECT_EQ(Retrato(), cortado) << "what was applied is no preview any more";
     host.Undo();
@@ -145,7 +143,7 @@ TEST_F(Previa, SemItemParaReconhecerFicaVazioAteEleVoltar) {
     host.Undo();
     PisoMenos();
     Conferir("modo preview bounce", ComPreview);
-    Voltar();
+    Clicar("VOLTAR");
     EXPECT_EQ(RetratoCompleto(), original);
 }
 
@@ -154,25 +152,26 @@ TEST_F(Previa, OTopoDoHistoricoMandaNoDesfazer) {
     Entrar();
     PontoDeOutro("Script");
     const std::string cortado = Retrato();
-    Voltar();
+    Clicar("VOLTAR");
     Conferir("-", std::string(ComPreview) + " | Script");
     EXPECT_EQ(Retrato(), cortado);
     host.Undo();
     Selecionar({"B"});
     Entrar();
     for (int i = 0; i < 66; ++i) PontoDeOutro("Fatiador Preview");
-    Voltar();
+    Clicar("VOLTAR");
     EXPECT_EQ(Historico(), std::string(ComPreview) + " | " + ComPreview + " | Fatiador Preview | Fatiador Preview");
 }
 
 TEST_F(Previa, SliderCortaSoAoSoltar) {
     Entrar();
-    Mover(160, 87);
+    const Celula piso = Achar("AJUSTA O PISO").lugar;
+    Mover("AJUSTA O PISO");
     Apertar();
     const std::string antes = Retrato();
     const int64_t cortes = Cortes();
-    Mover(180, 87);
-    EXPECT_EQ(thresholdDb, std::floor((180 - 53) / 214.0 * 74 - 80));
+    Mover(180, piso.y);
+    EXPECT_EQ(thresholdDb, std::floor((180.0 - piso.x) / piso.w * 74 - 80));
     Mover(900, 5);
     EXPECT_EQ(thresholdDb, -6);
     Mover(150, 300);
@@ -183,7 +182,7 @@ TEST_F(Previa, SliderCortaSoAoSoltar) {
     EXPECT_GT(Cortes(), cortes);
     Conferir("modo preview bounce", ComPreview);
     // A drag that outside work cut short does not go on in the next run.
-    Mover(160, 87);
+    Mover("AJUSTA O PISO");
     Apertar();
     SetForegroundWindow(outra);
     driver::Pump();
@@ -217,24 +216,32 @@ TEST_F(Previa, NadaMaisMexeNosCortesEnquantoSaoFeitos) {
 // A step tests its own limit only, and cuts anew also there.
 TEST_F(Previa, PassosEPresets) {
     Entrar();
-    constexpr double menos = 28, mais = 292;  // the x of the buttons
-    const double pisos[][3] = {{-80, menos, -80}, {-6, mais, -6}, {-90, menos, -80},    {-90, mais, -89},
-                               {3, mais, -6},     {3, menos, 2},  {-37.5, menos, -38.5}};
-    const double blocos[][3] = {{500, mais, 500}, {2147483647, mais, 500}, {-2147483648.0, menos, 1}, {1, menos, 1}};
-    const auto passo = [this](auto& valor, const double(&caso)[3], int y) {
-        const int64_t cortes = Cortes();
-        valor = static_cast<std::decay_t<decltype(valor)>>(caso[0]);
-        Clicar(static_cast<int>(caso[1]), y);
-        EXPECT_EQ(valor, caso[2]) << caso[0];
-        EXPECT_GT(Cortes(), cortes) << caso[0];
+    const struct {
+        const char* botao;
+        double antes, depois;
+    } casos[] = {
+        {"DIMINUIR PISO", -80, -80},         {"AUMENTA PISO", -6, -6},    {"DIMINUIR PISO", -90, -80},
+        {"AUMENTA PISO", -90, -89},          {"AUMENTA PISO", 3, -6},     {"DIMINUIR PISO", 3, 2},
+        {"DIMINUIR PISO", -37.5, -38.5},     {"AUMENTA BLOCO", 500, 500}, {"AUMENTA BLOCO", 2147483647, 500},
+        {"DIMINUI BLOCO", -2147483648.0, 1}, {"AUMENTA BLOCO", 55, 56},   {"DIMINUI BLOCO", 1, 1},
     };
-    for (const auto& caso : pisos) passo(thresholdDb, caso, 87);
-    for (const auto& caso : blocos) passo(blocoMs, caso, 133);
-    Clicar(160, 180);
+    const auto passo = [this](auto& valor, const auto& caso) {
+        const int64_t cortes = Cortes();
+        valor = static_cast<std::decay_t<decltype(valor)>>(caso.antes);
+        Clicar(caso.botao);
+        EXPECT_EQ(valor, caso.depois) << caso.botao;
+        EXPECT_GT(Cortes(), cortes) << caso.botao;
+    };
+    for (const auto& caso : casos)
+        if (std::string_view(caso.botao).ends_with("PISO"))
+            passo(thresholdDb, caso);
+        else
+            passo(blocoMs, caso);
+    Clicar("FECHA LACUNAS?");
     EXPECT_FALSE(fecharLacunas);
-    Clicar(28 + 2 * 51, 47, driver::Button::Right);
+    Clicar("P3", driver::Button::Right);
     EXPECT_EQ(blocoMs, 1) << "only left clicks count";
-    Clicar(28 + 2 * 51, 47);
+    Clicar("P3");
     EXPECT_EQ(thresholdDb, -30);
     EXPECT_EQ(blocoMs, 60);
     EXPECT_TRUE(fecharLacunas);
@@ -242,18 +249,19 @@ TEST_F(Previa, PassosEPresets) {
 
 TEST_F(Previa, PerguntaCongelaAPaginaESalvaUmPreset) {
     Entrar();
-    Clicar(160, 220);
+    Clicar("SALVAR PRESET");
     ASSERT_TRUE(SalvarPresetAberto);
     const int64_t cortes = Cortes();
-    for (const int y : {47, 87, 133, 180, 220, 260}) Clicar(30, y);
+    for (const WidgetNaTela& w : Widgets())
+        if (w.pagina == "fatiador") Clicar(w.Meio().x, w.Meio().y);
     EXPECT_TRUE(ModoFatiadorAtivo && SalvarPresetAberto);
     thresholdDb = -33.25;
-    Clicar(30 + 88 + 40, 279 + 41 + 18);  // P5
+    Clicar("P5");
     EXPECT_FALSE(SalvarPresetAberto);
     EXPECT_EQ(PresetsFatiador[4].thresholdDb, -33.25);
     EXPECT_EQ(Cortes(), cortes) << "neither the frozen page nor storing cuts anew";
-    Clicar(160, 220);
-    Clicar(160, 397);
+    Clicar("SALVAR PRESET");
+    Clicar("CANCELAR");
     EXPECT_FALSE(SalvarPresetAberto);
     thresholdDb = -44;
     SetForegroundWindow(outra);

@@ -1,5 +1,9 @@
 #include "tests/support/panel_scene.h"
 
+#include <cstdio>
+#include <stdexcept>
+
+#include "panel/observer.h"
 #include "panel/status.h"
 #include "slicer/preview.h"
 
@@ -75,6 +79,52 @@ RECT Painel::Lugar() {
     return r;
 }
 
+static std::string Estado(const WidgetVisto& v) {
+    std::string estado = v.aspecto.desativado ? "desativado" : v.apertado ? "apertado" : v.sobre ? "sobre" : "parado";
+    return v.aspecto.ativo ? estado + "+ativo" : estado;
+}
+
+static WidgetNaTela Copiar(const WidgetVisto& v) {
+    const auto texto = [](const char* t) { return std::string(t ? t : ""); };
+    const auto& [x, y, w, h] = v.lugar;
+    const auto& [r, g, b] = v.aspecto.cor;
+    char cor[40], lugar[40], faixa[60] = "";
+    std::snprintf(cor, sizeof cor, "%d %d %d", r, g, b);
+    std::snprintf(lugar, sizeof lugar, "%3d %3d %3d %2d", x, y, w, h);
+    if (v.slider) std::snprintf(faixa, sizeof faixa, " %g %g %g", v.slider->valor, v.slider->minimo, v.slider->maximo);
+    WidgetNaTela widget = {v.pagina, texto(v.aspecto.rotulo), texto(v.aspecto.icone), texto(v.aspecto.dica), cor, "",
+                           v.lugar};
+    for (const std::string& parte : {widget.rotulo, widget.icone, widget.dica}) widget.linha += " \"" + parte + '"';
+    widget.linha = std::string(lugar) + "  " + cor + "  " + Estado(v) + widget.linha + faixa;
+    return widget;
+}
+
+std::vector<WidgetNaTela> Painel::Widgets() {
+    static std::vector<WidgetNaTela> vistos;
+    vistos.clear();
+    Observador = [](const WidgetVisto& v) { vistos.push_back(Copiar(v)); };
+    InvalidateRect(JanelaPainel, nullptr, FALSE);
+    UpdateWindow(JanelaPainel);
+    Observador = nullptr;
+    return vistos;
+}
+
+WidgetNaTela Painel::Achar(const std::string& nome) {
+    std::vector<WidgetNaTela> achados;
+    for (const WidgetNaTela& w : Widgets()) {
+        if (nome != w.rotulo && nome != w.icone && nome != w.dica && nome != w.cor) continue;
+        if (!achados.empty() && achados.back().pagina != w.pagina) achados.clear();
+        achados.push_back(w);
+    }
+    if (achados.size() != 1) throw std::runtime_error(std::to_string(achados.size()) + " widgets are called " + nome);
+    return achados[0];
+}
+
+void Painel::Mover(const std::string& nome) {
+    const POINT meio = Achar(nome).Meio();
+    Mover(meio.x, meio.y);
+}
+
 void Painel::Mover(int x, int y) {
     driver::Move(JanelaPainel, x, y);
 }
@@ -89,6 +139,12 @@ void Painel::Soltar(driver::Button botao) {
 
 void Painel::Clicar(int x, int y, driver::Button botao) {
     Mover(x, y);
+    Apertar(botao);
+    Soltar(botao);
+}
+
+void Painel::Clicar(const std::string& nome, driver::Button botao) {
+    Mover(nome);
     Apertar(botao);
     Soltar(botao);
 }

@@ -4,11 +4,21 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "panel/state.h"
+#include "panel/widgets.h"
 #include "panel/window.h"
 #include "tests/support/desktop_driver.h"
 #include "tests/support/scene.h"
+
+// A widget as a pass shows it.
+struct WidgetNaTela {
+    std::string pagina, rotulo, icone, dica, cor;
+    std::string linha;  // all that an observer is told, as data/painel.txt keeps it
+    Celula lugar;
+    POINT Meio() const { return {lugar.x + lugar.w / 2, lugar.y + lugar.h / 2}; }
+};
 
 class Painel : public Cena {
   protected:
@@ -19,10 +29,17 @@ class Painel : public Cena {
     void Fechar();  // by the window's close button
     RECT Lugar();   // of the panel on the screen
 
+    static std::vector<WidgetNaTela> Widgets();  // of a pass of its own, in their order
+    // A widget goes by its label, its icon, its tooltip, or its colour as "r g b". Of two pages the one on top counts;
+    // throws when the page has none of that name, or several.
+    static WidgetNaTela Achar(const std::string& nome);
+
     void Mover(int x, int y);
+    void Mover(const std::string& nome);  // to its middle
     void Apertar(driver::Button botao = driver::Button::Left);
     void Soltar(driver::Button botao = driver::Button::Left);
     void Clicar(int x, int y, driver::Button botao = driver::Button::Left);
+    void Clicar(const std::string& nome, driver::Button botao = driver::Button::Left);
     bool EsperarTique(UINT_PTR timer);  // false when the panel has no such timer
 
     // Sees the panel's messages before the panel does; true keeps one from it.

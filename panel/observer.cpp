@@ -1,0 +1,4 @@
+#include "panel/observer.h"
+
+void (*Observador)(const WidgetVisto&) = nullptr;
+const char* PaginaEmCurso = "";
