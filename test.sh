@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# test.sh [PRESET...]: looks at the sources, then builds and runs every suite: native, under sanitizers,
+# test.sh [PRESET...]: looks at the sources (format, includes), then builds and runs every suite: native, under sanitizers,
 # and the same suites on the Windows build under Wine; or those presets only. Ends with one line "N passed, M failed".
 set -u
 case "${1:-}" in -h | --help) sed -n '2,/^set/s/^# //p' "$0" && exit ;; esac
@@ -16,7 +16,7 @@ count() { sed -n "s/^[0-9]*: \[  $1  \] \([0-9]*\) tests\?[.,].*$/\1/p" "$log" |
 passed=0
 failed=0
 echo "== sources"
-for look in "scripts/format.sh --check"; do # each counts as a test
+for look in "scripts/format.sh --check" "python3 scripts/check_includes.py"; do # each counts as a test
     $look
     case $? in
         0) passed=$((passed + 1)) ;;
