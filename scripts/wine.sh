@@ -9,6 +9,7 @@ if [ "${1:?usage: wine.sh [--janela] PROGRAM [ARGUMENT...]}" = --janela ]; then
     [ -z "${DISPLAY:-}" ] || prefix=wineprefix-janela seen=yes
 fi
 export WINEPREFIX="${WINEPREFIX:-$here/build/windows/$prefix}"
+[ "$(locale charmap)" = UTF-8 ] || export LC_ALL=C.UTF-8 # else Wine makes no file with an accent in its name
 export WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
 mkdir -p "$WINEPREFIX"
 wine=/usr/lib/wine/wine64
