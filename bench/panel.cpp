@@ -3,6 +3,7 @@
 // sizes, an icon where ours has one, fonts warm, then copied.
 #include <benchmark/benchmark.h>
 
+#include <map>
 #include <numbers>
 #include <string>
 #include <vector>
@@ -10,7 +11,7 @@
 #include "bench/cairo_page.h"
 #include "bench/ratios.h"
 #include "module/entry.h"
-#include "panel/grid.h"
+#include "panel/observer.h"
 #include "panel/state.h"
 #include "platform/win32.h"
 #include "simhost/host.h"
@@ -61,44 +62,27 @@ struct Box {
     Icon icon;
 };
 
-// The main page's widgets: rows of labels, each with the span of its button on the page's grid.
+Icon IconOf(const char* name) {
+    static const std::map<std::string, Icon> icons = {
+        {"rec", Icon::Disc},           {"stop", Icon::Square},          {"play", Icon::Triangle},
+        {"up", Icon::Triangle},        {"down", Icon::Triangle},        {"left", Icon::Triangle},
+        {"right", Icon::Triangle},     {"start", Icon::TriangleAndBar}, {"zoom_in", Icon::Lens},
+        {"end", Icon::TriangleAndBar}, {"zoom_vert", Icon::Arrows},     {"zoom_sel", Icon::Lens},
+        {"zoom_all", Icon::Lens},      {"clear", Icon::Cross}};
+    return name ? icons.at(name) : Icon::None;
+}
+
+// The main page's buttons, and its strip at the end.
 std::vector<Box> Scene() {
-    struct Cell {
-        int span;
-        const char* label;
-        Icon icon = Icon::None;
+    static std::vector<Box> boxes;
+    boxes.clear();
+    OpenPanel panel;
+    Observador = [](const WidgetVisto& v) {
+        const auto& [x, y, w, h] = v.lugar;
+        boxes.push_back({x, y, w, h, v.aspecto.rotulo ? v.aspecto.rotulo : "", IconOf(v.aspecto.icone)});
     };
-    const Cell triangle = {2, "", Icon::Triangle}, toEnd = {2, "", Icon::TriangleAndBar}, lens = {2, "", Icon::Lens};
-    const std::vector<Cell> colours(8, {1, ""});
-    std::vector<Cell> clearAndColours = colours;
-    clearAndColours[0].icon = Icon::Cross;
-    const struct {
-        int y, h;
-        std::vector<Cell> cells;
-    } rows[] = {{26, 32, {{8, "GRAVAR", Icon::Disc}}},
-                {62, 32, {{8, "PLAY / PAUSE", Icon::Triangle}}},
-                {98, 32, {{8, "PARAR", Icon::Square}}},
-                {134, 36, {toEnd, triangle, triangle, toEnd}},
-                {224, 36, {{2, "[< TRIM"}, {2, "PARTIR"}, {2, "TRIM >]"}, {1, "DEL"}, {1, "[R]"}}},
-                {269, 36, {{4, "AUTO FATIADOR"}, {4, "FECHAR LACUNAS"}}},
-                {314, 36, {{3, "SELECIONAR"}, {3, "S. FLOW"}, {2, "S. TIME"}}},
-                {359, 36, {{2, "DUP"}, {2, "VOL"}, triangle, {2, "MUTE"}}},
-                {399, 36, {{2, "MEDIA"}, triangle, triangle, triangle}},
-                {444, 36, {lens, {2, "", Icon::Arrows}, lens, lens}},
-                {489, 36, {{2, "BOUNCE"}, {2, "STEM"}, {2, "STEREO"}, {2, "MONO"}}},
-                {530, 36, {{2, "RENDER"}, {2, "DESKTOP"}, {2, "FOLDER"}, {2, "CONFIG"}}},
-                {575, 36, colours},
-                {615, 36, clearAndColours}};
-    std::vector<Box> boxes;
-    for (const auto& [y, h, cells] : rows) {
-        int column = 1;
-        for (const Cell& cell : cells) {
-            const auto [x, w] = PosicaoGrade(column, cell.span);
-            boxes.push_back({x, y, w, h, cell.label, cell.icon});
-            column += cell.span;
-        }
-    }
-    for (int i = 0; i < 9; ++i) boxes.push_back({8 + 34 * i, 179, 30, 36, std::string(1, "1234567+-"[i]), Icon::None});
+    OpenPanel::Paint();
+    Observador = nullptr;
     return boxes;
 }
 
@@ -160,7 +144,9 @@ void DrawIcon(cairo_t* cr, const Box& box) {
 }
 
 void PassCairo(benchmark::State& state) {
-    const std::vector<Box> boxes = Scene();
+    std::vector<Box> boxes = Scene();
+    const Box strip = boxes.back();
+    boxes.pop_back();
     const CairoPage back(Width, Height, CAIRO_FORMAT_RGB24), window(Width, Height, CAIRO_FORMAT_RGB24);
     cairo_t* const cr = back.cr;
     cairo_select_font_face(cr, "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_BOLD);
@@ -177,12 +163,12 @@ void PassCairo(benchmark::State& state) {
             DrawIcon(cr, box);
             if (!box.label.empty()) DrawLabel(cr, box, TamanhoDaFonte(box.w));
         }
-        cairo_rectangle(cr, 8, 3, Width - 16, 22);
+        cairo_rectangle(cr, strip.x, strip.y, strip.w, strip.h);
         cairo_set_source_rgba(cr, 0.08, 0.08, 0.09, 0.95);
         cairo_fill_preserve(cr);
         cairo_set_source_rgba(cr, 1, 1, 1, 0.03);
         cairo_stroke(cr);
-        DrawLabel(cr, {8, 3, Width - 16, 22, "PAINEL PRONTO", Icon::None}, 12);
+        DrawLabel(cr, strip, 12);
         cairo_set_source_surface(window.cr, back.surface, 0, 0);
         cairo_paint(window.cr);
         benchmark::ClobberMemory();

@@ -1,5 +1,8 @@
 #include "apps/common/user.h"
 
+#include <cmath>
+
+#include "apps/common/panel_list.h"
 #include "apps/common/recording.h"
 #include "apps/common/tool.h"
 
@@ -16,15 +19,24 @@ HWND OpenMainWindow() {
     return window;
 }
 
-void User::PointAt(Place place) {
-    POINT at{place.x, place.y};
+void User::Move(int x, int y) {
+    POINT at{x, y};
     ClientToScreen(panel_, &at);
     desktop::MoveMouse(at.x, at.y);
     desktop::AdvanceClock(SettleMs);
 }
 
-void User::Press(Place place) {
-    PointAt(place);
+void User::PointAt(const std::string& widget) {
+    const Widget at = FindWidget(widget);
+    Move(at.x + at.w / 2, at.y + at.h / 2);
+}
+
+void User::PointAtNothing() {
+    Move(0, 0);
+}
+
+void User::Press(const std::string& widget) {
+    PointAt(widget);
     desktop::Press(desktop::Button::Left);
     desktop::AdvanceClock(MomentMs);
 }
@@ -34,17 +46,22 @@ void User::Release() {
     desktop::AdvanceClock(SettleMs);
 }
 
-void User::Click(Place place) {
-    Press(place);
+void User::Click(const std::string& widget) {
+    Press(widget);
     Release();
 }
 
-void User::Drag(Place from, Place to) {
+void User::Slide(const std::string& slider, int value) {
     constexpr int steps = 8;
-    PointAt(from);
-    desktop::Press(desktop::Button::Left);
-    for (int i = 1; i <= steps; ++i)
-        PointAt({from.x + (to.x - from.x) * i / steps, from.y + (to.y - from.y) * i / steps});
+    const Widget s = FindWidget(slider);
+    const auto column = [&s](double v) {
+        return s.x + static_cast<int>(std::ceil((v - s.lowest) / (s.highest - s.lowest) * s.w));
+    };
+    const int from = column(s.value), to = column(value);
+    for (int i = 0; i <= steps; ++i) {
+        Move(from + (to - from) * i / steps, s.y + s.h / 2);
+        if (i == 0) desktop::Press(desktop::Button::Left);
+    }
     Release();
 }
 

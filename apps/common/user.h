@@ -1,6 +1,6 @@
 // apps/common/user.h
-// The user in front of the panel, who moves the mouse and looks at the window. Places are in the panel's client area.
-// Time passes between two moves, so that the panel's timers run.
+// The user in front of the panel, who moves the mouse and looks at the window. Widgets go by their names in
+// apps/common/panel_list.h. Time passes between two moves, so that the panel's timers run.
 #pragma once
 #include <string>
 
@@ -9,25 +9,24 @@
 
 HWND OpenMainWindow();  // the host's, in front of which the panel opens
 
-struct Place {
-    int x, y;
-};
-
 class User {
   public:
     explicit User(HWND panel) : panel_(panel) {}
 
-    void PointAt(Place place);
-    void Press(Place place);
+    void PointAt(const std::string& widget);
+    void PointAtNothing();
+    void Press(const std::string& widget);
     void Release();
-    void Click(Place place);
-    void Drag(Place from, Place to);
-    void CloseWindow();  // by the button in its title bar
+    void Click(const std::string& widget);
+    void Slide(const std::string& slider, int value);  // from the value that it has at first
+    void CloseWindow();                                // by the button in its title bar
     desktop::Picture Look() const { return desktop::PictureOf(panel_); }
     // The window, or its lines from `top` on, `height` of them. Throws when the file cannot be written.
     void Photograph(const std::string& pngPath, int top = 0, int height = 0) const;
 
   private:
+    void Move(int x, int y);
+
     HWND panel_;
 };
 

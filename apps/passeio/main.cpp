@@ -19,11 +19,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Where a user sees them. The slider runs from -80 dB at x = 53 to -6 dB at x = 267.
-constexpr Place AutoSlicer = {84, 287}, SavePreset = {160, 220}, CancelPrompt = {160, 397};
-constexpr Place SliderAtMinus37 = {177, 87}, SliderAtMinus20 = {227, 87}, SecondPreset = {82, 47};
-constexpr Place ApplySlices = {236, 261}, DesktopExport = {123, 548};
-
 // The module keeps its files in this home. It is emptied at the start, so that each walk is a first one.
 constexpr char HomeName[] = "casa-do-passeio";
 
@@ -117,7 +112,7 @@ void Walk::OpenPanel() {
     const desktop::Picture idle = user_.Look();
     Tell("abrir o painel", "%d x %d pontos", idle.width, idle.height);
 
-    user_.PointAt(AutoSlicer);
+    user_.PointAt("AUTO FATIADOR");
     const desktop::Picture lit = user_.Look();
     size_t changed = 0;
     for (size_t i = 0; i < lit.pixels.size(); ++i) changed += lit.pixels[i] != idle.pixels[i];
@@ -126,7 +121,7 @@ void Walk::OpenPanel() {
 }
 
 void Walk::Slice() {
-    user_.Click(AutoSlicer);
+    user_.Click("AUTO FATIADOR");
     Expect(host_.messages.empty(), host_.messages.empty() ? "" : "o painel recusou: " + host_.messages[0].text);
     Expect(InPreview(), "AUTO FATIADOR nao fatiou");
     TellPieces("AUTO FATIADOR (-37 dB)");
@@ -142,33 +137,33 @@ void Walk::CutAnew(const char* step, Deed deed) {
 }
 
 void Walk::Adjust() {
-    CutAnew("arrastar para -20 dB", [this] { user_.Drag(SliderAtMinus37, SliderAtMinus20); });
+    CutAnew("arrastar para -20 dB", [this] { user_.Slide("AJUSTA O PISO", -20); });
     PhotographArrangement("arranjo-previa.png");
-    CutAnew("preset P2 (-40 dB)", [this] { user_.Click(SecondPreset); });
+    CutAnew("preset P2 (-40 dB)", [this] { user_.Click("P2"); });
 }
 
 void Walk::AskAndCancel() {
-    user_.PointAt(SavePreset);
+    user_.PointAt("SALVAR PRESET");
     const desktop::Picture before = user_.Look();
-    user_.Click(SavePreset);
+    user_.Click("SALVAR PRESET");
     Photograph("pergunta.png");
     Expect(user_.Look().pixels != before.pixels, "SALVAR PRESET nao perguntou nada");
-    user_.Click(CancelPrompt);
-    user_.PointAt(SavePreset);
+    user_.Click("CANCELAR");
+    user_.PointAt("SALVAR PRESET");
     Expect(user_.Look().pixels == before.pixels, "depois de CANCELAR a pagina nao e a de antes");
     Tell("SALVAR PRESET", "a pergunta abriu; CANCELAR voltou a pagina como era");
 }
 
 void Walk::Apply() {
     const desktop::Picture slicer = user_.Look();
-    user_.Click(ApplySlices);
+    user_.Click("APLICAR FATIAS");
     Expect(InPreview() && user_.Look().pixels != slicer.pixels, "APLICAR FATIAS nao ficou com as fatias");
     TellPieces("APLICAR FATIAS");
     PhotographArrangement("arranjo-aplicado.png");
 }
 
 void Walk::Export() {
-    user_.Click(DesktopExport);
+    user_.Click("DESKTOP");
     const fs::path wav = home_ / "Desktop" / (fs::path(host_.project.path).stem().string() + ".wav");
     std::string error;
     ExpectNoMisuse(host_);

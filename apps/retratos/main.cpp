@@ -2,6 +2,7 @@
 // recording give the same pictures, so that a changed picture tells of a changed panel.
 #include <filesystem>
 
+#include "apps/common/panel_list.h"
 #include "apps/common/plugin.h"
 #include "apps/common/recording.h"
 #include "apps/common/tool.h"
@@ -9,17 +10,16 @@
 
 namespace fs = std::filesystem;
 
-// The main page's rows, by the lines of the window that they take.
+// The main page's rows, by their first widgets.
 static constexpr struct {
-    const char* name;
-    int top, height;
+    const char *name, *widget;
 } Rows[] = {
-    {"gravar", 24, 36},  {"tocar", 60, 36},    {"parar", 96, 36},    {"navegacao", 131, 42}, {"regioes", 176, 42},
-    {"edicao", 221, 42}, {"lacunas", 266, 42}, {"selecao", 311, 42}, {"itens", 356, 42},     {"mover", 396, 42},
-    {"zoom", 441, 42},   {"bounce", 486, 42},  {"render", 527, 42},  {"cores", 572, 82},
+    {"gravar", "GRAVAR"},      {"tocar", "PLAY / PAUSE"}, {"parar", "PARAR"},
+    {"navegacao", "start"},    {"regioes", "1"},          {"edicao", "[< TRIM"},
+    {"itens", "DUP"},          {"mover", "MEDIA"},        {"lacunas", "AUTO FATIADOR"},
+    {"selecao", "SELECIONAR"}, {"zoom", "zoom_in"},       {"bounce", "BOUNCE"},
+    {"render", "RENDER"},
 };
-static constexpr Place Record = {160, 42}, SelectTime = {274, 332}, AutoSlicer = {84, 287}, Nowhere = {2, 655};
-static constexpr Place SavePreset = {160, 220}, CancelPrompt = {160, 397}, Back = {82, 261};
 
 class Album {
   public:
@@ -33,6 +33,13 @@ class Album {
 
   private:
     void Keep(const char* name, int top = 0, int height = 0) { user_.Photograph(Path(name), top, height); }
+    // From the first widget's row to the last one's, with a little of the ground.
+    void KeepRows(const char* name, const char* first, const char* last) {
+        const Widget top = FindWidget(first);
+        const int margin = top.h / 12;
+        Keep(name, top.y - margin, FindWidget(last).Bottom() + 2 * margin - top.y);
+    }
+    void KeepRow(const char* name, const char* widget) { KeepRows(name, widget, widget); }
     void KeepArrangement(const char* name) {
         constexpr ArrangementLayout layout = {.headerWidth = 80, .rulerHeight = 44, .laneHeight = 90};
         PhotographArrangement(host_.project, length_, Path(name), 900, layout);
@@ -62,38 +69,37 @@ Album::Album(const fs::path& recording, const fs::path& folder) : folder_(folder
 
 void Album::MainPage() {
     Keep("painel");
-    for (const auto& [name, top, height] : Rows) Keep(name, top, height);
-    constexpr int topOfWindow = 134;  // the strip and the row below it
-    user_.PointAt(Record);
-    Keep("dica", 0, topOfWindow);
-    user_.PointAt(Nowhere);
+    for (const auto& [name, widget] : Rows) KeepRow(name, widget);
+    KeepRows("cores", "E: COR DO ITEM | D: COR DA TRACK", "clear");
+    user_.PointAt("GRAVAR");
+    Keep("dica", 0, FindWidget("start").y);
+    user_.PointAtNothing();
 }
 
 void Album::SlicerPage() {
-    constexpr int page = 284, prompt = 460;  // below them the window is empty
+    // Below them the window is empty.
+    const int page = FindWidget("VOLTAR").Bottom() + 5, prompt = FindWidget("CANCELAR").Bottom() + 45;
     KeepArrangement("antes");
-    user_.Click(AutoSlicer);
-    user_.PointAt(Nowhere);
+    user_.Click("AUTO FATIADOR");
+    user_.PointAtNothing();
     Keep("fatiador", 0, page);
     KeepArrangement("depois");
-    user_.Click(SavePreset);
-    user_.PointAt(Nowhere);
+    user_.Click("SALVAR PRESET");
+    user_.PointAtNothing();
     Keep("salvar", 0, prompt);
-    user_.Click(CancelPrompt);
-    user_.Click(Back);
+    user_.Click("CANCELAR");
+    user_.Click("VOLTAR");
 }
 
 // What the buttons show while they are at work.
 void Album::AtWork() {
-    const auto& transport = Rows[0];
-    const auto& selection = Rows[7];
-    user_.Press(SelectTime);
-    Keep("apertado", selection.top, selection.height);
+    user_.Press("S. TIME");
+    KeepRow("apertado", "S. TIME");
     user_.Release();
-    user_.Click(Record);
-    user_.PointAt(Nowhere);
-    Keep("gravando", transport.top, transport.height);
-    user_.Click(Record);
+    user_.Click("GRAVAR");
+    user_.PointAtNothing();
+    KeepRow("gravando", "GRAVAR");
+    user_.Click("GRAVAR");
 }
 
 void Album::CloseUp() {
