@@ -1,7 +1,7 @@
-// Which window is in front, and who is told when that changes.
-#include <algorithm>
+#include "platform/headless/activation.h"
 
-#include "platform/headless/desktop_state.h"
+#include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -56,5 +56,18 @@ HWND GetForegroundWindow() {
 BOOL SetForegroundWindow(HWND window) {
     if (!Find(window)) return false;
     Activate(window, WA_ACTIVE);
+    return true;
+}
+
+HWND SetCapture(HWND window) {
+    return Find(window) ? std::exchange(Desktop().capture, window) : nullptr;
+}
+
+HWND GetCapture() {
+    return Desktop().capture;
+}
+
+BOOL ReleaseCapture() {
+    Desktop().capture = nullptr;
     return true;
 }

@@ -45,6 +45,13 @@ const ShownMenu& LastMenu();
 
 void LeaveNobodyInFront();  // no window at all is in front, as between two programs
 
+// The frame of every window, in pixels; set it before windows are made.
+struct Frame {
+    int border = 8, padding = 0, caption = 23;  // at 96 DPI
+    UINT dpi = 96;  // what windows are drawn at; 0: 96, on a system that does not tell a window's DPI
+};
+void SetFrame(const Frame& frame);
+
 struct Picture {
     int width = 0, height = 0;
     std::vector<uint32_t> pixels;  // 0xAARRGGBB as last painted, row by row from the top
@@ -53,7 +60,7 @@ Picture PictureOf(HWND window);  // the client area
 
 // What was not given back, as a sentence: device contexts, menus. Empty when all is well.
 std::string Leftovers();
-// Destroys all windows and puts clock, pointer, keys, menus and work area back. Window classes stay.
+// Destroys all windows and puts clock, pointer, keys, menus, work area and frame back. Window classes stay.
 void Reset();
 
 }  // namespace desktop

@@ -1,6 +1,6 @@
 // platform/headless/desktop_state.h
-// The desktop's own records, shared by the files that implement it. Any message handler may destroy any window, so a
-// Window* is looked up afresh after every message that was sent.
+// The desktop's records and the way of a message to its window: the ground of all that implements the desktop.
+// A message handler may destroy any window, so a Window* is looked up afresh after every message that was sent.
 #pragma once
 #include <deque>
 #include <list>
@@ -8,7 +8,6 @@
 #include <memory>
 
 #include "platform/headless/desktop.h"
-#include "platform/headless/gdi_objects.h"
 
 namespace desktop {
 
@@ -51,6 +50,7 @@ struct State {
     POINT cursor{0, 0};
     std::map<int, bool> keys;  // the mouse buttons among them
     RECT workArea{0, 0, Screen.cx, Screen.cy - TaskBar};
+    Frame frame;
     int contextsLent = 0;  // each keeps its picture, even when the window is gone or has another size
     std::map<HMENU, std::vector<MenuEntry>> menus;
     std::deque<std::function<UINT()>> answers;
@@ -58,17 +58,9 @@ struct State {
 };
 State& Desktop();
 
-Window* Find(HWND window);  // null for what is no window (any more)
-bool Contains(const RECT& rect, POINT point);
-RECT ClientArea(const Window& window);  // on the screen
-bool OnScreen(const Window& window);    // visible and not minimised
-void Invalidate(Window& window);        // what is not on the screen has nothing to paint; showing it invalidates it
-// Makes it the active window and tells both sides, the one that loses first; null: none of ours. `how` is WA_ACTIVE or
-// WA_CLICKACTIVE.
-void Activate(HWND window, WORD how);
-void ActivateAnother(const Window& than);  // which has just left the screen
-// The user turns to another program, whose window is none of ours.
-void ActivateOtherProgram();
+Window* Find(HWND window);            // null for what is no window (any more)
+bool OnScreen(const Window& window);  // visible and not minimised
+void Invalidate(Window& window);      // only what is on the screen; showing a window invalidates it
 // A handle that was never given out before.
 template <class Handle>
 Handle NewHandle() {

@@ -1,11 +1,8 @@
-// Mouse, capture and keys.
-#include <utility>
-
-#include "platform/headless/desktop_state.h"
+// Mouse and keys.
+#include "platform/headless/activation.h"
 
 namespace desktop {
 
-// Messages and key of each button.
 struct ButtonRow {
     int key;
     UINT down, up;
@@ -13,26 +10,26 @@ struct ButtonRow {
 static constexpr ButtonRow Buttons[] = {{VK_LBUTTON, WM_LBUTTONDOWN, WM_LBUTTONUP},
                                         {VK_RBUTTON, WM_RBUTTONDOWN, WM_RBUTTONUP}};
 
-static Window* WindowAt(POINT point) {
-    for (Window& each : Desktop().windows)
-        if (OnScreen(each) && Contains(each.place, point)) return &each;
+static bool Contains(const RECT& rect, POINT point) {
+    return point.x >= rect.left && point.x < rect.right && point.y >= rect.top && point.y < rect.bottom;
+}
+
+static HWND WindowUnderPointer() {
+    for (const Window& each : Desktop().windows)
+        if (OnScreen(each) && Contains(each.place, Desktop().cursor)) return each.handle;
     return nullptr;
 }
 
-// The window that hears of the mouse at the pointer's place; null over frames and where there is no window.
-static Window* Listener() {
-    State& state = Desktop();
-    if (Window* captor = Find(state.capture)) return captor;
-    Window* window = WindowAt(state.cursor);
-    return window && Contains(ClientArea(*window), state.cursor) ? window : nullptr;
-}
-
+// Nobody hears of the mouse over frames, or where there is no window, unless one has capture.
 static void PostMouse(UINT message) {
-    const Window* window = Listener();
-    if (!window) return;
-    const RECT area = ClientArea(*window);
-    const POINT at = Desktop().cursor;
-    PostMessageA(window->handle, message, 0, MAKELPARAM(at.x - area.left, at.y - area.top));
+    const State& state = Desktop();
+    const bool captured = Find(state.capture);
+    const HWND window = captured ? state.capture : WindowUnderPointer();
+    POINT origin{0, 0};
+    RECT client;
+    if (!ClientToScreen(window, &origin) || !GetClientRect(window, &client)) return;
+    const POINT at{state.cursor.x - origin.x, state.cursor.y - origin.y};
+    if (captured || Contains(client, at)) PostMessageA(window, message, 0, MAKELPARAM(at.x, at.y));
 }
 
 void MoveMouse(int x, int y) {
@@ -46,9 +43,9 @@ void Press(Button button) {
     const ButtonRow& row = Buttons[static_cast<int>(button)];
     state.keys[row.key] = true;
     if (!Find(state.capture)) {
-        const Window* window = WindowAt(state.cursor);
+        const HWND window = WindowUnderPointer();
         if (!window) return ActivateOtherProgram();
-        Activate(window->handle, WA_CLICKACTIVE);
+        Activate(window, WA_CLICKACTIVE);
     }
     PostMouse(row.down);
     Pump();
@@ -75,19 +72,6 @@ void HoldKey(int key, bool down) {
 }  // namespace desktop
 
 using namespace desktop;
-
-HWND SetCapture(HWND window) {
-    return Find(window) ? std::exchange(Desktop().capture, window) : nullptr;
-}
-
-HWND GetCapture() {
-    return Desktop().capture;
-}
-
-BOOL ReleaseCapture() {
-    Desktop().capture = nullptr;
-    return true;
-}
 
 BOOL GetCursorPos(POINT* point) {
     *point = Desktop().cursor;

@@ -1,11 +1,8 @@
 // What waits to be painted, and the pixels that a window shows.
 #include "platform/headless/desktop_state.h"
+#include "platform/headless/gdi_objects.h"
 
 namespace desktop {
-
-void Invalidate(Window& window) {
-    if (OnScreen(window)) window.invalid = true;
-}
 
 // The picture for the present size of the client area.
 static Picture& PictureFor(Window& window) {
@@ -21,15 +18,6 @@ static Picture& PictureFor(Window& window) {
 Picture PictureOf(HWND handle) {
     Window* window = Find(handle);
     return window ? PictureFor(*window) : Picture{};
-}
-
-std::string Leftovers() {
-    const int contexts = Desktop().contextsLent;
-    const size_t menus = Desktop().menus.size();
-    std::string sentence;
-    if (contexts) sentence += std::to_string(contexts) + " device contexts not given back. ";
-    if (menus) sentence += std::to_string(menus) + " menus not destroyed. ";
-    return sentence;
 }
 
 }  // namespace desktop

@@ -1,37 +1,78 @@
-// Where windows stand: sizes of frames and of the screen, the work area, moving and resizing.
+// Where windows stand: their frames, the work area, moving and resizing.
 #include <algorithm>
+#include <cstring>
 
 #include "platform/headless/desktop_state.h"
 
 using namespace desktop;
 
-// A frame of 8 pixels all round and a caption of 23, as on an unscaled screen.
-static constexpr int Frame = 8, Caption = 23;
-
-bool desktop::Contains(const RECT& rect, POINT point) {
-    return point.x >= rect.left && point.x < rect.right && point.y >= rect.top && point.y < rect.bottom;
+void desktop::SetFrame(const Frame& frame) {
+    Desktop().frame = frame;
 }
 
-RECT desktop::ClientArea(const Window& window) {
-    RECT area = window.place;
-    if (window.minimised) return {area.left, area.top, area.left, area.top};
-    area.left += Frame;
-    area.top += Frame + Caption;
-    area.right = std::max(area.left, area.right - Frame);
-    area.bottom = std::max(area.top, area.bottom - Frame);
-    return area;
+// What a frame adds on each side of the client area.
+static RECT FrameAt(UINT dpi) {
+    const auto scaled = [dpi](int length) { return static_cast<int>((length * dpi + 48) / 96); };
+    const Frame& frame = Desktop().frame;
+    const int side = scaled(frame.border) + scaled(frame.padding);
+    return {side, side + scaled(frame.caption), side, side};
+}
+
+static UINT WindowDpi() {
+    return Desktop().frame.dpi ? Desktop().frame.dpi : 96;
+}
+
+static RECT ClientArea(const Window& window) {
+    const RECT& place = window.place;
+    if (window.minimised) return {place.left, place.top, place.left, place.top};
+    const RECT frame = FrameAt(WindowDpi());
+    const LONG left = place.left + frame.left, top = place.top + frame.top;
+    return {left, top, std::max(left, place.right - frame.right), std::max(top, place.bottom - frame.bottom)};
 }
 
 int GetSystemMetrics(int index) {
     switch (index) {
         case SM_CYCAPTION:
-            return Caption;
+            return Desktop().frame.caption;
         case SM_CXSIZEFRAME:
         case SM_CYSIZEFRAME:
-            return Frame;
+            return Desktop().frame.border;
         default:
             return 0;
     }
+}
+
+static BOOL AdjustWindowRectExForDpi(RECT* rect, DWORD style, BOOL menu, DWORD, UINT dpi) {
+    if (style != WS_OVERLAPPEDWINDOW || menu) Fail("the frame of a window of another style than the usual one");
+    const RECT frame = FrameAt(dpi);
+    *rect = {rect->left - frame.left, rect->top - frame.top, rect->right + frame.right, rect->bottom + frame.bottom};
+    return true;
+}
+
+BOOL AdjustWindowRectEx(RECT* rect, DWORD style, BOOL menu, DWORD exStyle) {
+    return AdjustWindowRectExForDpi(rect, style, menu, exStyle, 96);
+}
+
+static UINT GetDpiForWindow(HWND window) {
+    return Find(window) ? WindowDpi() : 0;
+}
+
+static const HMODULE Program = reinterpret_cast<HMODULE>(uintptr_t{0x400000}),
+                     User32 = reinterpret_cast<HMODULE>(uintptr_t{0x500000});
+
+HMODULE GetModuleHandleA(const char* name) {
+    if (!name) return Program;
+    return std::strcmp(name, "user32.dll") == 0 ? User32 : nullptr;
+}
+
+// Only what older systems lack is looked up; the rest is linked.
+FARPROC GetProcAddress(HMODULE module, const char* name) {
+    if (module != User32 || Desktop().frame.dpi == 0) return nullptr;
+    void* function = nullptr;
+    if (std::strcmp(name, "GetDpiForWindow") == 0) function = reinterpret_cast<void*>(GetDpiForWindow);
+    if (std::strcmp(name, "AdjustWindowRectExForDpi") == 0)
+        function = reinterpret_cast<void*>(AdjustWindowRectExForDpi);
+    return reinterpret_cast<FARPROC>(function);
 }
 
 BOOL SystemParametersInfoA(UINT action, UINT, void* record, UINT) {
@@ -47,10 +88,11 @@ BOOL SystemParametersInfoA(UINT action, UINT, void* record, UINT) {
 
 // A window is asked between which sizes it may be; the least one wins over the greatest.
 static SIZE AllowedSize(HWND handle, SIZE wanted) {
+    const RECT frame = FrameAt(WindowDpi());
     MINMAXINFO info{};
-    info.ptMaxSize = info.ptMaxTrackSize = {Screen.cx + 2 * Frame, Screen.cy + 2 * Frame};
-    info.ptMaxPosition = {-Frame, -Frame};
-    info.ptMinTrackSize = {136, Caption + 2 * Frame};
+    info.ptMaxSize = info.ptMaxTrackSize = {Screen.cx + 2 * frame.left, Screen.cy + 2 * frame.left};
+    info.ptMaxPosition = {-frame.left, -frame.left};
+    info.ptMinTrackSize = {136, frame.top + frame.bottom};
     SendMessageA(handle, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
     return {std::max(std::min(wanted.cx, info.ptMaxTrackSize.x), info.ptMinTrackSize.x),
             std::max(std::min(wanted.cy, info.ptMaxTrackSize.y), info.ptMinTrackSize.y)};

@@ -19,6 +19,7 @@ using HMENU = struct HMENU__*;
 using HICON = struct HICON__*;
 using HCURSOR = HICON;
 using HMODULE = HINSTANCE;
+using FARPROC = INT_PTR (*)();
 using WNDPROC = LRESULT (*)(HWND, UINT, WPARAM, LPARAM);
 using TIMERPROC = void (*)(HWND, UINT, UINT_PTR, DWORD);
 
@@ -107,8 +108,9 @@ inline constexpr LPARAM MAKELPARAM(int low, int high) {
 }
 
 extern "C" {
-HMODULE GetModuleHandleA(const char* name);  // null names the program; no other module is known
-int GetSystemMetrics(int index);
+HMODULE GetModuleHandleA(const char* name);                // null names the program; else "user32.dll" only
+FARPROC GetProcAddress(HMODULE module, const char* name);  // GetDpiForWindow and AdjustWindowRectExForDpi only
+int GetSystemMetrics(int index);                           // of frames only, without their padding
 BOOL SystemParametersInfoA(UINT action, UINT number, void* record, UINT winIni);  // the work area only
 
 // Classes and windows
@@ -122,6 +124,8 @@ BOOL IsWindow(HWND window);
 BOOL IsIconic(HWND window);
 BOOL ShowWindow(HWND window, int command);  // true when it was visible before
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
+// From a client area on the screen to the window around it, of the usual style and without a menu.
+BOOL AdjustWindowRectEx(RECT* rect, DWORD style, BOOL menu, DWORD exStyle);
 BOOL GetWindowRect(HWND window, RECT* rect);
 BOOL GetClientRect(HWND window, RECT* rect);
 BOOL ClientToScreen(HWND window, POINT* point);

@@ -1,24 +1,9 @@
-// Window classes, and windows from creation to destruction.
+// Window classes, windows from creation to destruction, and what they do with messages that they leave alone.
 #include <utility>
 
-#include "platform/headless/desktop_state.h"
+#include "platform/headless/activation.h"
 
 namespace desktop {
-
-State& Desktop() {
-    static State& state = *new State;  // outlives every static object that still has a window
-    return state;
-}
-
-Window* Find(HWND window) {
-    for (Window& each : Desktop().windows)
-        if (each.handle == window) return &each;
-    return nullptr;
-}
-
-bool OnScreen(const Window& window) {
-    return window.visible && !window.minimised;
-}
 
 static void Forget(HWND window) {
     State& state = Desktop();
@@ -39,6 +24,15 @@ static HWND SomeOwned(HWND owner) {
     return nullptr;
 }
 
+std::string Leftovers() {
+    const int contexts = Desktop().contextsLent;
+    const size_t menus = Desktop().menus.size();
+    std::string sentence;
+    if (contexts) sentence += std::to_string(contexts) + " device contexts not given back. ";
+    if (menus) sentence += std::to_string(menus) + " menus not destroyed. ";
+    return sentence;
+}
+
 void Reset() {
     State& state = Desktop();
     while (!state.windows.empty()) {
@@ -55,10 +49,6 @@ void Reset() {
 }  // namespace desktop
 
 using namespace desktop;
-
-HMODULE GetModuleHandleA(const char* name) {
-    return name ? nullptr : reinterpret_cast<HMODULE>(uintptr_t{0x400000});
-}
 
 HCURSOR LoadCursorA(HINSTANCE, const char* name) {
     return name == IDC_ARROW ? reinterpret_cast<HCURSOR>(uintptr_t{0x10003}) : nullptr;  // the pointer is not drawn
@@ -85,8 +75,8 @@ HWND CreateWindowExA(DWORD, const char* className, const char* title, DWORD styl
     return Find(handle) ? handle : nullptr;
 }
 
-// The window leaves the screen first, which deactivates it, and takes the windows that it owns along; only then does it
-// hear that it is destroyed, with its timers still running.
+// The window first leaves the screen, which deactivates it, and takes the windows that it owns along.
+// Only then does it hear that it is destroyed, with its timers still running.
 BOOL DestroyWindow(HWND handle) {
     Window* window = Find(handle);
     if (!window || window->dying) return false;
@@ -154,4 +144,14 @@ LONG_PTR SetWindowLongPtrA(HWND handle, int index, LONG_PTR value) {
     Window* window = Find(handle);
     if (!window || index != GWLP_WNDPROC) return 0;
     return reinterpret_cast<LONG_PTR>(std::exchange(window->procedure, reinterpret_cast<WNDPROC>(value)));
+}
+
+LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM, LPARAM) {
+    if (message == WM_CLOSE) DestroyWindow(handle);
+    if (message == WM_PAINT) {
+        PAINTSTRUCT paint;
+        BeginPaint(handle, &paint);
+        EndPaint(handle, &paint);
+    }
+    return 0;
 }

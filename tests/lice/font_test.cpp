@@ -11,12 +11,9 @@
 #include "lice/text_reader.h"
 #include "tests/lice/brush.h"
 #include "tests/lice/slow_text.h"
+#include "tests/support/rects.h"
 
 namespace {
-
-std::string Show(const RECT& r) {
-    return testing::PrintToString(std::tuple(r.left, r.top, r.right, r.bottom));
-}
 
 std::string AnyText(Random& random) {
     std::string text;

@@ -5,7 +5,9 @@
 #include <map>
 #include <utility>
 
+#include "platform/window_frame.h"
 #include "tests/support/desktop_driver.h"
+#include "tests/support/rects.h"
 
 namespace {
 
@@ -20,6 +22,7 @@ class Desktop : public testing::Test {
         onTimer = onDestroy = nullptr;
         const auto windows = names;
         for (const auto& [window, name] : windows) DestroyWindow(window);
+        driver::Start();
     }
 
     // A window of 300 by 200 whose left top is at (x, 100).
@@ -110,6 +113,28 @@ TEST_F(Desktop, WhatIsGoneIsRefused) {
     EXPECT_FALSE(PostMessageA(owner, WM_USER, 0, 0));
     PAINTSTRUCT paint;
     EXPECT_EQ(BeginPaint(owner, &paint), nullptr);
+}
+
+TEST_F(Desktop, FramesStandAroundTheClientArea) {
+    for (const driver::Frame& frame :
+         {driver::Frame{4, 0, 19, 96}, {4, 4, 23, 96}, {8, 8, 45, 96}, {4, 4, 23, 0}, {4, 4, 23, 192}}) {
+        const bool set = driver::SetFrame(frame);
+        const HWND window = Make("framed");
+        const SIZE size = SizeAround(window, {320, 240});
+        MoveWindow(window, 50, 50, size.cx, size.cy, FALSE);
+        RECT client{}, unscaled{};
+        GetClientRect(window, &client);
+        EXPECT_EQ(client.right, 320) << frame.padding << " at " << frame.dpi;
+        EXPECT_EQ(client.bottom, 240) << frame.padding << " at " << frame.dpi;
+        DestroyWindow(window);
+        if (!set) continue;
+        EXPECT_TRUE(AdjustWindowRectEx(&unscaled, WS_OVERLAPPEDWINDOW, FALSE, 0));
+        const int side = frame.border + frame.padding;
+        EXPECT_EQ(::Show(unscaled), ::Show({-side, -side - frame.caption, side, side}));
+        EXPECT_EQ(GetSystemMetrics(SM_CXSIZEFRAME), frame.border);
+        EXPECT_EQ(GetSystemMetrics(SM_CYSIZEFRAME), frame.border);
+        EXPECT_EQ(GetSystemMetrics(SM_CYCAPTION), frame.caption);
+    }
 }
 
 TEST_F(Desktop, PaintsAtOnceButOnlyWhatIsInvalid) {

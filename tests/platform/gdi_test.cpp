@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/font.h"
+#include "tests/support/rects.h"
 
 namespace {
 
@@ -56,11 +57,6 @@ struct Font {
     explicit Font(int height) : handle(CreateInterfaceFont(height)) {}
     ~Font() { DeleteObject(handle); }
 };
-
-std::string Show(const RECT& r) {
-    return std::to_string(r.left) + " " + std::to_string(r.top) + " " + std::to_string(r.right) + " " +
-           std::to_string(r.bottom);
-}
 
 }  // namespace
 

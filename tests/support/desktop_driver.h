@@ -11,8 +11,15 @@
 
 namespace driver {
 
-// Ready for a test: no button or key is down, no menu waits for an answer.
+// Ready for a test: no button or key is down, no menu waits for an answer, frames are the usual ones.
 void Start();
+
+struct Frame {
+    int border, padding, caption;  // unscaled
+    UINT dpi;                      // 0: 96, on a system that does not tell a window's DPI
+};
+// Of windows made from now on. False where padding or DPI stay the system's own.
+bool SetFrame(const Frame& frame);
 
 // Delivers posted messages, input and painting, but no timers.
 void Pump();

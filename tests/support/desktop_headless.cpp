@@ -11,6 +11,11 @@ void Start() {
     desktop::Reset();
 }
 
+bool SetFrame(const Frame& frame) {
+    desktop::SetFrame({frame.border, frame.padding, frame.caption, frame.dpi});
+    return true;
+}
+
 void Pump() {
     desktop::Pump();
 }

@@ -1,4 +1,5 @@
 #include <deque>
+#include <optional>
 #include <utility>
 
 #include "tests/support/desktop_driver.h"
@@ -160,7 +161,28 @@ std::string Leftovers() {
     return "";
 }
 
+static std::optional<NONCLIENTMETRICSA> usualMetrics;  // before they were changed
+
+static void Use(NONCLIENTMETRICSA metrics) {
+    SystemParametersInfoA(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+}
+
+bool SetFrame(const Frame& frame) {
+    NONCLIENTMETRICSA metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    if (!usualMetrics) usualMetrics = metrics;
+    metrics.iBorderWidth += frame.border - GetSystemMetrics(SM_CXSIZEFRAME);
+    metrics.iPaddedBorderWidth = frame.padding;
+    metrics.iCaptionHeight = frame.caption - 1;
+    Use(metrics);
+    RECT around{};
+    AdjustWindowRectEx(&around, WS_OVERLAPPEDWINDOW, FALSE, 0);
+    return around.right == frame.border + frame.padding && GetDpiForSystem() == frame.dpi;
+}
+
 void Start() {
+    if (usualMetrics) Use(*usualMetrics);
     Release(Button::Left);
     Release(Button::Right);
     HoldKey(VK_SHIFT, false);

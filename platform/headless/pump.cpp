@@ -1,15 +1,7 @@
-// Sending, posting and delivering messages, and what a window does with those that it leaves alone.
-#include <cstdio>
-#include <cstdlib>
-
+// The message loop: what waits is delivered in the system's order.
 #include "platform/headless/desktop_state.h"
 
-namespace desktop {
-
-void Fail(const char* sentence) {
-    std::fprintf(stderr, "headless desktop: %s\n", sentence);
-    std::abort();
-}
+using namespace desktop;
 
 static bool DeliverPosted() {
     State& state = Desktop();
@@ -40,7 +32,7 @@ static bool DeliverTimer() {
     return true;
 }
 
-void Pump() {
+void desktop::Pump() {
     int paintings = 0;
     for (;;) {
         if (DeliverPosted()) {
@@ -53,33 +45,4 @@ void Pump() {
             return;
         }
     }
-}
-
-}  // namespace desktop
-
-using namespace desktop;
-
-LRESULT SendMessageA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    const Window* window = Find(handle);
-    return window ? window->procedure(handle, message, wParam, lParam) : 0;
-}
-
-BOOL PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (!Find(window)) return false;
-    Desktop().queue.push_back({window, message, wParam, lParam});
-    return true;
-}
-
-LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    return procedure(window, message, wParam, lParam);
-}
-
-LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM, LPARAM) {
-    if (message == WM_CLOSE) DestroyWindow(handle);
-    if (message == WM_PAINT) {
-        PAINTSTRUCT paint;
-        BeginPaint(handle, &paint);
-        EndPaint(handle, &paint);
-    }
-    return 0;
 }
