@@ -7,9 +7,7 @@
 
 #include "bench/cairo_page.h"
 #include "bench/ratios.h"
-#include "lice/circle.h"
-#include "lice/fill.h"
-#include "lice/polygon.h"
+#include "lice/lice.h"
 #include "panel/theme.h"
 
 namespace {

@@ -4,11 +4,12 @@
 #include <algorithm>
 #include <functional>
 
+#include "lice/safe_math.h"
 #include "lice/target.h"
 
 // Whether they are one surface, or two on the same memory.
 inline bool SharePixels(const Target& a, const Target& b) {
-    return std::less<>{}(a.bits, b.At(0, b.height)) && std::less<>{}(b.bits, a.At(0, a.height));
+    return std::less<>{}(a.bits, b.Stored(0, b.height)) && std::less<>{}(b.bits, a.Stored(0, a.height));
 }
 
 // In 64 bits, so that neither the sum of two ints nor their difference can overflow.
@@ -27,41 +28,37 @@ struct BlitPlace {
     }
 };
 
-// Where LICE_Blit ends, and an unscaled LICE_ScaledBlit too: `place` is in backing pixels and is still to be cut.
-void BlitBackingPixels(const Target& to, const Target& from, BlitPlace place, float alpha, int mode);
-
 struct BlitRows {
     ptrdiff_t width = 0, height = 0;  // 0: nothing to do
     LICE_pixel* dest = nullptr;
     const LICE_pixel* src = nullptr;
-    ptrdiff_t destSpan = 0, srcSpan = 0;  // negative on a flipped surface
+    ptrdiff_t destStep = 0, srcStep = 0;  // from row to row; negative on a flipped surface
 
     // `place` was cut to the source; all of it is in backing pixels.
     BlitRows(const Target& to, const Target& from, BlitPlace place) {
-        place.left -= std::min<int64_t>(place.dstx, 0);
-        place.top -= std::min<int64_t>(place.dsty, 0);
-        place.dstx = std::max<int64_t>(place.dstx, 0);
-        place.dsty = std::max<int64_t>(place.dsty, 0);
-        const int64_t w = std::min(place.right - place.left, to.width - place.dstx);
-        const int64_t h = std::min(place.bottom - place.top, to.height - place.dsty);
-        if (to.Empty() || from.Empty() || w < 1 || h < 1) return;
+        const Extent across = Extent{place.dstx, place.right - place.left}.Within(0, to.width);
+        const Extent down = Extent{place.dsty, place.bottom - place.top}.Within(0, to.height);
+        if (to.Empty() || from.Empty() || across.size < 1 || down.size < 1) return;
 
-        width = static_cast<ptrdiff_t>(w);
-        height = static_cast<ptrdiff_t>(h);
-        dest = to.At(place.dstx, to.flipped ? to.height - 1 - place.dsty : place.dsty);
-        src = from.At(place.left, from.flipped ? from.height - 1 - place.top : place.top);
-        destSpan = to.flipped ? -to.span : to.span;
-        srcSpan = from.flipped ? -from.span : from.span;
+        width = static_cast<ptrdiff_t>(across.size);
+        height = static_cast<ptrdiff_t>(down.size);
+        dest = to.At(across.start, down.start);
+        src = from.At(place.left + across.start - place.dstx, place.top + down.start - place.dsty);
+        destStep = to.Down();
+        srcStep = from.Down();
     }
 
-    LICE_pixel* Dest(ptrdiff_t y) const { return dest + y * destSpan; }
-    const LICE_pixel* Src(ptrdiff_t y) const { return src + y * srcSpan; }
+    LICE_pixel* Dest(ptrdiff_t y) const { return dest + y * destStep; }
+    const LICE_pixel* Src(ptrdiff_t y) const { return src + y * srcStep; }
 
     // Rows without a gap between them, on either side, are as good as one long row. Not for surfaces that share pixels,
     // where it matters which row goes first.
     void Join() {
-        if (destSpan != width || srcSpan != width) return;
+        if (destStep != width || srcStep != width) return;
         width *= height;
         height = 1;
     }
 };
+
+// Where LICE_Blit ends, and a LICE_ScaledBlit of equal sizes too: `place` is in backing pixels and is still to be cut.
+void BlitBackingPixels(const Target& to, const Target& from, BlitPlace place, float alpha, int mode);

@@ -1,13 +1,11 @@
 // lice/combine.h
 // The arithmetic of drawing: how a source colour is merged into the pixel that is there, under an opacity.
 // A combine function is an object without state: combine(old, source, ia) is the new pixel. `ia` is the opacity in
-// 1/256; it may vary from pixel to pixel. With a constant source and opacity the compiler lifts what depends on them
-// out of the loop, so the colour is split once for each call. WithCombine chooses the function, once for each call.
-// The alpha byte is a fourth colour unless said otherwise.
+// 1/256 and may vary from pixel to pixel. Where colour and opacity do not, the compiler splits the colour once a call.
+// The alpha byte is a fourth colour unless said otherwise. paint.h chooses the function and runs it over pixels.
 #pragma once
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <cstdint>
 
 #include "lice/four_pixels.h"
@@ -19,14 +17,12 @@ inline int Opacity(float alpha) {
     return TruncateToInt(alpha * 256.0);
 }
 
-// The factors of the formulas: 64 bits, because any opacity is allowed.
-using Wide = int64_t;
-
-inline Wide Clamp255(Wide value) {
-    return std::clamp<Wide>(value, 0, 255);
+// Formulas are worked out in 64 bits, because any opacity is allowed.
+inline int64_t Clamp255(int64_t value) {
+    return std::clamp<int64_t>(value, 0, 255);
 }
 
-inline Wide Channel(LICE_pixel pixel, int shift) {
+inline int64_t Channel(LICE_pixel pixel, int shift) {
     return pixel >> shift & 0xFF;
 }
 
@@ -93,45 +89,45 @@ struct CombineHalf {  // (old + source) >> 1 in each channel: what both share, a
 
 // --- Copy
 
-struct CombineCopy {  // source + (old - source) * (256 - ia) / 256, for ia from 0 to 256
-    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const { return Mix(old, source, ia); }
-    FourPixels operator()(FourPixels old, FourPixels source, int ia) const { return Mix(old, source, ia); }
-    FourPixels operator()(FourPixels old, FourPixels source, FourWeights ia) const { return Mix(old, source, ia); }
+// source + (old - source) * (256 - ia) / 256. A single pixel's ia is 0 to 256, that of four 1 to 256.
+struct CombineCopy {
+    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const { return MixOne(old, source, ia); }
+    FourPixels operator()(FourPixels old, FourPixels source, int ia) const { return MixFour(old, source, ia); }
 };
 
 struct CombineCopyBeyond {  // the same for an opacity beyond 256, where results leave the byte and wrap
-    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const {
-        return EachChannel(old, source, [ia](Wide d, Wide s) { return s + (d - s) * (256 - Wide{ia}) / 256; });
+    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
+        return EachChannel(old, source, [ia](int64_t d, int64_t s) { return s + (d - s) * (256 - ia) / 256; });
     }
 };
 
 // --- The other modes
 
 struct CombineAdd {
-    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const {
-        return EachChannel(old, source, [ia](Wide d, Wide s) { return Clamp255(d + s * ia / 256); });
+    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
+        return EachChannel(old, source, [ia](int64_t d, int64_t s) { return Clamp255(d + s * ia / 256); });
     }
 };
 
 struct CombineDodge {
-    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const {
-        return EachChannel(old, source, [ia](Wide d, Wide s) {
-            const Wide t = 256 - s * ia / 256;
+    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
+        return EachChannel(old, source, [ia](int64_t d, int64_t s) {
+            const int64_t t = 256 - s * ia / 256;
             return Clamp255(t >= 2 ? (d << 8) / t : d << 8);
         });
     }
 };
 
 struct CombineMultiply {
-    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const {
-        return EachChannel(old, source, [ia](Wide d, Wide s) { return d * ((256 - Wide{ia}) * 256 + s * ia) >> 16; });
+    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
+        return EachChannel(old, source, [ia](int64_t d, int64_t s) { return d * ((256 - ia) * 256 + s * ia) >> 16; });
     }
 };
 
 struct CombineOverlay {
-    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const {
-        return EachChannel(old, source, [ia](Wide d, Wide s) {
-            const Wide u = s * ia + (256 - Wide{ia}) * 128;
+    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
+        return EachChannel(old, source, [ia](int64_t d, int64_t s) {
+            const int64_t u = s * ia + (256 - ia) * 128;
             return Clamp255(d * (d * (32768 - u) / 256 + u) >> 15);
         });
     }
@@ -139,7 +135,7 @@ struct CombineOverlay {
 
 // Hue is 0 to 383, six sectors of 64; saturation and value are 0 to 255.
 struct Hsv {
-    Wide h, s, v;
+    int64_t h, s, v;
 };
 
 inline Hsv ToHsv(LICE_pixel pixel) {
@@ -149,8 +145,8 @@ inline Hsv ToHsv(LICE_pixel pixel) {
         for (int i = 1; i < 256; ++i) t[i] = static_cast<uint16_t>(65536 / i - 1);
         return t;
     }();
-    const Wide r = Channel(pixel, 16), g = Channel(pixel, 8), b = Channel(pixel, 0);
-    const auto made = [](Wide v, Wide delta, Wide base, Wide numerator) {
+    const int64_t r = Channel(pixel, 16), g = Channel(pixel, 8), b = Channel(pixel, 0);
+    const auto made = [](int64_t v, int64_t delta, int64_t base, int64_t numerator) {
         return Hsv{numerator * (reciprocal[delta] + 1) / 1024 + base, delta * reciprocal[v] / 256, v};
     };
     if (g > r) return g <= b ? made(b, b - r, 256, r - g) : made(g, g - std::min(b, r), 128, b - r);
@@ -159,9 +155,9 @@ inline Hsv ToHsv(LICE_pixel pixel) {
 }
 
 inline LICE_pixel FromHsv(const Hsv& c, LICE_pixel alpha) {
-    const Wide p = c.v * (256 - c.s) / 256;
-    const auto q = [&c](Wide e) { return c.v * (16384 - e * c.s) / 16384; };
-    const auto pack = [alpha](Wide r, Wide g, Wide b) {
+    const int64_t p = c.v * (256 - c.s) / 256;
+    const auto q = [&c](int64_t e) { return c.v * (16384 - e * c.s) / 16384; };
+    const auto pack = [alpha](int64_t r, int64_t g, int64_t b) {
         return alpha << 24 | static_cast<LICE_pixel>(r & 0xFF) << 16 | static_cast<LICE_pixel>(g & 0xFF) << 8 |
                static_cast<LICE_pixel>(b & 0xFF);
     };
@@ -176,8 +172,8 @@ inline LICE_pixel FromHsv(const Hsv& c, LICE_pixel alpha) {
 // The source is an adjustment: red turns the hue, green moves saturation, blue value; 128 leaves each as it is.
 // The rounding of the two conversions shows even at opacity 0.
 struct CombineHsvAdjust {
-    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const {
-        const Wide r = Channel(source, 16), g = Channel(source, 8), b = Channel(source, 0);
+    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
+        const int64_t r = Channel(source, 16), g = Channel(source, 8), b = Channel(source, 0);
         Hsv c = ToHsv(old);
         c.h += (r + r / 2 - 192) * ia / 256;
         if (c.h < 0) {  // one turn at most, as far as an opacity up to 1 can go
@@ -197,138 +193,41 @@ struct CombineHsvAdjust {
 struct CombineAlphaOpaque {  // ia is 256: an opaque source pixel is stored as it is, a clear one changes nothing
     LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int) const {
         const int a = static_cast<int>(source >> 24);
-        return MixOver(old, source, a ? a + 1 : 0, a);
+        return MixOneOver(old, source, a ? a + 1 : 0, a);
     }
     FourPixels operator()(FourPixels old, FourPixels source, int) const {
-        return MixOver(old, source, FourWeights::AlphaOpaque(source), source);
+        return MixFourOver(old, source, FourWeights::AlphaOpaque(source), source);
     }
 };
 
 struct CombineAlpha {  // ia is 1 to 255
     LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const {
         const int sa = ia * (static_cast<int>(source >> 24) + 1) / 256;
-        return MixOver(old, source, sa, sa);
+        return MixOneOver(old, source, sa, sa);
     }
     FourPixels operator()(FourPixels old, FourPixels source, int ia) const {
         const FourWeights sa = FourWeights::Alpha(source, ia);
-        return MixOver(old, source, sa, sa.InAlpha());
+        return MixFourOver(old, source, sa, sa.InAlpha());
     }
 };
 
 struct CombineAlphaBeyond {  // any opacity, where colours leave the byte and wrap
-    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const {
-        const Wide a = source >> 24;
+    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
+        const int64_t a = source >> 24;
         if (a == 0) return old;
-        const int sa = static_cast<int>(ia * (a + 1) / 256);
-        const Wide alpha = std::min<Wide>(255, sa + Channel(old, 24));
+        const int64_t sa = ia * (a + 1) / 256, alpha = std::min<int64_t>(255, sa + Channel(old, 24));
         return (CombineCopyBeyond{}(old, source, sa) & 0xFFFFFF) | static_cast<LICE_pixel>(alpha & 0xFF) << 24;
     }
 };
 
-// The other modes take alpha into the opacity. Where even opacity 0 would show, a clear source pixel is not skipped.
-template <class Combine, bool skipsClear>
+// The other modes multiply alpha into the opacity, so that a clear pixel still weighs 1/256 at full opacity. Only
+// adding and multiplying skip it.
+template <class Combine>
 struct CombineWithAlpha {
-    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int ia) const {
-        const Wide a = source >> 24;
+    LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
+        const int64_t a = source >> 24;
         if (skipsClear && a == 0) return old;
-        return Combine{}(old, source, static_cast<int>(ia * (a + 1) / 256));
+        return Combine{}(old, source, ia * (a + 1) / 256);
     }
+    static constexpr bool skipsClear = std::is_same_v<Combine, CombineAdd> || std::is_same_v<Combine, CombineMultiply>;
 };
-
-// --- The choice
-
-// What a family of loops takes in copy mode, in place of the general form.
-enum class CopyForms {
-    General,    // nothing: its weights vary
-    Solid,      // a store at 256
-    SolidHalf,  // and the exact mean at 128
-    Fast,       // a store at 256, and the shifted forms at 192, 128 and 64
-};
-
-// Calls loop(combine) for the mode's low byte, with an object of the function's own type, so that the loop is compiled
-// once for each. Nothing at opacity 0, below 0 in copy mode, or for an unknown mode.
-template <CopyForms forms, class Loop>
-void WithCombine(int mode, int ia, Loop loop) {
-    if (ia == 0) return;
-    switch (mode & LICE_BLIT_MODE_MASK) {
-        case LICE_BLIT_MODE_COPY:
-            if (ia < 0) return;
-            if constexpr (forms != CopyForms::General) {
-                if (ia == 256) return loop(CombineSolid{});
-            }
-            if constexpr (forms == CopyForms::SolidHalf) {
-                if (ia == 128) return loop(CombineHalf{});
-            }
-            if constexpr (forms == CopyForms::Fast) {
-                if (ia == 192) return loop(CombineFastThreeQuarters{});
-                if (ia == 128) return loop(CombineFastHalf{});
-                if (ia == 64) return loop(CombineFastQuarter{});
-            }
-            return ia <= 256 ? loop(CombineCopy{}) : loop(CombineCopyBeyond{});
-        case LICE_BLIT_MODE_ADD:
-            return loop(CombineAdd{});
-        case LICE_BLIT_MODE_DODGE:
-            return loop(CombineDodge{});
-        case LICE_BLIT_MODE_MUL:
-            return loop(CombineMultiply{});
-        case LICE_BLIT_MODE_OVERLAY:
-            return loop(CombineOverlay{});
-        case LICE_BLIT_MODE_HSVADJ:
-            return loop(CombineHsvAdjust{});
-    }
-}
-
-// The same for blits, where the source's own alpha may take part.
-template <CopyForms forms, class Loop>
-void WithBlitCombine(int mode, int ia, Loop loop) {
-    if (!(mode & LICE_BLIT_USE_ALPHA)) return WithCombine<forms>(mode, ia, loop);
-    if (ia == 0) return;
-    switch (mode & LICE_BLIT_MODE_MASK) {
-        case LICE_BLIT_MODE_COPY:
-            if (ia < 0) return;
-            if (ia == 256) return loop(CombineAlphaOpaque{});
-            return ia < 256 ? loop(CombineAlpha{}) : loop(CombineAlphaBeyond{});
-        case LICE_BLIT_MODE_ADD:
-            return loop(CombineWithAlpha<CombineAdd, true>{});
-        case LICE_BLIT_MODE_DODGE:
-            return loop(CombineWithAlpha<CombineDodge, false>{});
-        case LICE_BLIT_MODE_MUL:
-            return loop(CombineWithAlpha<CombineMultiply, true>{});
-        case LICE_BLIT_MODE_OVERLAY:
-            return loop(CombineWithAlpha<CombineOverlay, false>{});
-        case LICE_BLIT_MODE_HSVADJ:
-            return loop(CombineWithAlpha<CombineHsvAdjust, false>{});
-    }
-}
-
-// --- Runs
-
-// The two kinds of source of a run: one colour, or a row of pixels.
-struct OneColor {
-    LICE_pixel color;
-    LICE_pixel operator[](ptrdiff_t) const { return color; }
-    FourPixels Four(ptrdiff_t) const { return FourPixels{} + color; }
-    FourPixels Some(ptrdiff_t, ptrdiff_t) const { return FourPixels{} + color; }
-};
-
-struct PixelRow {
-    const LICE_pixel* pixels;
-    LICE_pixel operator[](ptrdiff_t x) const { return pixels[x]; }
-    FourPixels Four(ptrdiff_t x) const { return LoadFour(pixels + x); }
-    FourPixels Some(ptrdiff_t x, ptrdiff_t count) const { return LoadSome(pixels + x, count); }
-};
-
-// Combines `count` pixels in a row, four at a time where the function can. A source row that overlaps `dest` is read
-// up to three pixels ahead of what is written.
-template <class Combine, class Source>
-void CombineRun(Combine combine, LICE_pixel* dest, ptrdiff_t count, Source source, int ia) {
-    ptrdiff_t x = 0;
-    if constexpr (requires(FourPixels four) { combine(four, four, ia); }) {
-#pragma GCC unroll 4  // so that a short body's speed does not hang on where it happens to lie
-        for (; x + 4 <= count; x += 4) StoreFour(dest + x, combine(LoadFour(dest + x), source.Four(x), ia));
-        if (const ptrdiff_t n = count - x; n > 0)
-            StoreSome(dest + x, combine(LoadSome(dest + x, n), source.Some(x, n), ia), n);
-    } else {
-        for (; x < count; ++x) dest[x] = combine(dest[x], source[x], ia);
-    }
-}

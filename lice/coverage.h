@@ -4,10 +4,9 @@
 // first in the low byte, and weight.Eight(bytes, bytes) for two times four.
 // MixCovered and CombineCovered are static: each use has one caller, and masks are small enough for a call to show.
 #pragma once
-#include <cstddef>
 #include <cstring>
 
-#include "lice/combine.h"
+#include "lice/paint.h"
 
 // What is drawn of a mask, and where it goes; steps from row to row may be negative.
 struct CoverageRows {
@@ -20,7 +19,7 @@ struct CoverageRows {
 
 struct MaskWeight {  // coverage times opacity
     int ia;
-    int operator()(int coverage) const { return static_cast<int>(Wide{coverage} * ia / 256); }
+    int operator()(int coverage) const { return static_cast<int>(int64_t{coverage} * ia / 256); }
     FourWeights Four(uint32_t coverage) const { return FourWeights::Coverage(coverage, ia); }
     EightWeights Eight(uint32_t a, uint32_t b) const { return EightWeights::Coverage(a, b, ia); }
 };
@@ -30,7 +29,7 @@ template <class Each>
 void ForCovered(CoverageRows rows, Each each) {
     for (; rows.height > 0; --rows.height, rows.mask += rows.maskSpan, rows.pixels += rows.span)
         for (int x = 0; x < rows.width; ++x)
-            if (rows.mask[x] != 0) each(rows.pixels[x], rows.mask[x]);
+            if (rows.mask[x] != 0) each(rows.pixels + x, rows.mask[x]);
 }
 
 // Plain copying, for rows of four pixels or more, four at a time. The last two steps are made together from the old
@@ -48,7 +47,7 @@ static void MixCovered(const CoverageRows& rows, LICE_pixel color, Weight weight
             return four;
         };
         const auto mixed = [=](int x, const FourWeights& weights) {
-            return Mix(LoadFour(pixels + x), source, weights);
+            return MixWeighted(LoadFour(pixels + x), source, weights);
         };
         int x = 0;
         for (; x < last - 4; x += 4)
@@ -65,9 +64,9 @@ static void MixCovered(const CoverageRows& rows, LICE_pixel color, Weight weight
 // Any mode.
 template <class Weight>
 static void CombineCovered(const CoverageRows& rows, LICE_pixel color, int mode, int ia, Weight weight) {
-    WithCombine<CopyForms::General>(mode, ia, [&](auto combine) {
-        if constexpr (std::is_same_v<decltype(combine), CombineCopy>)
+    WithPaint<CopyForms::General>(color, mode, ia, [&](auto paint) {
+        if constexpr (std::is_same_v<decltype(paint.combine), CombineCopy>)
             if (rows.width >= 4) return MixCovered(rows, color, weight);
-        ForCovered(rows, [&](LICE_pixel& pixel, int coverage) { pixel = combine(pixel, color, weight(coverage)); });
+        ForCovered(rows, [&](LICE_pixel* pixel, int coverage) { paint.Dot(pixel, weight(coverage)); });
     });
 }

@@ -3,13 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "lice/combine.h"
+#include "lice/paint.h"
 #include "lice/target.h"
-
-template <class Combine>
-static void FillRows(Combine combine, LICE_pixel* row, ptrdiff_t span, int w, int h, LICE_pixel color, int ia) {
-    for (; h > 0; --h, row += span) CombineRun(combine, row, w, OneColor{color}, ia);
-}
 
 // The last four pixels of a row are one store too, which may overlap the one before.
 static void StoreRow(LICE_pixel* row, int w, LICE_pixel color) {
@@ -23,12 +18,12 @@ static void StoreRow(LICE_pixel* row, int w, LICE_pixel color) {
     StoreFour(last, four);
 }
 
-// Wide rows are copies of the first: the system's memcpy moves more at a time than SSE2 stores.
-static void FillRows(CombineSolid, LICE_pixel* first, ptrdiff_t span, int w, int h, LICE_pixel color, int) {
-    constexpr int WideRow = 64;
+// Long rows are copies of the first: the system's memcpy moves more at a time than SSE2 stores.
+static void StoreRows(LICE_pixel* first, ptrdiff_t step, int w, int h, LICE_pixel color) {
+    constexpr int LongRow = 64;
     StoreRow(first, w, color);
-    for (LICE_pixel* row = first + span; --h > 0; row += span) {
-        if (w < WideRow) {
+    for (LICE_pixel* row = first + step; --h > 0; row += step) {
+        if (w < LongRow) {
             StoreRow(row, w, color);
         } else {
             memcpy(row, first, w * sizeof(LICE_pixel));
@@ -36,40 +31,39 @@ static void FillRows(CombineSolid, LICE_pixel* first, ptrdiff_t span, int w, int
     }
 }
 
-void LICE_Clear(LICE_IBitmap* dest, LICE_pixel color) {
-    const Target target(dest);
-    if (target.Empty()) return;
-    FillRows(CombineSolid{}, target.bits, target.span, target.width, target.height, color, 256);
+template <class Combine>
+static void FillRows(const Paint<Combine>& paint, LICE_pixel* row, ptrdiff_t step, int w, int h) {
+    if constexpr (std::is_same_v<Combine, CombineSolid>) {
+        StoreRows(row, step, w, h, paint.color);
+    } else {
+        for (; h > 0; --h, row += step) paint.Run(row, w);
+    }
 }
 
-static void FillOn(const Target& target, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode) {
-    if (target.Scales(mode)) {
-        x = LICE_ScaleCoord(x, target.scale);
-        y = LICE_ScaleCoord(y, target.scale);
-        w = static_cast<int>(LICE_ScaleSize(w, target.scale));
-        h = static_cast<int>(LICE_ScaleSize(h, target.scale));
-    }
-    if (mode & LICE_BLIT_USE_ALPHA) alpha = static_cast<float>(alpha * ((color >> 24) / 255.0));
+void LICE_Clear(LICE_IBitmap* dest, LICE_pixel color) {
+    const Target target(dest);
+    if (!target.Empty()) StoreRows(target.bits, target.span, target.width, target.height, color);
+}
 
-    const int left = std::max(x, 0), top = std::max(y, 0);
-    w = static_cast<int>(std::clamp<int64_t>(int64_t{x} + w, 0, target.width)) - left;
-    h = static_cast<int>(std::clamp<int64_t>(int64_t{y} + h, 0, target.height)) - top;
-    if (w < 1 || h < 1) return;
+static void FillOn(const Target& target, LICE_FilledRect r, LICE_pixel color, int mode) {
+    if (mode & LICE_BLIT_USE_ALPHA) r.alpha = static_cast<float>(r.alpha * ((color >> 24) / 255.0));
+    const Extent across = Extent{target.Coord(r.x), target.Size(r.w)}.Within(0, target.width);
+    const Extent down = Extent{target.Coord(r.y), target.Size(r.h)}.Within(0, target.height);
+    if (across.size < 1 || down.size < 1) return;
+    const int w = static_cast<int>(across.size), h = static_cast<int>(down.size);
 
-    const int firstRow = target.flipped ? target.height - top - h : top;
-    const int ia = Opacity(alpha);
-    WithCombine<CopyForms::Fast>(
-        mode, ia, [&](auto combine) { FillRows(combine, target.At(left, firstRow), target.span, w, h, color, ia); });
+    LICE_pixel* const first = target.At(across.start, down.start);
+    WithPaint<CopyForms::Fast>(color, mode, Opacity(r.alpha),
+                               [&](auto paint) { FillRows(paint, first, target.Down(), w, h); });
 }
 
 void LICE_FillRect(LICE_IBitmap* dest, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode) {
-    const Target target(dest);
-    if (!target.Empty()) FillOn(target, x, y, w, h, color, alpha, mode);
+    const LICE_FilledRect rect = {x, y, w, h, alpha};
+    LICE_FillRects(dest, &rect, 1, color, mode);
 }
 
 void LICE_FillRects(LICE_IBitmap* dest, const LICE_FilledRect* rects, int count, LICE_pixel color, int mode) {
-    const Target target(dest);
+    const Target target(dest, mode);
     if (target.Empty()) return;
-    for (; count > 0; --count, ++rects)
-        FillOn(target, rects->x, rects->y, rects->w, rects->h, color, rects->alpha, mode);
+    for (; count > 0; --count, ++rects) FillOn(target, *rects, color, mode);
 }

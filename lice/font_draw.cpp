@@ -25,7 +25,7 @@ void DrawTwoColors(const CoverageRows& rows, LICE_pixel full, LICE_pixel effect,
     const auto colorOf = [&](int coverage) { return coverage == FullyCovered ? full : effect; };
     const int ia = std::min(Opacity(alpha), 256);
     WithCombine<CopyForms::Solid>(mode, ia, [&](auto combine) {
-        ForCovered(rows, [&](LICE_pixel& pixel, int coverage) { pixel = combine(pixel, colorOf(coverage), ia); });
+        ForCovered(rows, [&](LICE_pixel* pixel, int coverage) { *pixel = combine(*pixel, colorOf(coverage), ia); });
     });
 }
 
@@ -62,8 +62,8 @@ bool LICE_CachedFont::DrawGlyphAt(LICE_IBitmap* bitmap, unsigned code, int x, in
     const uint8_t* mask = GlyphStore.Items<uint8_t>() + (glyph->offset - 1);
     const CoverageRows rows{mask + static_cast<ptrdiff_t>(skipY) * glyph->width + skipX,
                             glyph->width,
-                            target.At(drawX, target.flipped ? target.height - 1 - drawY : drawY),
-                            target.flipped ? -target.span : target.span,
+                            target.At(drawX, drawY),
+                            target.Down(),
                             w,
                             h};
     const int ia = Opacity(alpha_);

@@ -105,25 +105,25 @@ struct EightWeights {
     }
 };
 
-inline FourPixels Mix(FourPixels old, FourPixels source, int ia) {  // ia: 1 to 256
+inline FourPixels MixFour(FourPixels old, FourPixels source, int ia) {  // ia: 1 to 256
     return MixKeeping(old, source, EightWords{} + static_cast<uint16_t>((256 - ia) * 256 + 1));
 }
 
-inline FourPixels Mix(FourPixels old, FourPixels source, const FourWeights& ia) {
+inline FourPixels MixWeighted(FourPixels old, FourPixels source, const FourWeights& ia) {
     return (old & ia.none) | (MixKeeping(old, source, ia.keep) & ~ia.none);
 }
 
-inline LICE_pixel Mix(LICE_pixel old, LICE_pixel source, int ia) {  // ia: 0 to 256
-    return ia ? Mix(FourPixels{old}, FourPixels{source}, ia)[0] : old;
+inline LICE_pixel MixOne(LICE_pixel old, LICE_pixel source, int ia) {  // ia: 0 to 256
+    return ia ? MixFour(FourPixels{old}, FourPixels{source}, ia)[0] : old;
 }
 
 // Mixes the colours, and adds the alpha byte of `alpha` to the old alpha, held at 255.
-inline FourPixels MixOver(FourPixels old, FourPixels source, const FourWeights& ia, FourPixels alpha) {
+inline FourPixels MixFourOver(FourPixels old, FourPixels source, const FourWeights& ia, FourPixels alpha) {
     const FourPixels summed = (FourPixels)_mm_adds_epu8((__m128i)old, (__m128i)alpha);
-    return (Mix(old, source, ia) & 0xFFFFFFu) | (summed & 0xFF000000u);
+    return (MixWeighted(old, source, ia) & 0xFFFFFFu) | (summed & 0xFF000000u);
 }
 
-inline LICE_pixel MixOver(LICE_pixel old, LICE_pixel source, int ia, int alpha) {
+inline LICE_pixel MixOneOver(LICE_pixel old, LICE_pixel source, int ia, int alpha) {  // ia: 0 to 256
     const LICE_pixel summed = (old >> 24) + static_cast<LICE_pixel>(alpha);
-    return (Mix(old, source, ia) & 0xFFFFFF) | (summed < 255 ? summed : 255) << 24;
+    return (MixOne(old, source, ia) & 0xFFFFFF) | (summed < 255 ? summed : 255) << 24;
 }

@@ -14,4 +14,5 @@
 #include "lice/line.h"
 #include "lice/pixel.h"
 #include "lice/polygon.h"
+#include "lice/round_rect.h"
 #include "lice/scaled_blit.h"

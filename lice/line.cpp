@@ -4,109 +4,124 @@
 #include <cmath>
 #include <utility>
 
-#include "lice/combine.h"
+#include "lice/paint.h"
 #include "lice/safe_math.h"
-#include "lice/target.h"
+#include "lice/segment.h"
 
 namespace {
 
-// --- Clipping
-
-// Integer lines end on the last row and column. Float lines stay one pixel further in, since each of their pixels has
-// a neighbour; they are out from `limit` on, and a point that is out is moved to a whole pixel before it.
-struct IntegerEdge {
-    using Number = int64_t;
-    static Number Out(int size) { return size; }
-    static Number MovedTo(int size) { return size - 1; }
-    static Number Along(Number from, Number across, Number reach, Number whole) {
-        return from + static_cast<Number>(static_cast<double>(across) * static_cast<double>(reach) /
-                                          static_cast<double>(whole));
-    }
-};
-
-struct FloatEdge {
-    using Number = float;
-    static Number Out(int size) { return static_cast<float>(size - 1); }
-    static Number MovedTo(int size) { return static_cast<float>(size - 2); }
-    static Number Along(Number from, Number across, Number reach, Number whole) {
-        return from + across * reach / whole;
-    }
-};
-
-template <class Edge>
-struct Segment {
-    using Number = typename Edge::Number;
-    Number x1, y1, x2, y2;
-
-    static int Code(Number x, Number y, const Target& t) {
-        const auto inside = [](Number v, int size) { return v < Edge::Out(size); };  // and NaN is not
-        return (x < 0 ? 1 : inside(x, t.width) ? 0 : 2) | (y < 0 ? 4 : inside(y, t.height) ? 0 : 8);
-    }
-
-    // Moves the ends onto the surface; false when nothing of the line is on it.
-    bool Clip(const Target& t) {
-        for (int pass = 0; pass < 33; ++pass) {
-            const int first = Code(x1, y1, t), second = Code(x2, y2, t);
-            if (!first && !second) return true;
-            if (first & second) return false;
-            const int code = first ? first : second;
-            Number x, y;
-            if (code & 12) {
-                y = code & 8 ? Edge::MovedTo(t.height) : 0;
-                x = Edge::Along(x1, x2 - x1, y - y1, y2 - y1);
-            } else {
-                x = code & 2 ? Edge::MovedTo(t.width) : 0;
-                y = Edge::Along(y1, y2 - y1, x - x1, x2 - x1);
-            }
-            (first ? x1 : x2) = x;
-            (first ? y1 : y2) = y;
-        }
-        return false;
-    }
-};
-
-// --- Drawing
-
-// One call's colour and opacity, with `combine` as the arithmetic.
-template <class Combine>
-struct Pen {
-    Combine combine;
+// What one call draws with.
+struct Stroke {
+    const Target& target;
     LICE_pixel color;
-    int ia;
-
-    void Draw(LICE_pixel* pixel, int weight) const { *pixel = combine(*pixel, color, weight); }
-    void Draw(LICE_pixel* pixel) const { Draw(pixel, ia); }
-    // Of a pixel and its neighbour across the line, each gets its share of the opacity, in 1/256.
-    int Share(int part) const { return ia == 256 ? part : static_cast<int>(Wide{ia} * part >> 8); }
-    // `moved` is how far the line has come from the one to the other, in 1/65536.
-    void DrawPair(LICE_pixel* pixel, LICE_pixel* neighbour, int moved) const {
-        Draw(pixel, Share(255 - (moved >> 8)));
-        Draw(neighbour, Share(moved >> 8));
-    }
+    float alpha;
+    int mode;
+    int ia = Opacity(alpha);
 };
 
-template <class Combine>
-void DrawColumn(const Pen<Combine>& pen, LICE_pixel* pixel, ptrdiff_t step, int64_t count) {
-    for (; count > 0; --count, pixel += step) pen.Draw(pixel);
+// The share that a part of 255 has in an opacity.
+int Share(int ia, int part) {
+    return ia == 256 ? part : static_cast<int>(int64_t{ia} * part >> 8);
 }
 
-// A diagonal of n + 1 pixels, each but the last with a neighbour on both sides.
+// A line passes between a pixel and its neighbour; `moved` is how far it has come to the neighbour, in 1/65536.
+template <class Combine>
+void DrawPair(const Paint<Combine>& paint, LICE_pixel* pixel, LICE_pixel* neighbour, int moved) {
+    paint.Dot(pixel, Share(paint.ia, 255 - (moved >> 8)));
+    paint.Dot(neighbour, Share(paint.ia, moved >> 8));
+}
+
+template <class Combine>
+void DrawDots(const Paint<Combine>& paint, LICE_pixel* pixel, ptrdiff_t step, int64_t count) {
+    for (; count > 0; --count, pixel += step) paint.Dot(pixel);
+}
+
+// --- Level and upright
+
+// The fast forms are for these opacities exactly, not for what truncates to them.
+template <class Draw>
+void WithStraightPaint(const Stroke& k, Draw draw) {
+    if (k.alpha == 1.0f || k.alpha == 0.75f || k.alpha == 0.5f || k.alpha == 0.25f) {
+        WithPaint<CopyForms::Fast>(k.color, k.mode, k.ia, draw);
+    } else {
+        WithPaint<CopyForms::SolidHalf>(k.color, k.mode, k.ia, draw);
+    }
+}
+
+void DrawLevel(const Stroke& k, const Segment<IntegerEdge>& s) {
+    LICE_pixel* const left = k.target.Stored(std::min(s.x1, s.x2), s.y1);
+    WithStraightPaint(k, [&](auto paint) { paint.Run(left, std::abs(s.x2 - s.x1) + 1); });
+}
+
+void DrawUpright(const Stroke& k, const Segment<IntegerEdge>& s) {
+    LICE_pixel* const first = k.target.Stored(s.x1, std::min(s.y1, s.y2));
+    WithStraightPaint(k, [&](auto paint) { DrawDots(paint, first, k.target.span, std::abs(s.y2 - s.y1) + 1); });
+}
+
+// --- Diagonal
+
+// n + 1 pixels, each but the last with a neighbour on both sides.
 template <class Core, class Fringe>
 void DrawSoftDiagonal(LICE_pixel* pixel, ptrdiff_t xStep, ptrdiff_t yStep, int64_t n, Core core, Fringe fringe) {
     for (; n > 0; --n, pixel += xStep + yStep) {
-        core(pixel);
-        fringe(pixel + xStep);
-        fringe(pixel + yStep);
+        core.Dot(pixel);
+        fringe.Dot(pixel + xStep);
+        fringe.Dot(pixel + yStep);
     }
-    core(pixel);
+    core.Dot(pixel);
 }
 
+void DrawDiagonal(const Stroke& k, const Segment<IntegerEdge>& s, bool aa) {
+    LICE_pixel* const from = k.target.Stored(s.x1, s.y1);
+    const ptrdiff_t xStep = s.x2 > s.x1 ? 1 : -1, yStep = s.y2 > s.y1 ? k.target.span : -k.target.span;
+    const int64_t n = std::abs(s.x2 - s.x1);
+    if (!aa) {
+        return WithPaint<CopyForms::SolidHalf>(k.color, k.mode, k.ia,
+                                               [&](auto paint) { DrawDots(paint, from, xStep + yStep, n + 1); });
+    }
+    if ((k.mode & LICE_BLIT_MODE_MASK) == LICE_BLIT_MODE_COPY && k.alpha == 1.0f) {
+        return DrawSoftDiagonal(from, xStep, yStep, n, Paint<CombineFastThreeQuarters>{{}, k.color, 192},
+                                Paint<CombineFastQuarter>{{}, k.color, 64});
+    }
+    WithPaint<CopyForms::General>(k.color, k.mode, k.ia, [&](auto core) {
+        auto fringe = core;
+        core.ia = static_cast<int>(int64_t{k.ia} * 3 / 4);
+        fringe.ia = k.ia / 4;
+        DrawSoftDiagonal(from, xStep, yStep, n, core, fringe);
+    });
+}
+
+// --- Sloping
+
 // Walked from both ends toward the middle, which makes it exactly symmetrical.
-struct GeneralLine {
+struct SlopingLine {
     LICE_pixel *end1, *end2;
     ptrdiff_t majorStep, minorStep;
     int64_t length;  // of the major axis
     int slope;       // of the minor axis, in 1/65536
+
+    SlopingLine(const Segment<IntegerEdge>& s, const Target& target)
+        : end1(target.Stored(s.x1, s.y1)),
+          end2(target.Stored(s.x2, s.y2)),
+          majorStep(target.span),
+          minorStep(1),
+          length(s.y2 - s.y1) {
+        int64_t minor = s.x2 - s.x1;
+        if (std::abs(minor) > std::abs(length)) {
+            std::swap(minor, length);
+            std::swap(majorStep, minorStep);
+        }
+        if (length < 0) {
+            length = -length;
+            minor = -minor;
+            std::swap(end1, end2);
+        }
+        if (minor < 0) {
+            minor = -minor;
+            minorStep = -minorStep;
+        }
+        slope = static_cast<int>(65536.0 * static_cast<double>(minor) / static_cast<double>(length));
+    }
 
     // Steps across once the distance moved reaches `threshold`, then along.
     void Advance(LICE_pixel*& p1, LICE_pixel*& p2, int& moved, int threshold) const {
@@ -121,160 +136,113 @@ struct GeneralLine {
     }
 
     template <class Combine>
-    void DrawSoft(const Pen<Combine>& pen) const {
-        pen.Draw(end1);
-        pen.Draw(end2);
+    void DrawSoft(const Paint<Combine>& paint) const {
+        paint.Dot(end1);
+        paint.Dot(end2);
         LICE_pixel *p1 = end1 + majorStep, *p2 = end2 - majorStep;
         int moved = slope;
         for (int64_t i = (length + 1) / 2 - 1; i > 0; --i) {
-            pen.DrawPair(p1, p1 + minorStep, moved);
-            pen.DrawPair(p2, p2 - minorStep, moved);
+            DrawPair(paint, p1, p1 + minorStep, moved);
+            DrawPair(paint, p2, p2 - minorStep, moved);
             Advance(p1, p2, moved, 0x10000);
         }
-        if (length % 2 == 0) pen.DrawPair(p1, p1 + minorStep, moved);
+        if (length % 2 == 0) DrawPair(paint, p1, p1 + minorStep, moved);
     }
 
     template <class Combine>
-    void DrawPlain(const Pen<Combine>& pen) const {
+    void DrawPlain(const Paint<Combine>& paint) const {
         LICE_pixel *p1 = end1, *p2 = end2;
         int moved = 0;
         for (int64_t i = (length + 1) / 2; i > 0; --i) {
-            pen.Draw(p1);
-            pen.Draw(p2);
+            paint.Dot(p1);
+            paint.Dot(p2);
             Advance(p1, p2, moved, 0x8000);
         }
-        if (length % 2 == 0) pen.Draw(p1);
+        if (length % 2 == 0) paint.Dot(p1);
     }
 };
 
-GeneralLine MakeGeneralLine(const Segment<IntegerEdge>& s, const Target& target) {
-    GeneralLine line = {target.At(s.x1, s.y1), target.At(s.x2, s.y2), target.span, 1, s.y2 - s.y1, 0};
-    int64_t minor = s.x2 - s.x1;
-    if (std::abs(minor) > std::abs(line.length)) {
-        std::swap(minor, line.length);
-        std::swap(line.majorStep, line.minorStep);
+void DrawSloping(const Stroke& k, const Segment<IntegerEdge>& s, bool aa) {
+    const SlopingLine line(s, k.target);
+    if (aa) {
+        WithPaint<CopyForms::General>(k.color, k.mode, k.ia, [&](auto paint) { line.DrawSoft(paint); });
+    } else {
+        WithPaint<CopyForms::SolidHalf>(k.color, k.mode, k.ia, [&](auto paint) { line.DrawPlain(paint); });
     }
-    if (line.length < 0) {
-        line.length = -line.length;
-        minor = -minor;
-        std::swap(line.end1, line.end2);
-    }
-    if (minor < 0) {
-        minor = -minor;
-        line.minorStep = -line.minorStep;
-    }
-    line.slope = static_cast<int>(65536.0 * static_cast<double>(minor) / static_cast<double>(line.length));
-    return line;
 }
 
-// Draws along the longer axis, from the first whole place on it to the last.
-void DrawFloatLine(Segment<FloatEdge> s, const Target& target, LICE_pixel color, int mode, int ia) {
-    const bool wide = std::abs(s.x2 - s.x1) > std::abs(s.y2 - s.y1);
-    float start = wide ? s.x1 : s.y1, end = wide ? s.x2 : s.y2;
-    float startMinor = wide ? s.y1 : s.x1, endMinor = wide ? s.y2 : s.x2;
-    if (end < start) {
-        std::swap(start, end);
-        std::swap(startMinor, endMinor);
+// --- Between pixels
+
+// A line with float ends, walked along its longer axis from the first whole place to the last.
+struct FloatWalk {
+    int first, last;  // whole places along
+    int minor;        // the pixel across, at the first of them
+    int direction;    // in which its neighbour lies and `minor` moves: 1 or -1
+    int moved, step;  // from the pixel to its neighbour, in 1/65536: at first, and from place to place
+
+    FloatWalk(float start, float startMinor, float end, float endMinor) {
+        if (end < start) {
+            std::swap(start, end);
+            std::swap(startMinor, endMinor);
+        }
+        direction = endMinor - startMinor < 0 ? -1 : 1;
+        const float whole = std::ceil(start), slope = (endMinor - startMinor) / (end - start);
+        const float exact = (whole - start) * slope + startMinor;
+        first = static_cast<int>(whole);
+        last = static_cast<int>(std::floor(end));
+        minor = static_cast<int>(exact) + (direction < 0 ? 1 : 0);
+        moved = static_cast<int>(65536.0f * (exact - std::floor(exact)));
+        if (direction < 0) moved = 65535 - moved;
+        step = static_cast<int>(65536.0f * std::abs(slope));
     }
-    const ptrdiff_t majorStep = wide ? 1 : target.span, minorStep = wide ? target.span : 1;
-    const int minorSize = wide ? target.height : target.width;
-    const int direction = endMinor - startMinor < 0 ? -1 : 1;
+};
 
-    const int first = static_cast<int>(std::ceil(start));
-    const int n = static_cast<int>(std::floor(end) - std::ceil(start));
-    const float slope = (endMinor - startMinor) / (end - start);
-    const float m = (std::ceil(start) - start) * slope + startMinor;
-    int moved = static_cast<int>(65536.0f * (m - std::floor(m)));
-    if (direction < 0) moved = 65535 - moved;
-    const int step = static_cast<int>(65536.0f * std::abs(slope));
-    int minor = static_cast<int>(m) + (direction < 0 ? 1 : 0);
-
-    const auto inside = [minorSize](int place) { return place >= 0 && place < minorSize; };
-    const auto draw = [&](auto combine) {
-        const Pen<decltype(combine)> pen = {combine, color, ia};
-        LICE_pixel* pixel = target.bits + first * majorStep + minor * minorStep;
-        for (int i = 0; i <= n; ++i, pixel += majorStep) {
+void DrawFloatLine(const Stroke& k, const Segment<FloatEdge>& s) {
+    const Target& t = k.target;
+    const bool level = std::abs(s.x2 - s.x1) > std::abs(s.y2 - s.y1);
+    const FloatWalk walk = level ? FloatWalk(s.x1, s.y1, s.x2, s.y2) : FloatWalk(s.y1, s.x1, s.y2, s.x2);
+    const ptrdiff_t alongStep = level ? 1 : t.span, acrossStep = level ? t.span : 1;
+    const int size = level ? t.height : t.width;
+    const auto draw = [&](auto paint) {
+        int minor = walk.minor, moved = walk.moved;
+        const auto dot = [&](int along, int across, int part) {
             // Rounding alone may carry a line past the edge that it was clipped to.
-            if (inside(minor)) pen.Draw(pixel, pen.Share(255 - (moved >> 8)));
-            if (inside(minor + direction)) pen.Draw(pixel + direction * minorStep, pen.Share(moved >> 8));
-            moved += step;
+            if (across >= 0 && across < size)
+                paint.Dot(t.bits + along * alongStep + across * acrossStep, Share(k.ia, part));
+        };
+        for (int along = walk.first; along <= walk.last; ++along) {
+            dot(along, minor, 255 - (moved >> 8));
+            dot(along, minor + walk.direction, moved >> 8);
+            moved += walk.step;
             if (moved >= 0x10000) {
-                minor += direction;
-                pixel += direction * minorStep;
+                minor += walk.direction;
                 moved -= 0x10000;
             }
         }
     };
-    // A line that rounding starts a hair off the surface begins with a weight of -1, which plain copying
-    // does not take.
-    if (moved < 0 && ia > 0 && (mode & LICE_BLIT_MODE_MASK) == LICE_BLIT_MODE_COPY) {
-        draw(CombineCopyBeyond{});
+    // Rounding may start a line a hair off the surface. Its first weight is then -1, which plain copying does not take.
+    if (walk.moved < 0 && k.ia > 0 && (k.mode & LICE_BLIT_MODE_MASK) == LICE_BLIT_MODE_COPY) {
+        draw(Paint<CombineCopyBeyond>{{}, k.color, k.ia});
     } else {
-        WithCombine<CopyForms::General>(mode, ia, draw);
+        WithPaint<CopyForms::General>(k.color, k.mode, k.ia, draw);
     }
 }
 
 }  // namespace
 
 void LICE_Line(LICE_IBitmap* dest, int x1, int y1, int x2, int y2, LICE_pixel color, float alpha, int mode, bool aa) {
-    const Target target(dest);
+    const Target target(dest, mode);
     if (target.Empty()) return;
-    Segment<IntegerEdge> s = {x1, y1, x2, y2};
-    if (target.Scales(mode)) {
-        s = {LICE_ScaleCoord(x1, target.scale), LICE_ScaleCoord(y1, target.scale), LICE_ScaleCoord(x2, target.scale),
-             LICE_ScaleCoord(y2, target.scale)};
-    }
-    if (target.flipped) {
-        s.y1 = target.height - 1 - s.y1;
-        s.y2 = target.height - 1 - s.y2;
-    }
+    const auto row = [&](int y) { return target.RowOf(int64_t{target.Coord(y)}); };
+    Segment<IntegerEdge> s = {target.Coord(x1), row(y1), target.Coord(x2), row(y2)};
     if (!s.Clip(target)) return;
 
-    const int ia = Opacity(alpha);
-    const int64_t dx = s.x2 - s.x1, dy = s.y2 - s.y1;
-    if (dx == 0 || dy == 0) {
-        LICE_pixel* const from = target.At(std::min(s.x1, s.x2), std::min(s.y1, s.y2));
-        const auto draw = [&](auto combine) {
-            if (dy == 0) {
-                CombineRun(combine, from, std::abs(dx) + 1, OneColor{color}, ia);
-            } else {
-                DrawColumn(Pen<decltype(combine)>{combine, color, ia}, from, target.span, std::abs(dy) + 1);
-            }
-        };
-        // The fast forms are for these opacities exactly, not for what truncates to them.
-        const bool fast = alpha == 1.0f || alpha == 0.75f || alpha == 0.5f || alpha == 0.25f;
-        return fast ? WithCombine<CopyForms::Fast>(mode, ia, draw) : WithCombine<CopyForms::SolidHalf>(mode, ia, draw);
-    }
-
-    if (std::abs(dx) == std::abs(dy)) {
-        LICE_pixel* const from = target.At(s.x1, s.y1);
-        const ptrdiff_t xStep = dx > 0 ? 1 : -1, yStep = dy > 0 ? target.span : -target.span;
-        if (!aa) {
-            return WithCombine<CopyForms::SolidHalf>(mode, ia, [&](auto combine) {
-                DrawColumn(Pen<decltype(combine)>{combine, color, ia}, from, xStep + yStep, std::abs(dx) + 1);
-            });
-        }
-        const auto draw = [&](auto core, auto fringe) {
-            DrawSoftDiagonal(
-                from, xStep, yStep, std::abs(dx),
-                [&](LICE_pixel* p) { *p = core(*p, color, static_cast<int>(Wide{ia} * 3 / 4)); },
-                [&](LICE_pixel* p) { *p = fringe(*p, color, ia / 4); });
-        };
-        if ((mode & LICE_BLIT_MODE_MASK) == LICE_BLIT_MODE_COPY && alpha == 1.0f)
-            return draw(CombineFastThreeQuarters{}, CombineFastQuarter{});
-        return WithCombine<CopyForms::General>(mode, ia, [&](auto combine) { draw(combine, combine); });
-    }
-
-    const GeneralLine line = MakeGeneralLine(s, target);
-    if (aa) {
-        WithCombine<CopyForms::General>(mode, ia, [&](auto combine) {
-            line.DrawSoft(Pen<decltype(combine)>{combine, color, ia});
-        });
-    } else {
-        WithCombine<CopyForms::SolidHalf>(mode, ia, [&](auto combine) {
-            line.DrawPlain(Pen<decltype(combine)>{combine, color, ia});
-        });
-    }
+    const Stroke stroke = {target, color, alpha, mode};
+    const int64_t across = std::abs(s.x2 - s.x1), down = std::abs(s.y2 - s.y1);
+    if (down == 0) return DrawLevel(stroke, s);
+    if (across == 0) return DrawUpright(stroke, s);
+    if (across == down) return DrawDiagonal(stroke, s, aa);
+    DrawSloping(stroke, s, aa);
 }
 
 void LICE_FLine(LICE_IBitmap* dest, float x1, float y1, float x2, float y2, LICE_pixel color, float alpha, int mode,
@@ -285,32 +253,23 @@ void LICE_FLine(LICE_IBitmap* dest, float x1, float y1, float x2, float y2, LICE
                   false);
         return;
     }
-    const Target target(dest);
+    const Target target(dest, mode);
     if (target.Empty()) return;
-    Segment<FloatEdge> s = {x1, y1, x2, y2};
-    if (target.flipped) {
-        s.y1 = static_cast<float>(target.logicalHeight - 1) - y1;
-        s.y2 = static_cast<float>(target.logicalHeight - 1) - y2;
-    }
-    if (target.Scales(mode)) {
-        const auto scaled = [&](float v) { return static_cast<float>(LICE_ScaleFloat(v, target.scale)); };
-        s = {scaled(s.x1), scaled(s.y1), scaled(s.x2), scaled(s.y2)};
-    }
-    if (!s.Clip(target)) return;
-    if (s.x1 == s.x2 && s.y1 == s.y2) return;
-    DrawFloatLine(s, target, color, mode, Opacity(alpha));
+    const auto row = [&](float y) { return target.Real(target.LogicalRowOf(y)); };
+    Segment<FloatEdge> s = {target.Real(x1), row(y1), target.Real(x2), row(y2)};
+    if (!s.Clip(target) || (s.x1 == s.x2 && s.y1 == s.y2)) return;
+    DrawFloatLine({target, color, alpha, mode}, s);
 }
 
 void LICE_DrawRect(LICE_IBitmap* dest, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode) {
-    const Target target(dest);
+    const Target target(dest, mode);
     if (target.Empty()) return;
     // On a scaled surface the corners lie where the middles of the logical corner pixels do.
-    const bool scales = target.Scales(mode);
-    const double inset = scales ? 1.0 - 256.0 / target.scale : 0;
+    const double inset = target.scales ? 1.0 - 256.0 / target.scale : 0;
     const double left = x + inset, right = static_cast<double>(int64_t{x} + w) - inset;
     const double top = y + inset, bottom = static_cast<double>(int64_t{y} + h) - inset;
     const auto side = [&](double x1, double y1, double x2, double y2) {
-        if (!scales) {
+        if (!target.scales) {
             LICE_Line(dest, TruncateToInt(x1), TruncateToInt(y1), TruncateToInt(x2), TruncateToInt(y2), color, alpha,
                       mode, false);
         } else {

@@ -6,7 +6,7 @@
 #include <memory>
 #include <new>
 
-#include "lice/combine.h"
+#include "lice/paint.h"
 #include "lice/safe_math.h"
 #include "lice/target.h"
 
@@ -17,6 +17,12 @@ double Difference(int a, int b) {
 }
 
 // --- Trapezoids
+
+// Where the two sides of a trapezoid begin or end.
+struct Level {
+    double left, right;
+    int y;
+};
 
 // A side on its way down the rows: a whole pixel and how far it is, in 1/65536, towards the next one in its direction.
 class Side {
@@ -44,13 +50,13 @@ class Side {
     int64_t direction_;  // 1 or -1
 };
 
+// All between the two sides, from the row `row` up to the row before `end`.
 template <class Combine>
-void FillRows(const Target& target, Combine combine, LICE_pixel color, int ia, Side left, Side right, int top,
-              int64_t rows) {
-    for (int64_t y = top; y < top + rows; ++y) {
+void FillBetween(const Target& target, const Paint<Combine>& paint, Side left, Side right, int64_t row, int64_t end) {
+    for (; row < end; ++row) {
         const int64_t first = std::max<int64_t>(left.At(), 0);
-        const int64_t end = std::min<int64_t>(right.At() + 1, target.width);
-        if (first < end) CombineRun(combine, target.At(first, y), end - first, OneColor{color}, ia);
+        const int64_t count = std::min<int64_t>(right.At() + 1, target.width) - first;
+        if (count > 0) paint.Run(target.Stored(first, row), count);
         left.Advance(1);
         right.Advance(1);
     }
@@ -116,40 +122,32 @@ void FillSorted(LICE_IBitmap* dest, const Point* points, int count, int height, 
 
 void LICE_FillTrapezoid(LICE_IBitmap* dest, double topLeft, double topRight, int topY, double bottomLeft,
                         double bottomRight, int bottomY, LICE_pixel color, float alpha, int mode) {
-    const Target target(dest);
+    const Target target(dest, mode);
     if (target.Empty()) return;
-    if (topY > bottomY) {
-        std::swap(topY, bottomY);
-        std::swap(topLeft, bottomLeft);
-        std::swap(topRight, bottomRight);
-    }
-    if (topLeft > topRight) std::swap(topLeft, topRight);
-    if (bottomLeft > bottomRight) std::swap(bottomLeft, bottomRight);
-    int extra = 0;  // rows that one logical row takes beyond its first
-    if (target.Scales(mode)) {
-        for (double* x : {&topLeft, &topRight, &bottomLeft, &bottomRight}) *x = LICE_ScaleFloat(*x, target.scale);
-        topY = LICE_ScaleCoord(topY, target.scale);
-        bottomY = LICE_ScaleCoord(bottomY, target.scale);
-        extra = target.scale / 256 - 1;
+    Level top{topLeft, topRight, topY}, bottom{bottomLeft, bottomRight, bottomY};
+    if (top.y > bottom.y) std::swap(top, bottom);
+    for (Level* level : {&top, &bottom}) {
+        if (level->left > level->right) std::swap(level->left, level->right);
+        *level = {target.Real(level->left), target.Real(level->right), target.Coord(level->y)};
     }
     const int width = target.width, height = target.height;
-    if ((topRight < 0 && bottomRight < 0) || (topLeft >= width && bottomLeft >= width)) return;
-    if (bottomY < 0 || topY >= height) return;
-    if (topLeft <= 0 && bottomLeft <= 0) topLeft = bottomLeft = 0;
-    if (topRight >= width - 1 && bottomRight >= width - 1) topRight = bottomRight = width - 1;
+    if ((top.right < 0 && bottom.right < 0) || (top.left >= width && bottom.left >= width)) return;
+    if (bottom.y < 0 || top.y >= height) return;
+    if (top.left <= 0 && bottom.left <= 0) top.left = bottom.left = 0;
+    if (top.right >= width - 1 && bottom.right >= width - 1) top.right = bottom.right = width - 1;
     // A side that starts or ends further out than any int, or nowhere, has no fraction to speak of.
-    for (double x : {topLeft, topRight, bottomLeft, bottomRight})
+    for (double x : {top.left, top.right, bottom.left, bottom.right})
         if (!(std::abs(x) <= 0x1p31)) return;
 
-    const double perRow = topY == bottomY ? 0.0 : 65536.0 / Difference(bottomY, topY);
-    Side left(topLeft, bottomLeft, perRow), right(topRight, bottomRight, perRow);
-    const int top = std::max(topY, 0);
-    left.Advance(int64_t{top} - topY);
-    right.Advance(int64_t{top} - topY);
-    const int64_t rows = std::min<int64_t>(bottomY, int64_t{height} - 1 - extra) - top + 1 + extra;
-    const int ia = Opacity(alpha);
-    WithCombine<CopyForms::Fast>(mode, ia,
-                                 [&](auto combine) { FillRows(target, combine, color, ia, left, right, top, rows); });
+    const double perRow = top.y == bottom.y ? 0.0 : 65536.0 / Difference(bottom.y, top.y);
+    Side left(top.left, bottom.left, perRow), right(top.right, bottom.right, perRow);
+    const int first = std::max(top.y, 0);
+    left.Advance(int64_t{first} - top.y);
+    right.Advance(int64_t{first} - top.y);
+    const int extra = target.scales ? target.scale / 256 - 1 : 0;  // rows that a logical row takes beyond its first
+    const int64_t end = std::min<int64_t>(bottom.y, int64_t{height} - 1 - extra) + 1 + extra;
+    WithPaint<CopyForms::Fast>(color, mode, Opacity(alpha),
+                               [&](auto paint) { FillBetween(target, paint, left, right, first, end); });
 }
 
 void LICE_FillTrapezoid(LICE_IBitmap* dest, int topLeft, int topRight, int topY, int bottomLeft, int bottomRight,
@@ -161,7 +159,7 @@ void LICE_FillTrapezoid(LICE_IBitmap* dest, int topLeft, int topRight, int topY,
 
 void LICE_FillConvexPolygon(LICE_IBitmap* dest, const int* x, const int* y, int count, LICE_pixel color, float alpha,
                             int mode) {
-    const Target target(dest);
+    const Target target(dest, mode);
     if (target.Empty() || !x || !y || count < 3) return;
 
     Point onStack[512];
@@ -174,12 +172,9 @@ void LICE_FillConvexPolygon(LICE_IBitmap* dest, const int* x, const int* y, int 
     }
     int leftmost = target.width, rightmost = 0;
     for (int i = 0; i < count; ++i) {
-        Point p{x[i], y[i]};
-        if (target.Scales(mode)) p = {LICE_ScaleCoord(p.x, target.scale), LICE_ScaleCoord(p.y, target.scale)};
-        if (target.flipped) p.y = HeldInInt(int64_t{target.height} - 1 - p.y);
-        leftmost = std::min(leftmost, p.x);
-        rightmost = std::max(rightmost, p.x);
-        points[i] = p;
+        points[i] = {target.Coord(x[i]), HeldInInt(target.RowOf(int64_t{target.Coord(y[i])}))};
+        leftmost = std::min(leftmost, points[i].x);
+        rightmost = std::max(rightmost, points[i].x);
     }
     std::sort(points, points + count,
               [](const Point& a, const Point& b) { return a.y != b.y ? a.y < b.y : a.x < b.x; });

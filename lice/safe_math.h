@@ -2,6 +2,7 @@
 // Arithmetic for any argument: what no int holds is held at the ends of its range, and NaN is 0.
 #pragma once
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 #include "platform/win32.h"
@@ -15,6 +16,11 @@ inline int TruncateToInt(double value) {  // toward zero
     return static_cast<int>(std::clamp<double>(value, INT32_MIN, INT32_MAX));
 }
 
+// Far beyond any surface, with room left in an int for what is added. NaN is not within.
+inline bool WithinReach(double value) {
+    return std::abs(value) < 1 << 30;
+}
+
 inline int64_t WidthOf(const RECT& r) {
     return int64_t{r.right} - r.left;
 }
@@ -22,3 +28,13 @@ inline int64_t WidthOf(const RECT& r) {
 inline int64_t HeightOf(const RECT& r) {
     return int64_t{r.bottom} - r.top;
 }
+
+// Places on one axis, from `start` on. The size is below 1 where there are none.
+struct Extent {
+    int64_t start, size;
+
+    Extent Within(int64_t first, int64_t end) const {
+        const int64_t from = std::max(start, first);
+        return {from, std::min(start + size, end) - from};
+    }
+};

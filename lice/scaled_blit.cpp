@@ -3,14 +3,14 @@
 #include <cmath>
 
 #include "lice/blit_rows.h"
-#include "lice/combine.h"
+#include "lice/paint.h"
 
 namespace {
 
 constexpr int One = 0x10000;               // 1.0 in 16.16
 constexpr double FarAway = 2147483648.0;   // where no surface reaches, and 16.16 still has room
 constexpr int FilterFrom = One * 17 / 10;  // the step from which shrinking weighs more than four pixels
-constexpr int WideFilterAbove = 3 * One;
+constexpr int LargeKernelAbove = 3 * One;
 constexpr int RunWidth = 256;  // source pixels that are gathered before they are combined
 
 // One axis: destination pixel i of the whole stretch reads at start + i * step.
@@ -49,58 +49,13 @@ struct WeightedSum {
     static uint64_t TwoChannels(LICE_pixel p) { return (p & 0xFF) | uint64_t{p & 0xFF0000} << 16; }
 };
 
-struct Stretch {
-    const Target &to, &from;
-    int dstx, dsty;
-    Axis across, down;
-};
+// What the weights of a filter are for: the source pixels around a position, by their distance from it.
+struct Kernel {
+    int radius = 0;
+    uint32_t weights[5][5] = {};  // down and across; the centre is [2][2]
 
-const LICE_pixel* SourceRow(const Target& from, int64_t y) {
-    return from.At(0, from.flipped ? from.height - 1 - y : y);
-}
-
-// Gathers the source pixels of `count` destination pixels in a row; the first reads at x, y in 16.16.
-struct Take {
-    virtual void operator()(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixel* out) const = 0;
-
-  protected:
-    ~Take() = default;
-};
-
-struct TakeNearest final : Take {
-    void operator()(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixel* out) const override {
-        const LICE_pixel* row = SourceRow(s.from, y >> 16);
-        for (int i = 0; i < count; ++i, x += s.across.step) out[i] = row[x >> 16];
-    }
-};
-
-struct TakeBilinear final : Take {
-    // In the last column and row there is no neighbour to lean to, and the fraction is dropped.
-    void operator()(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixel* out) const override {
-        const int64_t row = y >> 16;
-        const uint32_t yf = row + 1 < s.from.height ? y & 0xFFFF : 0;
-        const LICE_pixel* upper = SourceRow(s.from, row);
-        const LICE_pixel* lower = yf ? SourceRow(s.from, row + 1) : upper;
-        for (int i = 0; i < count; ++i, x += s.across.step) {
-            const int64_t left = x >> 16;
-            const uint32_t xf = left + 1 < s.from.width ? x & 0xFFFF : 0;
-            const int64_t right = left + (xf ? 1 : 0);
-            const uint32_t both = xf * yf >> 16;
-            WeightedSum sum;
-            sum.Add(upper[left], One - yf - xf + both);
-            sum.Add(upper[right], xf - both);
-            sum.Add(lower[left], yf - both);
-            sum.Add(lower[right], both);
-            out[i] = sum.DividedBy(One);
-        }
-    }
-};
-
-struct TakeFiltered final : Take {
-    int radius;
-    uint32_t weights[5][5];  // by distance down and across from the centre, which is at [2][2]
-
-    explicit TakeFiltered(int64_t largerStep) : radius(largerStep > WideFilterAbove ? 2 : 1) {
+    Kernel() = default;
+    explicit Kernel(int64_t largerStep) : radius(largerStep > LargeKernelAbove ? 2 : 1) {
         const double reach = static_cast<double>(largerStep) / One - 1.0;
         for (int dy = -2; dy <= 2; ++dy) {
             for (int dx = -2; dx <= 2; ++dx) {
@@ -109,43 +64,88 @@ struct TakeFiltered final : Take {
             }
         }
     }
+};
 
-    void operator()(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixel* out) const override {
-        const int64_t row = y >> 16;
-        const int64_t top = std::max<int64_t>(row - radius, 0);
-        const int64_t bottom = std::min<int64_t>(row + radius, s.from.height - 1);
-        for (int i = 0; i < count; ++i, x += s.across.step) {
-            const int64_t column = x >> 16;
-            const int64_t left = std::max<int64_t>(column - radius, 0);
-            const int64_t right = std::min<int64_t>(column + radius, s.from.width - 1);
-            WeightedSum sum;
-            uint32_t total = 0;
-            for (int64_t sy = top; sy <= bottom; ++sy) {
-                const LICE_pixel* pixels = SourceRow(s.from, sy);
-                for (int64_t sx = left; sx <= right; ++sx) {
-                    const uint32_t weight = weights[sy - row + 2][sx - column + 2];
-                    sum.Add(pixels[sx], weight);
-                    total += weight;
-                }
-            }
-            out[i] = sum.DividedBy(total);
+struct Stretch {
+    const Target &to, &from;
+    int dstx, dsty;
+    Axis across, down;
+    Kernel kernel{};  // of GatherFiltered only
+};
+
+// Gathers what `count` destination pixels of a row read, the first at x, y in 16.16.
+using Gather = void (*)(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixel* out);
+
+void GatherNearest(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixel* out) {
+    const LICE_pixel* row = s.from.At(0, y >> 16);
+    for (int i = 0; i < count; ++i, x += s.across.step) out[i] = row[x >> 16];
+}
+
+// The last column and row have no neighbour to lean to, so their fraction is dropped.
+void GatherBilinear(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixel* out) {
+    const int64_t row = y >> 16;
+    const uint32_t yf = row + 1 < s.from.height ? y & 0xFFFF : 0;
+    const LICE_pixel* upper = s.from.At(0, row);
+    const LICE_pixel* lower = yf ? s.from.At(0, row + 1) : upper;
+    for (int i = 0; i < count; ++i, x += s.across.step) {
+        const int64_t left = x >> 16;
+        const uint32_t xf = left + 1 < s.from.width ? x & 0xFFFF : 0;
+        const int64_t right = left + (xf ? 1 : 0);
+        const uint32_t both = xf * yf >> 16;
+        WeightedSum sum;
+        sum.Add(upper[left], One - yf - xf + both);
+        sum.Add(upper[right], xf - both);
+        sum.Add(lower[left], yf - both);
+        sum.Add(lower[right], both);
+        out[i] = sum.DividedBy(One);
+    }
+}
+
+LICE_pixel Filtered(const Target& from, const Kernel& kernel, int64_t column, int64_t row) {
+    const int64_t top = std::max<int64_t>(row - kernel.radius, 0);
+    const int64_t bottom = std::min<int64_t>(row + kernel.radius, from.height - 1);
+    const int64_t left = std::max<int64_t>(column - kernel.radius, 0);
+    const int64_t right = std::min<int64_t>(column + kernel.radius, from.width - 1);
+    WeightedSum sum;
+    uint32_t total = 0;
+    for (int64_t y = top; y <= bottom; ++y) {
+        const LICE_pixel* pixels = from.At(0, y);
+        for (int64_t x = left; x <= right; ++x) {
+            const uint32_t weight = kernel.weights[y - row + 2][x - column + 2];
+            sum.Add(pixels[x], weight);
+            total += weight;
         }
     }
-};
+    return sum.DividedBy(total);
+}
+
+void GatherFiltered(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixel* out) {
+    for (int i = 0; i < count; ++i, x += s.across.step) out[i] = Filtered(s.from, s.kernel, x >> 16, y >> 16);
+}
 
 // Surfaces that share pixels are walked one by one, so that each pixel reads what the one before it has left.
 template <class Combine>
-void StretchRows(const Stretch& s, const Take& take, Combine combine, int ia) {
+void StretchRows(const Stretch& s, Gather gather, Combine combine, int ia) {
     const int64_t runWidth = SharePixels(s.to, s.from) ? 1 : RunWidth;
     LICE_pixel run[RunWidth];
     for (int64_t y = s.down.first; y < s.down.end; ++y) {
-        const int64_t row = s.to.flipped ? s.to.height - 1 - (s.dsty + y) : s.dsty + y;
         for (int64_t x = s.across.first; x < s.across.end; x += runWidth) {
             const int count = static_cast<int>(std::min(runWidth, s.across.end - x));
-            take(s, s.across.At(x), s.down.At(y), count, run);
-            CombineRun(combine, s.to.At(s.dstx + x, row), count, PixelRow{run}, ia);
+            gather(s, s.across.At(x), s.down.At(y), count, run);
+            CombineRun(combine, s.to.At(s.dstx + x, s.dsty + y), count, PixelRow{run}, ia);
         }
     }
+}
+
+void DrawStretch(Stretch& s, bool filter, int mode, int ia) {
+    if ((mode & (LICE_BLIT_USE_ALPHA | 0xFFFF)) == 0 && ia == 128)
+        return StretchRows(s, GatherNearest, CombineFastHalf{}, ia);  // the packed mean
+    Gather gather = filter ? GatherBilinear : GatherNearest;
+    if (filter && s.across.step >= FilterFrom && s.down.step >= FilterFrom) {
+        gather = GatherFiltered;
+        s.kernel = Kernel(std::max(s.across.step, s.down.step));
+    }
+    WithBlitCombine<CopyForms::SolidHalf>(mode, ia, [&](auto combine) { StretchRows(s, gather, combine, ia); });
 }
 
 bool IsNearWhole(double value) {
@@ -156,44 +156,27 @@ bool IsNearWhole(double value) {
 
 void LICE_ScaledBlit(LICE_IBitmap* dest, LICE_IBitmap* src, int dstx, int dsty, int dstw, int dsth, float srcx,
                      float srcy, float srcw, float srch, float alpha, int mode) {
-    const Target to(dest), from(src);
+    const Target to(dest, mode), from(src, mode);
     if (to.Empty() || from.Empty() || alpha == 0.0f) return;
-    if (to.Scales(mode)) {
-        for (int* value : {&dstx, &dsty, &dstw, &dsth}) *value = LICE_ScaleCoord(*value, to.scale);
-    }
+    for (int* value : {&dstx, &dsty, &dstw, &dsth}) *value = to.Coord(*value);
     double left = srcx, top = srcy, width = srcw, height = srch;
     for (double* value : {&left, &top, &width, &height}) {
-        if (from.Scales(mode)) *value = LICE_ScaleFloat(*value, from.scale);
+        *value = from.Real(*value);
         if (!(std::abs(*value) <= FarAway)) return;
     }
     if (dstw < 1 || dsth < 1) return;
 
     const bool filter = (mode & LICE_BLIT_FILTER_MASK) == LICE_BLIT_FILTER_BILINEAR;
-    if (std::abs(width - dstw) < 0.001 && std::abs(height - dsth) < 0.001 &&
-        (!filter || (IsNearWhole(left) && IsNearWhole(top)))) {
+    const bool sameSize = std::abs(width - dstw) < 0.001 && std::abs(height - dsth) < 0.001;
+    if (sameSize && (!filter || (IsNearWhole(left) && IsNearWhole(top)))) {
         const int64_t x = static_cast<int64_t>(left + 0.5), y = static_cast<int64_t>(top + 0.5);
-        BlitBackingPixels(to, from, {dstx, dsty, x, y, x + dstw, y + dsth}, alpha, mode);
-        return;
+        return BlitBackingPixels(to, from, {dstx, dsty, x, y, x + dstw, y + dsth}, alpha, mode);
     }
-
-    const Stretch stretch = {to,
-                             from,
-                             dstx,
-                             dsty,
-                             Axis(dstx, dstw, to.width, left, width, from.width),
-                             Axis(dsty, dsth, to.height, top, height, from.height)};
-    const int ia = Opacity(alpha);
-    const int64_t across = stretch.across.step, down = stretch.down.step;
-    const auto with = [&](const Take& take) {
-        WithBlitCombine<CopyForms::SolidHalf>(mode, ia, [&](auto combine) { StretchRows(stretch, take, combine, ia); });
-    };
-    if ((mode & (LICE_BLIT_USE_ALPHA | 0xFFFF)) == 0 && ia == 128) {
-        StretchRows(stretch, TakeNearest{}, CombineFastHalf{}, ia);  // the packed mean
-    } else if (filter && across >= FilterFrom && down >= FilterFrom) {
-        with(TakeFiltered(std::max(across, down)));
-    } else if (filter) {
-        with(TakeBilinear{});
-    } else {
-        with(TakeNearest{});
-    }
+    Stretch stretch = {to,
+                       from,
+                       dstx,
+                       dsty,
+                       Axis(dstx, dstw, to.width, left, width, from.width),
+                       Axis(dsty, dsth, to.height, top, height, from.height)};
+    DrawStretch(stretch, filter, mode, Opacity(alpha));
 }

@@ -1,5 +1,5 @@
 // lice/target.h
-// What a drawing routine knows of the surface it draws on, asked once at its head.
+// What a drawing routine knows of the surface it draws on, asked once at its head: its memory, its rows and its scale.
 #pragma once
 #include <cstddef>
 
@@ -12,8 +12,10 @@ struct Target {
     ptrdiff_t span = 0;
     int scale = 0;  // 1/256; 0: none
     bool flipped = false;
+    bool scales = false;  // this call's coordinates are logical ones on a scaled surface
 
-    explicit Target(LICE_IBitmap* surface) {
+    // Without a mode word, coordinates are those of the backing store.
+    explicit Target(LICE_IBitmap* surface, int mode = LICE_BLIT_IGNORE_SCALING) {
         if (!surface) return;
         bits = surface->getBits();
         span = surface->getRowSpan();
@@ -24,14 +26,30 @@ struct Target {
         if (scale > 0) {
             width = static_cast<int>(LICE_ScaleSize(width, scale));
             height = static_cast<int>(LICE_ScaleSize(height, scale));
+            scales = !(mode & LICE_BLIT_IGNORE_SCALING);
         } else {
             scale = 0;
         }
     }
 
     bool Empty() const { return !bits || span == 0 || width < 1 || height < 1; }
-    // Whether this call's coordinates are logical and the backing store is larger or smaller.
-    bool Scales(int mode) const { return scale > 0 && !(mode & LICE_BLIT_IGNORE_SCALING); }
-    // A pixel of the backing store by its place in memory: y counts rows as they are stored, flipped or not.
-    LICE_pixel* At(ptrdiff_t x, ptrdiff_t y) const { return bits + y * span + x; }
+
+    // This call's numbers as pixels of the backing store.
+    int Coord(int value) const { return scales ? LICE_ScaleCoord(value, scale) : value; }
+    int Size(int value) const { return scales ? static_cast<int>(LICE_ScaleSize(value, scale)) : value; }
+    template <class Number>
+    Number Real(Number value) const {
+        return scales ? static_cast<Number>(LICE_ScaleFloat(value, scale)) : value;
+    }
+
+    // Rows are counted from the top, or as they lie in memory, where a flipped surface ends with its top row.
+    // RowOf turns the one into the other, both ways; LogicalRowOf does so before the scale.
+    template <class Number>
+    Number RowOf(Number y) const {
+        return flipped ? static_cast<Number>(height - 1) - y : y;
+    }
+    float LogicalRowOf(float y) const { return flipped ? static_cast<float>(logicalHeight - 1) - y : y; }
+    LICE_pixel* Stored(ptrdiff_t x, ptrdiff_t row) const { return bits + row * span + x; }  // as it lies in memory
+    LICE_pixel* At(ptrdiff_t x, ptrdiff_t y) const { return Stored(x, RowOf(y)); }          // from the top
+    ptrdiff_t Down() const { return flipped ? -span : span; }  // from a pixel to the one below it
 };

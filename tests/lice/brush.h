@@ -1,7 +1,7 @@
 // tests/lice/brush.h
 // What a slow raster draws its single pixels with: any colour, opacity and mode.
 #pragma once
-#include "lice/combine.h"
+#include "lice/paint.h"
 #include "tests/lice/reference.h"
 #include "tests/lice/support.h"
 
