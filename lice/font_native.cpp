@@ -42,11 +42,12 @@ COLORREF SystemColor(LICE_pixel color) {
 class NativeText {
   public:
     explicit NativeText(TextReader text) : bytes_(text.at) {
-        while (text.left != 0 && bytes_[length_] != 0) {
-            ++length_;
+        bool plain = true;
+        for (; text.left != 0 && bytes_[length_] != 0; ++length_) {
+            plain = plain && static_cast<unsigned char>(bytes_[length_]) < 128;
             if (text.left > 0) --text.left;
         }
-        if (!HasWideCharacters({bytes_, length_})) return;
+        if (plain) return;
         const int units = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes_, length_, nullptr, 0);
         wide_.resize(units > 0 ? units + 1 : 0);
         MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes_, length_, wide_.data(), units);

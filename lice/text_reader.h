@@ -25,6 +25,3 @@ class TextReader {
   private:
     unsigned NextSequence();
 };
-
-// Whether there is any sequence of several bytes, as GDI has to be told.
-bool HasWideCharacters(TextReader text);

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "apps/common/tool.h"
+#include "platform/utf8.h"
 
 double Result::Kept() const {
     double sum = 0;
@@ -75,37 +76,19 @@ std::string AsCsv(const std::vector<Result>& results) {
     return text;
 }
 
-// How many bytes the UTF-8 character at the start of the text takes; 0 when it is none.
-static size_t CharacterAt(std::string_view text) {
-    const auto byte = [text](size_t i) -> unsigned {
-        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
-    };
-    const unsigned first = byte(0);
-    if (first < 0x80) return 1;
-    const size_t size = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-    unsigned code = first & (0x7F >> size);
-    for (size_t i = 1; i < size; ++i) {
-        if ((byte(i) & 0xC0) != 0x80) return 0;
-        code = code << 6 | (byte(i) & 0x3F);
-    }
-    const unsigned least[] = {0, 0, 0x80, 0x800, 0x10000};
-    const bool surrogate = code >= 0xD800 && code < 0xE000;
-    return first >= 0xC0 && first < 0xF8 && code >= least[size] && code < 0x110000 && !surrogate ? size : 0;
-}
-
 // A file's name can hold any byte; JSON cannot, so what is no UTF-8 becomes the replacement character.
 static std::string JsonText(std::string_view text) {
     std::string quoted = "\"";
     while (!text.empty()) {
         const unsigned char c = text[0];
-        const size_t size = CharacterAt(text);
-        if (size == 0)
+        const Utf8Character read = ReadUtf8(text.data(), text.size());
+        if (!read.wellFormed)
             quoted += "\\ufffd";
         else if (c < 32)
             quoted += Formatted("\\u%04x", c);
         else
-            (c == '"' || c == '\\' ? quoted += '\\' : quoted).append(text.substr(0, size));
-        text.remove_prefix(std::max<size_t>(size, 1));
+            (c == '"' || c == '\\' ? quoted += '\\' : quoted).append(text.substr(0, read.bytes));
+        text.remove_prefix(read.wellFormed ? read.bytes : 1);
     }
     return quoted + "\"";
 }
