@@ -53,17 +53,14 @@ void FechaLacunaSubsequente() {
 
 void JuntaClipCrossfade() {
     const int quantos = host::CountSelectedMediaItems(0);
-    if (quantos == 0) return Mensagem("Selecione pelo menos um item.", "Erro");
-    // In the host's order, whatever the tracks. A moved item's end is read after its move, so the moves add up.
-    for (int i = 0; i < quantos; ++i) {
-        MediaItem* item = host::GetSelectedMediaItem(0, i);
-        if (!item) continue;
-        if (i == 0) FadeDeEntrada(item);
-        if (i == quantos - 1) {
-            FadeDeSaida(item);
-        } else if (MediaItem* proximo = host::GetSelectedMediaItem(0, i + 1)) {
-            UnirComCrossfade(item, proximo);
-        }
-    }
+    if (quantos <= 0) return Mensagem("Selecione pelo menos um item.", "Erro");
+    // In the host's order as it was before the first move, whatever the tracks; a null handle parts its neighbours.
+    std::vector<MediaItem*> itens;
+    for (int i = 0; i < quantos; ++i) itens.push_back(host::GetSelectedMediaItem(0, i));
+    if (itens.front()) FadeDeEntrada(itens.front());
+    // A moved item's end is read after its move, so the moves add up.
+    for (size_t i = 1; i < itens.size(); ++i)
+        if (itens[i - 1] && itens[i]) UnirComCrossfade(itens[i - 1], itens[i]);
+    if (itens.back()) FadeDeSaida(itens.back());
     host::UpdateArrange();
 }

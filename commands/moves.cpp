@@ -63,7 +63,8 @@ static void Cutucar(double segundos, const char* titulo) {
     const int selecionados = host::CountSelectedMediaItems(0);
     if (selecionados == 0) return;
     const BlocoDeDesfazer bloco(titulo);
-    ParaCadaSelecionado(selecionados, [segundos](MediaItem* item) { MoverItem(item, InicioDoItem(item) + segundos); });
+    // A copy: the host may list its selection in another order after each move.
+    for (MediaItem* item : CopiarSelecao(selecionados)) MoverItem(item, InicioDoItem(item) + segundos);
     host::UpdateArrange();
 }
 

@@ -1,6 +1,8 @@
 // commands/trim.cpp: cuts at the cursor, and the ripple that closes what was cut. The ripple is our own arithmetic on
 // the positions of one track's items: the host's ripple mode is neither read nor set, other tracks, markers and
 // envelopes stay, and no position is clamped.
+#include <bit>
+#include <cstdint>
 #include <unordered_map>
 
 #include "commands/commands.h"
@@ -18,8 +20,9 @@ struct RegistroRipple {
     double inicio, comprimento;
 };
 
-void ExcluirItem(MediaTrack* faixa, MediaItem* item) {
-    if (faixa) host::DeleteTrackMediaItem(faixa, item);
+// False: the host keeps the item, and then nothing moves on its account.
+bool ExcluirItem(MediaTrack* faixa, MediaItem* item) {
+    return faixa && host::DeleteTrackMediaItem(faixa, item);
 }
 
 // The one selected item, cut at the cursor inside it.
@@ -54,35 +57,57 @@ void CortarPelaAcao(int acao, const char* titulo) {
     ExecutarAcao(acao);
 }
 
-// Deletes one part of the cut item, and moves the items of its track whose start `segue` takes left by what that part
-// took. The left part is never among them: it stays, or is the part that goes.
+// Deletes one part of the cut item, and moves the items of its track that `segue` takes, by handle and start, left by
+// what that part took. The left part is never among them: it stays, or is the part that goes. False: the part stays.
 template <class Segue>
-void ApagarParte(const Corte& corte, MediaItem* parte, double removido, Segue segue) {
+bool ApagarParte(const Corte& corte, MediaItem* parte, double removido, Segue segue) {
     MediaTrack* faixa = host::GetMediaItem_Track(corte.esquerda);
     std::vector<MovimentoPendente> movimentos;
     ParaCadaItemDaFaixa(faixa, [&](MediaItem* item) {
         if (item == corte.esquerda || item == parte) return;
         const double inicio = InicioDoItem(item);
-        if (segue(inicio)) movimentos.push_back({item, inicio - removido});
+        if (segue(item, inicio)) movimentos.push_back({item, inicio - removido});
     });
-    ExcluirItem(faixa, parte);
+    if (!ExcluirItem(faixa, parte)) return false;
     for (const MovimentoPendente& m : movimentos) host::SetMediaItemPosition(m.item, m.inicio, false);
+    return true;
 }
 
-// Deletes the recorded items of one track and closes each hole, earliest first.
-void ExcluirDaFaixa(MediaTrack* faixa, std::vector<RegistroRipple>& registros) {
+// What was deleted, in the order in which the holes are closed: each stands where the ones before have left it.
+struct Buraco {
+    double inicio, comprimento;
+};
+
+void Seguir(double& inicio, const Buraco& buraco) {
+    inicio -= inicio > buraco.inicio ? buraco.comprimento : 0.0;
+}
+
+// Deletes the recorded items of one track, earliest first.
+std::vector<Buraco> Excluir(MediaTrack* faixa, std::vector<RegistroRipple>& registros) {
     OrdenarComCautela(registros, [](const auto& a, const auto& b) { return a.inicio < b.inicio; });
-    for (const RegistroRipple& registro : registros) {
-        const double inicio = registro.inicio, comprimento = registro.comprimento;
-        ExcluirItem(faixa, registro.item);
-        ParaCadaItemDaFaixa(faixa, [=](MediaItem* item) {
-            const double q = InicioDoItem(item);
-            if (q > inicio) MoverItem(item, q - comprimento);
-        });
-        // The records follow the items that have just moved.
-        for (RegistroRipple& outro : registros)
-            if (outro.inicio > inicio) outro.inicio -= comprimento;
+    std::vector<Buraco> buracos;
+    for (auto registro = registros.begin(); registro != registros.end(); ++registro) {
+        if (!ExcluirItem(faixa, registro->item)) continue;
+        const Buraco buraco = buracos.emplace_back(registro->inicio, registro->comprimento);
+        for (auto outro = registro + 1; outro != registros.end(); ++outro) Seguir(outro->inicio, buraco);
     }
+    return buracos;
+}
+
+// Moves what is left on the track. The host is asked once for each position and told once: in between, a position takes
+// the same steps, in the same order, as if every deletion had moved the items at once.
+void FecharBuracos(MediaTrack* faixa, const std::vector<Buraco>& buracos) {
+    std::vector<MediaItem*> itens;
+    std::vector<double> inicios;
+    ParaCadaItemDaFaixa(faixa, [&](MediaItem* item) {
+        itens.push_back(item);
+        inicios.push_back(InicioDoItem(item));
+    });
+    const std::vector<double> antes = inicios;
+    for (const Buraco& buraco : buracos)
+        for (double& inicio : inicios) Seguir(inicio, buraco);
+    for (size_t i = 0; i < itens.size(); ++i)
+        if (std::bit_cast<uint64_t>(inicios[i]) != std::bit_cast<uint64_t>(antes[i])) MoverItem(itens[i], inicios[i]);
 }
 
 }  // namespace
@@ -90,16 +115,19 @@ void ExcluirDaFaixa(MediaTrack* faixa, std::vector<RegistroRipple>& registros) {
 void TrimDireita() {
     CortarSelecionado("Corta e Apaga Direita (Ripple)", [](const Corte& corte) {
         ApagarParte(corte, corte.direita, ComprimentoDoItem(corte.direita),
-                    [&corte](double inicio) { return inicio > corte.inicio; });
+                    [&corte](MediaItem*, double inicio) { return inicio > corte.inicio; });
     });
 }
 
 void TrimEsquerda() {
-    constexpr double margem = 0.0001;  // so that the kept part, which starts at the cursor, is always among the moved
+    constexpr double margem = 0.0001;
     CortarSelecionado("Corta e Apaga Esquerda (Ripple)", [](const Corte& corte) {
-        ApagarParte(corte, corte.esquerda, corte.cursor - corte.inicio,
-                    [&corte](double inicio) { return inicio >= corte.cursor - margem; });
-        host::SetEditCurPos(corte.inicio, false, false);
+        // The kept part always follows, also where the host crossfades at splits and it starts before the cursor.
+        const auto segue = [&corte](MediaItem* item, double inicio) {
+            return item == corte.direita || inicio >= corte.cursor - margem;
+        };
+        if (ApagarParte(corte, corte.esquerda, corte.cursor - corte.inicio, segue))
+            host::SetEditCurPos(corte.inicio, false, false);
     });
 }
 
@@ -131,7 +159,7 @@ void ExcluirRipple() {
         const double comprimento = ComprimentoDoItem(item);
         porFaixa[host::GetMediaItem_Track(item)].push_back({item, inicio, comprimento});
     });
-    for (auto& [faixa, registros] : porFaixa) ExcluirDaFaixa(faixa, registros);
+    for (auto& [faixa, registros] : porFaixa) FecharBuracos(faixa, Excluir(faixa, registros));
     bloco.Fechar();
     host::UpdateArrange();
 }

@@ -47,7 +47,7 @@ local preset = string.format(
     "RENDERPRESET_OUTPUT VELATURNO_PRE 1 0 124.128 0 0 %s 0 \"%s\" 1000 0 \"\" 0\n", pattern, desktop)
 content = content .. "\n" .. preset
 
-for _ = 1, 3 do
+for try = 1, 3 do
     local written = false
     pcall(function()
         local f = io.open(reaper_ini_path, "w")
@@ -56,7 +56,7 @@ for _ = 1, 3 do
         written = true
     end)
     if written then break end
-    reaper.sleep(0.1)
+    if try < 3 and reaper.sleep then reaper.sleep(0.1) end
 end
 
 reaper.GetSetProjectInfo_String(0, "RENDER_FORMAT", format_mp3, true)

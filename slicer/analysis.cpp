@@ -31,10 +31,10 @@ struct LiberarBuffer {
 };
 using BufferLeitura = std::unique_ptr<double[], LiberarBuffer>;
 
-// Null when there is no memory for that many channels.
+// Null when there is no memory for that many channels. Zeros, so that what a host leaves unwritten is silence.
 BufferLeitura CriarBuffer(int canais) {
     const size_t amostras = static_cast<size_t>(canais) * QuadrosPorLeitura;
-    return BufferLeitura(new (AlinhamentoBuffer, std::nothrow) double[amostras]);
+    return BufferLeitura(new (AlinhamentoBuffer, std::nothrow) double[amostras]());
 }
 
 // The accessor is null when the take has none to give.

@@ -92,7 +92,7 @@ bool BounceEntrada(double alcaSegundos) {
         const TelaParada parada;
         for (const RegistroBounce& r : registros) Abrir(r);
         ExecutarAcao(acao::ColarSelecao);
-        ParaCadaSelecionado(host::CountSelectedMediaItems(0), [&](MediaItem* item) { Encolher(item, registros); });
+        for (MediaItem* item : CopiarSelecao(host::CountSelectedMediaItems(0))) Encolher(item, registros);
     }
     host::UpdateArrange();
     BounceEntradaAtivo = true;

@@ -26,6 +26,24 @@ TEST_F(Trim, FechaOQueCortou) {
     Contar(CortarE, "Cortar Esquerda", {{dois, "Voz: A 4-10 @4 * | B 12-14 {cursor 4}"}});
 }
 
+// Of a host that crossfades at splits, the kept part starts before the cursor, and follows all the same.
+TEST_F(Trim, AParteQueFicaSegueSempre) {
+    host.preferences.splitCrossfade = 0.01;
+    Contar(TrimEsquerda, FechouEsquerda,
+           {{"Voz: A 0-10 * | B 12-14 {cursor 4}", "Voz: A -0.01-6 @3.99 ~/0.01 | B 8-10"}});
+}
+
+TEST_F(Trim, OQueOHostNaoApagaNaoMoveNada) {
+    host.FailFrom("DeleteTrackMediaItem", 1);
+    Contar(TrimDireita, FechouDireita,
+           {{"Voz: A 0-10 * | B 12-14 {cursor 4}", "Voz: A 0-4 * | A 4-10 @4 | B 12-14 {cursor 4}"}});
+    Contar(TrimEsquerda, FechouEsquerda,
+           {{"Voz: A 0-10 * | B 12-14 {cursor 4}", "Voz: A 0-4 * | A 4-10 @4 | B 12-14 {cursor 4}"}});
+    host.StopFailing();
+    host.FailFrom("DeleteTrackMediaItem", 2);  // the second of three stays, and follows the first
+    Contar(ExcluirRipple, "Excluir Ripple Manual", {{"Voz: A 0-2 * | B 3-4 * | C 6-7", "Voz: B 1-2 * | C 4-5"}});
+}
+
 TEST_F(Trim, RecusaSemMexerEmNada) {
     constexpr char fora[] = "Erro: O cursor nao esta dentro do item selecionado.";
     constexpr char varios[] = "Erro: Mais de um item selecionado. Por favor, selecione apenas um item.";
