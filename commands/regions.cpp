@@ -1,6 +1,5 @@
-// commands/regions.cpp: play, create, rename and delete regions, and look at the selection. A region has a place in
-// time (its ordinal), a place in the host's list of markers and regions (its index), and the host's own number; each
-// call says which of them it takes.
+// commands/regions.cpp: play, create, rename and delete regions. Three numbers name a region: its ordinal in time, its
+// index in the host's list of markers and regions, and the host's own number. Each call says which it takes.
 #include <cstdio>
 #include <optional>
 

@@ -58,7 +58,7 @@ void PararTudo() {
     host::UpdateArrange();
 }
 
-// An item edge has to lie this much beyond the cursor, so that a jump does not stay where the last one ended.
+// How far beyond the cursor an item edge must lie, so that a second jump goes on.
 static constexpr double FolgaDoCursor = 0.001;
 
 template <class F>

@@ -57,8 +57,8 @@ void CortarPelaAcao(int acao, const char* titulo) {
     ExecutarAcao(acao);
 }
 
-// Deletes one part of the cut item, and moves the items of its track that `segue` takes, by handle and start, left by
-// what that part took. The left part is never among them: it stays, or is the part that goes. False: the part stays.
+// Deletes one part of the cut item; the items of its track that `segue` takes, by handle and start, close the hole. The
+// left part is never asked about: it stays, or is the part that goes. False: the host keeps the part.
 template <class Segue>
 bool ApagarParte(const Corte& corte, MediaItem* parte, double removido, Segue segue) {
     MediaTrack* faixa = host::GetMediaItem_Track(corte.esquerda);

@@ -1,9 +1,9 @@
 // host/api.h
-// This folder is where module and host meet: what the host publishes (here), the look-up of its functions (imports),
-// the door that it calls (entry), and the log. The host publishes records, opaque types and functions; the 76 that the
-// module looks up are listed once. The slots, the import table and the stand-in host are all made from that list, so
-// that a signature that differs anywhere does not compile. A null ReaProject* is the current project. Texts are UTF-8,
-// paths included.
+// This folder is the ground on which the module meets its host: what the host publishes (here), the look-up of its
+// functions (imports), its numbered actions (actions), the idiom of edits (editing), the log, and what every door needs
+// (door). The host publishes records, opaque types and functions; the 76 that the module looks up are listed once. From
+// that list come the slots, the import table and the stand-in host: a signature that differs anywhere does not compile.
+// A null ReaProject* is the current project. Texts are UTF-8, paths included.
 #pragma once
 #include "platform/win32.h"
 

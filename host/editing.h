@@ -110,9 +110,8 @@ void ParaCadaFaixaSelecionada(int quantas, F f) {
 // The first so many selected items, in the host's order, so that the selection can change under the caller.
 std::vector<MediaItem*> CopiarSelecao(int quantos);
 
-// Sorts by a comparison that may ask the host. A heap sort, because its steps stay inside the list whatever the
-// comparison says: positions that are not numbers, or a host that answers differently the second time, give a bad
-// order here and walks out of bounds with the faster sorts. Equal ones keep no defined order.
+// Sorts by a comparison that may ask the host; equal ones keep no order. A host may contradict itself, or answer with
+// what is not a number. A heap sort then gives a bad order; faster sorts would leave the list's bounds.
 template <class T, class Antes>
 void OrdenarComCautela(std::vector<T>& lista, Antes antes) {
     std::make_heap(lista.begin(), lista.end(), antes);

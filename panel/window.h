@@ -1,6 +1,6 @@
 // panel/window.h
-// The panel: one floating window of the host's, without child controls. Each WM_PAINT runs one pass (pass.h) of a page,
-// in which plain functions (widgets.h) draw themselves, test the mouse (mouse.h) and run what was clicked at once. The
+// The panel: one floating window of the host's, without child controls. Each WM_PAINT runs one pass (pass.h) of a page.
+// In it plain functions (widgets.h) draw themselves, test the mouse (mouse.h) and run at once what was clicked. The
 // main page (main_page.h) is rows of buttons (rows.h) on a grid (grid.h); the slicer's page is slicer_page.h.
 #pragma once
 #include <string>

@@ -1,5 +1,5 @@
-// render/desktop_export.cpp: the export to the desktop. The host's scripts can do what its functions for extensions
-// cannot, so the work is done by a script, which is written to a temporary file, registered, run and taken out again.
+// render/desktop_export.cpp: the export to the desktop. The host's scripts can do more than its extensions, so a script
+// does the work. It is written to a temporary file, registered, run and taken out again.
 #include <cstdio>
 #include <string>
 

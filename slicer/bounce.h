@@ -1,6 +1,6 @@
 // slicer/bounce.h
-// The entry bounce: each selected item becomes a freshly glued one that sounds and sits as before, but whose source
-// goes on behind both edges, so that the pieces cut from it can be dragged open.
+// The entry bounce: each selected item is glued anew. It sounds and sits as before, but its source goes on behind both
+// edges: pieces cut from it can be dragged open.
 #pragma once
 
 extern bool BounceEntradaAtivo;  // the bounce's undo point is on the history

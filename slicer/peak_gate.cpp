@@ -19,8 +19,8 @@ __m128i MetadesAltas(const double* amostras) {
     return _mm_castps_si128(_mm_shuffle_ps(primeiras, seguintes, _MM_SHUFFLE(3, 1, 3, 1)));
 }
 
-// Whether some sample of a block of 64 may reach the threshold. Bits without their sign order as the numbers do, so a
-// block whose top 16 bits all stay below the threshold's stays below it.
+// Whether some sample of a block of 64 may reach the threshold. Without their sign, bits order as the numbers do:
+// where all top 16 bits stay below the threshold's, all samples stay below it.
 bool ChegaPerto(const double* bloco, double limiar) {
     const int topoDoLimiar = static_cast<int>(std::bit_cast<int64_t>(limiar) >> 48);
     const __m128i semSinal = _mm_set1_epi32(0x7fffffff);

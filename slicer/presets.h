@@ -1,7 +1,7 @@
 // slicer/presets.h
-// The slicer's six presets and the settings last used, and the small text file that keeps them in the host's resource
-// folder. Numbers are written and read with a point, whatever the process's locale. Nothing here clamps a value, and no
-// failure of a file is reported: what is in memory stays.
+// The slicer's six presets and the settings last used. A small text file in the host's resource folder keeps them.
+// Numbers are written and read with a point, whatever the process's locale. Nothing here clamps a value, and no failure
+// of a file is reported: what is in memory stays.
 #pragma once
 #include <array>
 #include <string>
