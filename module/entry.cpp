@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "host/door.h"
 #include "host/imports.h"
 #include "host/log.h"
 #include "panel/window.h"
@@ -37,8 +38,10 @@ double Quilmo_Teste(double a, double b) {
 }
 
 void Quilmo_AbrirPainel() {
-    if (!HostImportado()) return;
-    AbrirJanelaPainel(host::GetMainHwnd(), CaminhoRecursos);
+    Porta("Quilmo_AbrirPainel", 0, [] {
+        if (HostImportado()) AbrirJanelaPainel(host::GetMainHwnd(), CaminhoRecursos);
+        return 0;
+    });
 }
 
 bool HookCommand2Proc(KbdSectionInfo*, int comando, int, int, int, HWND) {
@@ -53,7 +56,7 @@ int ToggleActionProc(int comando) {
     return JanelaPainelAberta() ? 1 : 0;
 }
 
-int ReaperPluginEntry(HINSTANCE, reaper_plugin_info_t* registro) {
+static int Carregar(reaper_plugin_info_t* registro) {
     if (!registro) return 0;
     if (registro->caller_version != VersaoDoHost) return 0;
     if (ImportarFuncoes(registro->GetFunc) != 0) return 0;
@@ -83,4 +86,8 @@ int ReaperPluginEntry(HINSTANCE, reaper_plugin_info_t* registro) {
         AcaoPainelId);
     RegistrarLog(linha);
     return 1;
+}
+
+int ReaperPluginEntry(HINSTANCE, reaper_plugin_info_t* registro) {
+    return Porta("ReaperPluginEntry", 0, [registro] { return Carregar(registro); });
 }

@@ -19,7 +19,8 @@ static const struct {
 
 void PaginaPrincipal(HWND janela, HDC dc) {
     if (ModoFatiadorAtivo) return PaginaFatiador(janela, dc);
-    ContextoGrade contexto = {ComecarPasse(janela, "principal"), Mouse};
+    const Passe passe(janela, dc, "principal");
+    ContextoGrade contexto = {passe.Fundo(), Mouse};
     for (const auto& [y, h, desenhar] : Linhas) {
         contexto.y = y;
         contexto.h = h;
@@ -30,5 +31,4 @@ void PaginaPrincipal(HWND janela, HDC dc) {
     GetClientRect(janela, &cliente);
     const char* texto = contexto.dica ? contexto.dica : *StatusMsg ? StatusMsg : nullptr;
     BarraStatus(contexto.bm, 8, 3, cliente.right - 16, texto);
-    TerminarPasse(dc);
 }

@@ -20,7 +20,7 @@ static void NotarCliques() {
     Mouse.direitoSeguroAntes = Mouse.direitoSeguro;
 }
 
-LICE_IBitmap* ComecarPasse(HWND janela, const char* pagina) {
+Passe::Passe(HWND janela, HDC dc, const char* pagina) : dc_(dc) {
     PaginaEmCurso = pagina;
     NotarCliques();
     AcaoRepetir = nullptr;
@@ -29,11 +29,14 @@ LICE_IBitmap* ComecarPasse(HWND janela, const char* pagina) {
     if (!fundo) fundo = new LICE_SysBitmap(0, 0);
     if (++passesAbertos == 1) fundo->resize(cliente.right, cliente.bottom);
     LICE_Clear(fundo, CorFundo);
+}
+
+LICE_IBitmap* Passe::Fundo() const {
     return fundo;
 }
 
-void TerminarPasse(HDC dc) {
-    BitBlt(dc, 0, 0, fundo->getWidth(), fundo->getHeight(), fundo->getDC(), 0, 0, SRCCOPY);
+Passe::~Passe() {
+    BitBlt(dc_, 0, 0, fundo->getWidth(), fundo->getHeight(), fundo->getDC(), 0, 0, SRCCOPY);
     // The pass that this one stood in must not count its click again.
     if (--passesAbertos > 0) Mouse.esquerdoApertou = Mouse.direitoApertou = false;
     if (janelaFechou) LargarFundo();

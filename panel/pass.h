@@ -6,10 +6,19 @@
 #include "lice/bitmap.h"
 #include "panel/state.h"
 
-// Notes which buttons went down since the last pass, forgets what was to be repeated, and gives the back buffer, as
-// large as the client area and cleared. The page's name is for an observer.
-LICE_IBitmap* ComecarPasse(HWND janela, const char* pagina);
-void TerminarPasse(HDC dc);  // once for each ComecarPasse: copies the back buffer to the window
+// A pass begins by noting which buttons went down since the last one, and by forgetting what was to be repeated. It
+// ends by copying the back buffer to the window, whichever way the page ends. The page's name is for an observer.
+class Passe {
+  public:
+    Passe(HWND janela, HDC dc, const char* pagina);
+    ~Passe();
+    Passe(const Passe&) = delete;
+    Passe& operator=(const Passe&) = delete;
+    LICE_IBitmap* Fundo() const;  // as large as the client area, and cleared at first
+
+  private:
+    const HDC dc_;
+};
 
 // The panel is closed: frees the back buffer, or leaves that to the end of the pass that is still running.
 void LargarFundo();

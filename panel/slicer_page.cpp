@@ -7,6 +7,7 @@
 #include "panel/grid.h"
 #include "panel/observer.h"
 #include "panel/pass.h"
+#include "panel/slicer_watch.h"
 #include "panel/status.h"
 #include "slicer/presets.h"
 #include "slicer/preview.h"
@@ -18,6 +19,7 @@ constexpr int BytesDoRotulo = 64;
 
 void Recalcular() {
     RecalcularPreview(fecharLacunas, blocoMs, thresholdDb);
+    CancelarOQueEsperou();
 }
 
 void GravarAjustes() {
@@ -155,7 +157,8 @@ void AbrirFatiador() {
 void PaginaFatiador(HWND janela, HDC dc) {
     RECT cliente = {};
     GetClientRect(janela, &cliente);
-    ContextoGrade contexto = {ComecarPasse(janela, "fatiador"), Mouse};
+    const Passe passe(janela, dc, "fatiador");
+    ContextoGrade contexto = {passe.Fundo(), Mouse};
     LinhaPresets(contexto, 35);
     LinhaDeAjuste<double>(contexto, 69,
                           {thresholdDb, -80.0, -6.0, "db", "Piso de Silencio: %.1f dB", "DIMINUIR PISO",
@@ -168,5 +171,4 @@ void PaginaFatiador(HWND janela, HDC dc) {
     // Drawn after the rows, so that the hovered widget's tooltip can stand in it in the same pass.
     BarraStatus(contexto.bm, Esquerda, 3, cliente.right - 16, contexto.dica ? contexto.dica : "MODO FATIADOR");
     if (SalvarPresetAberto) PerguntarPreset(contexto, cliente);
-    TerminarPasse(dc);
 }

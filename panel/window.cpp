@@ -2,12 +2,14 @@
 
 #include <utility>
 
+#include "host/door.h"
 #include "panel/host_options.h"
 #include "panel/main_page.h"
 #include "panel/menus.h"
 #include "panel/pass.h"
-#include "panel/status.h"
+#include "panel/slicer_watch.h"
 #include "panel/window_state.h"
+#include "platform/window_frame.h"
 #include "slicer/preview.h"
 
 static constexpr char NomeDaClasse[] = "QuilmoPainelClass";
@@ -21,26 +23,24 @@ static void Invalidar(HWND janela) {
     InvalidateRect(janela, nullptr, FALSE);
 }
 
-// Leaves the slicer mode, with the project as it was before; nothing outside the mode.
-static void CancelarFatiador() {
-    if (PreviewEmObra) {
-        PainelEmFrente = true;  // so that the watch cancels at its next tick, when the cuts are whole
-        return;
-    }
-    if (!ModoFatiadorAtivo) return;
-    ModoFatiadorAtivo = false;
-    SalvarPresetAberto = false;
-    RestaurarOriginal();
-    DefinirStatus("Modo Fatiador cancelado (atividade fora do painel)");
-}
-
 // --- Messages
 
+// The bracket around a paint, which also marks the client area as painted.
+struct Pintura {
+    const HWND janela;
+    PAINTSTRUCT dados;
+    const HDC dc;
+    explicit Pintura(HWND qual) : janela(qual), dc(BeginPaint(qual, &dados)) {}
+    ~Pintura() { EndPaint(janela, &dados); }
+    Pintura(const Pintura&) = delete;
+    Pintura& operator=(const Pintura&) = delete;
+};
+
 static void Pintar(HWND janela) {
-    PAINTSTRUCT pintura;
-    const HDC dc = BeginPaint(janela, &pintura);
-    PaginaPrincipal(janela, dc);
-    EndPaint(janela, &pintura);
+    {
+        const Pintura pintura(janela);
+        PaginaPrincipal(janela, pintura.dc);
+    }
     // A menu runs a message loop of its own, so it waits until the screen shows this pass.
     if (std::exchange(AbrirMenuLacunas, false)) MenuLacunas(janela);
     if (std::exchange(AbrirMenuSelecao, false)) MenuSelecao(janela);
@@ -64,9 +64,17 @@ static void Apertou(HWND janela) {
     if (AcaoRepetir) SetTimer(janela, TimerDeRepeticao, PeriodoDeRepeticaoMs, nullptr);
 }
 
-static void Soltou(HWND janela, bool& seguro) {
-    seguro = false;
+static void SoltarEsquerdo(HWND janela) {
+    Mouse.esquerdoSeguro = false;
     PararRepeticao(janela);
+    if (GetCapture() == janela) ReleaseCapture();
+    Invalidar(janela);
+}
+
+static void SoltarDireito(HWND janela) {
+    Mouse.direitoSeguro = false;
+    PararRepeticao(janela);
+    Invalidar(janela);
 }
 
 static void Repetir(HWND janela) {
@@ -75,31 +83,24 @@ static void Repetir(HWND janela) {
     Invalidar(janela);
 }
 
-// Any work outside the panel ends the slicer mode. Deactivation tells of most; this is for a mode that began while the
-// panel was in front without being active. Nobody in front is no sign of work.
-static void VigiarFatiador(HWND janela) {
-    const HWND emFrente = GetForegroundWindow();
-    if (emFrente == janela)
-        PainelEmFrente = true;
-    else if (emFrente && PainelEmFrente)
-        CancelarFatiador();
-}
-
-static void FixarTamanho(MINMAXINFO& limites) {
-    const LONG molduraX = 2 * GetSystemMetrics(SM_CXSIZEFRAME);
-    const LONG molduraY = 2 * GetSystemMetrics(SM_CYSIZEFRAME) + GetSystemMetrics(SM_CYCAPTION);
-    limites.ptMinTrackSize = limites.ptMaxTrackSize = {LarguraCliente + molduraX, AlturaCliente + molduraY};
+static void FixarTamanho(HWND janela, MINMAXINFO& limites) {
+    const auto [largura, altura] = SizeAround(janela, {LarguraCliente, AlturaCliente});
+    limites.ptMinTrackSize = limites.ptMaxTrackSize = {largura, altura};
 }
 
 static void Fechar(HWND janela) {
-    if (PreviewEmObra) return;  // the user closes again when the host is done
+    if (PreviewEmObra) return;  // ignored; the user closes again when the slicer is done
     CancelarFatiador();         // no window, no way to keep the cuts or to take them back
     RECT r;
-    if (GetWindowRect(janela, &r)) GravarJanelaIni({r.left, r.top, r.right - r.left, r.bottom - r.top});
+    if (GetWindowRect(janela, &r))
+        Porta("GravarJanelaIni", false, [&r] {  // a place that is lost does not keep the panel open
+            GravarJanelaIni({r.left, r.top, r.right - r.left, r.bottom - r.top});
+            return true;
+        });
     DestroyWindow(janela);
 }
 
-static LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wParam, LPARAM lParam) {
+static LRESULT Tratar(HWND janela, UINT mensagem, WPARAM wParam, LPARAM lParam) {
     switch (mensagem) {
         case WM_PAINT:
             Pintar(janela);
@@ -117,19 +118,21 @@ static LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wPar
             Apertou(janela);
             return 0;
         case WM_LBUTTONUP:
-            Soltou(janela, Mouse.esquerdoSeguro);
-            if (GetCapture() == janela) ReleaseCapture();
-            Invalidar(janela);
+            SoltarEsquerdo(janela);
+            return 0;
+        case WM_CAPTURECHANGED:
+            // A box or another window has taken the mouse, and the release goes there.
+            if (reinterpret_cast<HWND>(lParam) != janela && Mouse.esquerdoSeguro) SoltarEsquerdo(janela);
             return 0;
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
+            if (Mouse.direitoSeguro) SoltarDireito(janela);  // released outside, where nobody told
             EntregarSoltura(janela, Mouse.direitoSeguro, Mouse.direitoSeguroAntes);
             Mouse.direitoSeguro = true;
             Apertou(janela);
             return 0;
         case WM_RBUTTONUP:
-            Soltou(janela, Mouse.direitoSeguro);
-            Invalidar(janela);
+            SoltarDireito(janela);
             return 0;
         case WM_MOUSEWHEEL:
             return 0;
@@ -143,13 +146,14 @@ static LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wPar
             Invalidar(janela);  // the panel's only way of learning of the host's changes
             return 0;
         case WM_ACTIVATE:
+            if (LOWORD(wParam) == WA_INACTIVE) PararRepeticao(janela);
             if (LOWORD(wParam) == WA_INACTIVE && ModoFatiadorAtivo) {
                 CancelarFatiador();
                 Invalidar(janela);
             }
             break;
         case WM_GETMINMAXINFO:
-            FixarTamanho(*reinterpret_cast<MINMAXINFO*>(lParam));
+            FixarTamanho(janela, *reinterpret_cast<MINMAXINFO*>(lParam));
             return 0;
         case WM_CLOSE:
             Fechar(janela);
@@ -161,6 +165,10 @@ static LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wPar
             return 0;
     }
     return DefWindowProcA(janela, mensagem, wParam, lParam);
+}
+
+static LRESULT CALLBACK ProcJanelaPainel(HWND janela, UINT mensagem, WPARAM wParam, LPARAM lParam) {
+    return Porta("ProcJanelaPainel", LRESULT{0}, [=] { return Tratar(janela, mensagem, wParam, lParam); });
 }
 
 // --- Opening

@@ -16,9 +16,13 @@ constexpr double SilencioMinimo = 0.001;    // seconds; a span must be longer th
 constexpr int QuadrosPorLeitura = 65536;
 constexpr int MaiorQuadro = std::numeric_limits<int>::max();
 
+struct DevolverLeitor {
+    void operator()(AudioAccessor* leitor) const { host::DestroyAudioAccessor(leitor); }
+};
+
 // An open accessor, and how it is read: as the take's source is, so that the host neither resamples nor mixes down.
 struct Leitura {
-    AudioAccessor* leitor;
+    std::unique_ptr<AudioAccessor, DevolverLeitor> leitor;
     int taxa = 44100;  // for a take without a source, or one that does not tell
     int canais = 2;
     double inicio = 0.0;  // seconds
@@ -39,13 +43,14 @@ BufferLeitura CriarBuffer(int canais) {
 
 // The accessor is null when the take has none to give.
 Leitura AbrirLeitura(MediaItem_Take* take) {
-    Leitura leitura = {.leitor = host::CreateTakeAudioAccessor(take)};
+    Leitura leitura;
+    leitura.leitor.reset(host::CreateTakeAudioAccessor(take));
     if (!leitura.leitor) return leitura;
     if (PCM_source* fonte = host::GetMediaItemTake_Source(take)) {
         if (const int taxa = host::GetMediaSourceSampleRate(fonte); taxa > 0) leitura.taxa = taxa;
         if (const int canais = host::GetMediaSourceNumChannels(fonte); canais > 0) leitura.canais = canais;
     }
-    leitura.inicio = host::GetAudioAccessorStartTime(leitura.leitor);
+    leitura.inicio = host::GetAudioAccessorStartTime(leitura.leitor.get());
     return leitura;
 }
 
@@ -79,7 +84,8 @@ std::vector<TrechoSom> TrechosDeSom(const Leitura& leitura, int totalQuadros, do
     for (int p = 0, n; p < totalQuadros; p += n) {
         n = std::min(QuadrosPorLeitura, totalQuadros - p);
         const double inicio = leitura.inicio + p / static_cast<double>(leitura.taxa);
-        if (host::GetAudioAccessorSamples(leitura.leitor, leitura.taxa, leitura.canais, inicio, n, buffer.get()) <= 0)
+        if (host::GetAudioAccessorSamples(leitura.leitor.get(), leitura.taxa, leitura.canais, inicio, n,
+                                          buffer.get()) <= 0)
             std::fill_n(buffer.get(), static_cast<size_t>(n) * leitura.canais, 0.0);
         VarrerQuadros(porta, buffer.get(), p, n);
     }
@@ -94,12 +100,7 @@ std::vector<TrechoSilencio> AnalisarItem(MediaItem_Take* take, double compriment
     const Leitura leitura = AbrirLeitura(take);
     if (!leitura.leitor) return {};
     const double quadros = std::ceil(comprimento * leitura.taxa);
-    std::vector<TrechoSilencio> silencio;
-    if (quadros <= MaiorQuadro) {  // false also for a length that is not a number
-        const int totalQuadros = static_cast<int>(quadros);
-        silencio =
-            SilencioEntre(TrechosDeSom(leitura, totalQuadros, limiarLinear, blocoSegundos), totalQuadros, leitura.taxa);
-    }
-    host::DestroyAudioAccessor(leitura.leitor);
-    return silencio;
+    if (!(quadros <= MaiorQuadro)) return {};  // nor a length that is not a number
+    const int totalQuadros = static_cast<int>(quadros);
+    return SilencioEntre(TrechosDeSom(leitura, totalQuadros, limiarLinear, blocoSegundos), totalQuadros, leitura.taxa);
 }

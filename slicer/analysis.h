@@ -1,7 +1,6 @@
 // slicer/analysis.h
-// Finds the silence of one item: a peak gate with a hold. The item is read in windows of 10 ms; a window sounds when
-// any sample of any channel reaches the threshold, and a run of sound ends only when the silent windows behind it add
-// up to the block. Nothing in the project changes here.
+// Finds the silence of one item: what a peak gate (peak_gate.h) with windows of 10 ms leaves out. Nothing in the
+// project changes here.
 #pragma once
 #include <vector>
 
@@ -13,8 +12,8 @@ struct TrechoSilencio {
     double fim;
 };
 
-// The silence of an item with that active take and that length in seconds, ascending. Empty when there is nothing to
-// cut: no silence of more than a millisecond, no sound at all (an item is never cut away whole), shorter than 0.05 s,
-// or not readable. limiarLinear is a sample's absolute value.
+// The silence of an item with that active take and that length in seconds, ascending. limiarLinear is a sample's
+// absolute value. Silence of a millisecond or less does not count. Also empty when nothing sounds: no item is cut
+// away whole. So it is for an item that is shorter than 0.05 s or cannot be read.
 std::vector<TrechoSilencio> AnalisarItem(MediaItem_Take* take, double comprimento, double limiarLinear,
                                          double blocoSegundos);

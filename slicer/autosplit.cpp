@@ -3,6 +3,7 @@
 #include <cmath>
 #include <map>
 
+#include "host/door.h"
 #include "host/editing.h"
 #include "host/imports.h"
 #include "slicer/analysis.h"
@@ -63,9 +64,7 @@ void FecharLacunasFatias() {
     for (const auto& [faixa, daFaixa] : itensPorFaixa) EncostarFatias(daFaixa);
 }
 
-}  // namespace
-
-bool Quilmo_AutoSplit(bool fecharLacunas, int blocoMs, double thresholdDb) {
+bool FatiarSelecao(bool fecharLacunas, int blocoMs, double thresholdDb) {
     if (!HostImportado()) return false;
     const double limiarLinear = std::pow(10.0, thresholdDb / 20.0);
     const double blocoSegundos = (blocoMs > 0 ? blocoMs : BlocoPadraoMs) / 1000.0;
@@ -82,4 +81,10 @@ bool Quilmo_AutoSplit(bool fecharLacunas, int blocoMs, double thresholdDb) {
     }
     host::UpdateArrange();
     return true;
+}
+
+}  // namespace
+
+bool Quilmo_AutoSplit(bool fecharLacunas, int blocoMs, double thresholdDb) {
+    return Porta("Quilmo_AutoSplit", false, [=] { return FatiarSelecao(fecharLacunas, blocoMs, thresholdDb); });
 }

@@ -90,11 +90,11 @@ bool BounceEntrada(double alcaSegundos) {
     const BlocoDeDesfazer bloco(TituloDoBounce);
     {
         const TelaParada parada;
+        BounceEntradaAtivo = true;  // whatever happens from here on, the block leaves its point
         for (const RegistroBounce& r : registros) Abrir(r);
         ExecutarAcao(acao::ColarSelecao);
         for (MediaItem* item : CopiarSelecao(host::CountSelectedMediaItems(0))) Encolher(item, registros);
     }
     host::UpdateArrange();
-    BounceEntradaAtivo = true;
     return true;
 }

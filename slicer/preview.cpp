@@ -22,6 +22,14 @@ bool fecharLacunas = true;
 
 namespace {
 
+// The slicer is at work as long as one of these lives.
+struct Obra {
+    Obra() { PreviewEmObra = true; }
+    ~Obra() { PreviewEmObra = false; }
+    Obra(const Obra&) = delete;
+    Obra& operator=(const Obra&) = delete;
+};
+
 // A selected item by value: handles do not outlive an undo.
 struct FotoItem {
     MediaTrack* faixa;
@@ -114,10 +122,10 @@ bool FazerPrimeiroCorte(const std::string& pastaDosPresets) {
 
 bool EntrarModoFatiador(const std::string& pastaDosPresets) {
     if (PreviewEmObra) return false;
-    PreviewEmObra = true;
-    const bool cortou = FazerPrimeiroCorte(pastaDosPresets);
-    PreviewEmObra = false;
-    if (!cortou) return false;
+    {
+        const Obra obra;
+        if (!FazerPrimeiroCorte(pastaDosPresets)) return false;
+    }
     PreviewAtivo = ModoFatiadorAtivo = true;
     SalvarPresetAberto = PainelEmFrente = false;
     SliderArrastado = nullptr;  // a drag that the end of the last run cut short is over
@@ -125,21 +133,19 @@ bool EntrarModoFatiador(const std::string& pastaDosPresets) {
 }
 
 void RecalcularPreview(bool fechar, int bloco, double threshold) {
-    PreviewEmObra = true;
+    const Obra obra;
     DesfazerPreview();
     ReselecionarFotos();
     if (host::CountSelectedMediaItems(0) != 0) PreviewAtivo = Quilmo_AutoSplit(fechar, bloco, threshold);
     host::UpdateArrange();
-    PreviewEmObra = false;
 }
 
 void RestaurarOriginal() {
-    PreviewEmObra = true;
+    const Obra obra;
     DesfazerPreview();
     DesfazerBounceEntrada();
     ReselecionarFotos();
     host::UpdateArrange();
-    PreviewEmObra = false;
 }
 
 void AplicarFatias() {

@@ -59,8 +59,15 @@ BOOL SetForegroundWindow(HWND window) {
     return true;
 }
 
+// Who loses it is told who has it now.
+static HWND PassCapture(HWND to) {
+    const HWND before = std::exchange(Desktop().capture, to);
+    if (before && before != to) SendMessageA(before, WM_CAPTURECHANGED, 0, reinterpret_cast<LPARAM>(to));
+    return before;
+}
+
 HWND SetCapture(HWND window) {
-    return Find(window) ? std::exchange(Desktop().capture, window) : nullptr;
+    return Find(window) ? PassCapture(window) : nullptr;
 }
 
 HWND GetCapture() {
@@ -68,6 +75,6 @@ HWND GetCapture() {
 }
 
 BOOL ReleaseCapture() {
-    Desktop().capture = nullptr;
+    PassCapture(nullptr);
     return true;
 }

@@ -33,20 +33,23 @@ BOOL AppendMenuA(HMENU handle, UINT flags, UINT_PTR id, const char* text) {
     return true;
 }
 
-// Gives the id that was chosen; only menus that return it are known here. The menu takes the mouse away from whoever
-// had captured it, and the button that opened it is let go while it is open.
+// Gives the id that was chosen; only menus that return it are known here. The menu captures the mouse for its owner
+// until it ends, and the button that opened it is let go while it is open.
 BOOL TrackPopupMenu(HMENU handle, UINT flags, int x, int y, int, HWND owner, const RECT*) {
     State& state = Desktop();
     const auto menu = state.menus.find(handle);
     if (menu == state.menus.end() || !Find(owner)) return 0;
     if (!(flags & TPM_RETURNCMD)) Fail("a popup menu that does not return what was chosen");
-    if (state.capture) ReleaseCapture();
+    SetCapture(owner);
     state.shown = {menu->second, {x, y}, owner};
     state.keys[VK_LBUTTON] = state.keys[VK_RBUTTON] = false;
-    if (state.answers.empty()) return 0;
-    const auto user = std::move(state.answers.front());
-    state.answers.pop_front();
-    const UINT id = user();
+    UINT id = 0;
+    if (!state.answers.empty()) {
+        const auto user = std::move(state.answers.front());
+        state.answers.pop_front();
+        id = user();
+    }
+    ReleaseCapture();
     const bool known = std::any_of(state.shown.entries.begin(), state.shown.entries.end(),
                                    [id](const MenuEntry& each) { return each.id == id && !each.text.empty(); });
     if (id != 0 && !known) Fail("the menu that opened does not have the entry that was to be chosen");

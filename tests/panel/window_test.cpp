@@ -1,5 +1,7 @@
 // Opening, closing, timers, the mouse and the screen, through the window's messages.
+#include <optional>
 #include "module/entry.h"
+
 #include "panel/pass.h"
 #include "slicer/preview.h"
 #include "tests/support/panel_scene.h"
@@ -155,8 +157,55 @@ TEST_F(Painel, OBotaoEsquerdoCapturaODireitoNao) {
     Soltar(Button::Right);
     EXPECT_EQ(Mouse.x, 10);
     EXPECT_TRUE(Mouse.direitoSeguro) << "released elsewhere: held until its next message";
+    int cliques = 0;
+    AposCadaPasse([&cliques] { cliques += Mouse.direitoApertou; });
     Clicar(10, 10, Button::Right);
+    EXPECT_EQ(cliques, 1) << "a press that finds the button held is a new click";
     EXPECT_FALSE(Mouse.direitoSeguro);
+}
+
+// A box or another window takes the mouse while the left button is down: its release goes there.
+TEST_F(Painel, PerderACapturaSoltaOBotao) {
+    Abrir();
+    int cliques = 0;
+    AposCadaPasse([&cliques] { cliques += Mouse.esquerdoApertou; });
+    Mover("zoom_in");
+    Apertar();
+    SetCapture(JanelaPainel);
+    EXPECT_TRUE(Mouse.esquerdoSeguro) << "nobody else has it";
+    SetCapture(outra);
+    EXPECT_FALSE(Mouse.esquerdoSeguro);
+    EXPECT_EQ(GetCapture(), outra) << "it is theirs now";
+    EXPECT_FALSE(EsperarTique(2)) << "nothing repeats any more";
+    ReleaseCapture();
+    Soltar();
+    Clicar("zoom_in");
+    EXPECT_EQ(cliques, 2);
+}
+
+TEST_F(Painel, PerderAFrenteParaARepeticao) {
+    for (const Button botao : {Button::Left, Button::Right}) {
+        Abrir();
+        Mover("zoom_in");
+        Apertar(botao);
+        ASSERT_TRUE(EsperarTique(2));
+        SetForegroundWindow(outra);
+        EXPECT_FALSE(EsperarTique(2));
+        EXPECT_TRUE(botao == Button::Left ? Mouse.esquerdoSeguro : Mouse.direitoSeguro) << "the button is still down";
+        Soltar(botao);
+        if (botao == Button::Left) Fechar();
+    }
+}
+
+TEST_F(Painel, AMolduraNaoTiraNadaDaPagina) {
+    for (const driver::Frame& moldura :
+         {driver::Frame{4, 0, 19, 96}, {4, 4, 23, 96}, {8, 8, 45, 96}, {4, 4, 23, 0}, {4, 4, 23, 192}}) {
+        driver::SetFrame(moldura);
+        Abrir();
+        EXPECT_EQ(Cliente().cx, 320) << moldura.padding << " at " << moldura.dpi;
+        EXPECT_EQ(Cliente().cy, 659) << moldura.padding << " at " << moldura.dpi;
+        Fechar();
+    }
 }
 
 // A command inside a pass may run a message loop of its own: a box, a render.
@@ -164,24 +213,23 @@ TEST_F(Painel, UmPasseSuspensoNaoPerdeOQueDesenha) {
     Abrir();
     Mover(10, 10);
     PAINTSTRUCT pintura;
-    const auto comecar = [&] {
+    const auto comecar = [&](std::optional<Passe>& passe) {
         InvalidateRect(JanelaPainel, nullptr, FALSE);
-        const HDC dc = BeginPaint(JanelaPainel, &pintura);
-        return std::pair{ComecarPasse(JanelaPainel, "principal"), dc};
+        passe.emplace(JanelaPainel, BeginPaint(JanelaPainel, &pintura), "principal");
+        return passe->Fundo();
     };
-    {
-        const auto [bm, dc] = comecar();
-        const LICE_pixel* pixels = bm->getBits();
-        ASSERT_TRUE(EsperarTique(1));
-        Mover(20, 20);
-        EXPECT_EQ(bm->getBits(), pixels) << "further passes share the back buffer";
-        Apertar();
-        EXPECT_FALSE(Mouse.esquerdoApertou) << "this pass must not count the click of the one inside it";
-        TerminarPasse(dc);
-        EndPaint(JanelaPainel, &pintura);
-        Soltar();
-    }
-    const auto [bm, dc] = comecar();
+    std::optional<Passe> passe;
+    const LICE_pixel* pixels = comecar(passe)->getBits();
+    ASSERT_TRUE(EsperarTique(1));
+    Mover(20, 20);
+    EXPECT_EQ(passe->Fundo()->getBits(), pixels) << "further passes share the back buffer";
+    Apertar();
+    EXPECT_FALSE(Mouse.esquerdoApertou) << "this pass must not count the click of the one inside it";
+    passe.reset();
+    EndPaint(JanelaPainel, &pintura);
+    Soltar();
+
+    LICE_IBitmap* bm = comecar(passe);
     const HWND fechada = JanelaPainel;
     Fechar();
     EXPECT_FALSE(JanelaPainelAberta());
@@ -189,7 +237,7 @@ TEST_F(Painel, UmPasseSuspensoNaoPerdeOQueDesenha) {
     ASSERT_TRUE(JanelaPainelAberta()) << "closed and opened again under the suspended pass";
     ASSERT_EQ(bm->getWidth(), 320);
     bm->getBits()[0] = 0xFFFFFFFF;
-    TerminarPasse(dc);
+    passe.reset();
     EndPaint(fechada, &pintura);
     InvalidateRect(JanelaPainel, nullptr, FALSE);
     driver::Pump();
