@@ -11,11 +11,14 @@
 #include <vector>
 
 #include "bench/ratios.h"
+#include "host/actions.h"
 #include "host/imports.h"
 #include "module/entry.h"
 #include "panel/slicer_page.h"
 #include "panel/state.h"
 #include "simhost/host.h"
+#include "slicer/analysis.h"
+#include "slicer/autosplit.h"
 #include "slicer/preview.h"
 
 namespace {
@@ -71,12 +74,9 @@ Clock::duration PriceOfClock() {
 // Hours of speech: 420 ms of sound, 180 ms of pause, over and over.
 class Speech : public simhost::Source {
   public:
-    explicit Speech(int pieces) : frames_(int64_t{pieces} * Period) {
+    explicit Speech(int pieces) : Source(Rate, ChannelCount, int64_t{pieces} * Period) {
         std::fill_n(period_.begin(), Period * 7 / 10 * ChannelCount, 0.25);
     }
-    int SampleRate() const override { return Rate; }
-    int Channels() const override { return ChannelCount; }
-    int64_t Frames() const override { return frames_; }
 
   protected:
     bool ReadInside(int64_t first, int frames, double* interleaved) override {
@@ -91,32 +91,55 @@ class Speech : public simhost::Source {
 
   private:
     static constexpr int Period = Rate * 6 / 10;
-    int64_t frames_;
     std::vector<double> period_ = std::vector<double>(Period * ChannelCount);
 };
 
-// The mode as a click on the panel leaves it, without the bounce of the entry, which would hold hours in memory.
+// The module on a host with so many pieces of speech, as one selected item.
+struct Studio {
+    explicit Studio(int pieces) {
+        host.resourcePath = "nowhere/that/exists";
+        loaded = ReaperPluginEntry(nullptr, host.Record()) == 1;
+        const auto speech = std::make_shared<Speech>(pieces);
+        host.project.tracks.Add(AddTrack(host.project, "Voz"), simhost::MakeItem("A", 0, speech->Length(), speech));
+        host.project.tracks.SelectAll(true);
+    }
+    ~Studio() {
+        RestaurarEstadoFatiador();
+        ReaperPluginEntry(nullptr, nullptr);
+    }
+    simhost::Host host;
+    bool loaded;
+};
+
+// The mode as a click on the panel leaves it, on the recording itself.
 void Recompute(benchmark::State& state, int pieces) {
-    auto host = std::make_unique<simhost::Host>();
-    host->resourcePath = "nowhere/that/exists";
-    if (ReaperPluginEntry(nullptr, host->Record()) != 1) state.SkipWithError("the module does not load");
+    Studio studio(pieces);
     TimeHostFunctions();
-    const auto speech = std::make_shared<Speech>(pieces);
-    host->project.tracks.Add(AddTrack(host->project, "Voz"), simhost::MakeItem("A", 0, speech->Length(), speech));
-    host->project.tracks.SelectAll(true);
-    host->FailFrom("Main_OnCommand", 1);
+    studio.host.FailFrom("Main_OnCommand", 1);
     AbrirFatiador();
     inHost = {};
     callsOfHost = 0;
     const Clock::time_point start = Clock::now();
     for (auto _ : state) RecalcularPreview(fecharLacunas, blocoMs, thresholdDb);
     const Clock::duration whole = Clock::now() - start;
-    if (host->project.tracks.ItemCount() != pieces) state.SkipWithError("not sliced as expected");
+    if (studio.host.project.tracks.ItemCount() != pieces) state.SkipWithError("not sliced as expected");
     const Clock::duration own = whole - inHost - callsOfHost * PriceOfClock();
     state.counters["% own"] = 100.0 * own.count() / whole.count();
-    state.counters["pieces"] = host->project.tracks.ItemCount();
-    RestaurarEstadoFatiador();
-    ReaperPluginEntry(nullptr, nullptr);
+    state.counters["pieces"] = studio.host.project.tracks.ItemCount();
+}
+
+// The same speech each time: as it was recorded, or glued from the pieces that were left where they sound.
+void Analyse(benchmark::State& state, bool glued) {
+    Studio studio(6000);
+    simhost::TrackList& tracks = studio.host.project.tracks;
+    if (glued) {
+        Quilmo_AutoSplit(false, blocoMs, thresholdDb);
+        tracks.SelectAll(true);
+        studio.host.RunAction(acao::ColarItens);
+    }
+    MediaItem_Take* take = simhost::Host::Handle(*tracks.ItemAt(0)->Active());
+    for (auto _ : state)
+        if (AnalisarItem(take, tracks.ItemAt(0)->length, 0.014, 0.055).size() < 5999) state.SkipWithError("no pauses");
 }
 
 }  // namespace
@@ -124,7 +147,10 @@ void Recompute(benchmark::State& state, int pieces) {
 int main(int argc, char** argv) {
     for (const auto& [name, pieces] : {std::pair{"10_min", 1000}, {"1_hour", 6000}, {"3_hours", 18000}})
         benchmark::RegisterBenchmark(name, Recompute, pieces)->Unit(benchmark::kMillisecond);
+    for (const auto& [name, glued] : {std::pair{"recorded", false}, {"glued", true}})
+        benchmark::RegisterBenchmark(name, Analyse, glued)->Unit(benchmark::kMillisecond)->Repetitions(5);
     return RunWithRatios(argc, argv,
                          {{"1 hour / 10 minutes (linear: 6)", "1_hour", "10_min", 7, true},
-                          {"3 hours / 1 hour (linear: 3)", "3_hours", "1_hour", 3.5, true}});
+                          {"3 hours / 1 hour (linear: 3)", "3_hours", "1_hour", 3.5, true},
+                          {"analysis of an hour, glued from pieces / recorded", "glued", "recorded", 1.5, true}});
 }

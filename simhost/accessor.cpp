@@ -12,10 +12,8 @@ AudioAccessor* api::CreateTakeAudioAccessor(MediaItem_Take* handle) {
     Host& host = Host::Current();
     Take* take = host.Know(handle);
     if (!take || !take->source) return nullptr;
-    Accessor accessor{*take, handle, host.accessorStart, take->item->length, {}};
-    accessor.take.item = nullptr;  // the item may go before the accessor
-    host.accessors.push_back(std::make_unique<Accessor>(accessor));
-    Accessor& kept = *host.accessors.back();
+    Accessor& kept = *host.accessors.emplace_back(std::make_unique<Accessor>());
+    kept = {*take, handle, host.accessorStart, take->item->length, {}};
     return static_cast<AudioAccessor*>(kept.identity.Handle(Kind::Accessor, &kept));
 }
 
@@ -46,8 +44,9 @@ int api::GetAudioAccessorSamples(AudioAccessor* handle, int rate, int channels, 
     }
     const double start = startSeconds - accessor->start;
     const double left = std::ceil((accessor->length - start) * rate - 1e-3);  // frames up to the item's end
-    if (accessor->take.source->IsMidi() || !(left > 0) || !(start + static_cast<double>(frames) / rate > 0)) return 0;
-    if (!ReadTake(accessor->take, rate, channels, start, frames, interleaved)) return -1;
+    if (accessor->playback.source->IsMidi() || !(left > 0) || !(start + static_cast<double>(frames) / rate > 0))
+        return 0;
+    if (!ReadTake(accessor->playback, rate, channels, start, frames, interleaved)) return -1;
     if (left < frames)
         std::fill(interleaved + static_cast<int64_t>(left) * channels,
                   interleaved + static_cast<int64_t>(frames) * channels, 0.0);

@@ -1,12 +1,12 @@
 // simhost/accessor.h
-// A take as it was when the accessor was made. Reading after the take has gone is a violation.
+// What a take played when the accessor was made. Reading after the take has gone is a violation.
 #pragma once
 #include "simhost/project.h"
 
 namespace simhost {
 
 struct Accessor {
-    Take take;  // a copy; shares the source
+    Playback playback;
     const void* takeHandle;
     double start;   // the accessor's time at the item's start
     double length;  // of the item

@@ -51,16 +51,8 @@ static const Field<Take> TakeFields[] = {
 static const Field<Track> TrackFields[] = {
     {"I_RECARM", &Track::armed, Form::Whole},
     {"I_FXEN", &Track::fxEnabled, Form::Whole},
-    {"B_MUTE", &Track::mute, Form::Flag},
-    {"I_SOLO", &Track::solo, Form::Whole},
-    {"D_VOL", &Track::volume, Form::Real},
-    {"D_PAN", &Track::pan, Form::Real},
     {"I_CUSTOMCOLOR", &Track::colour, Form::Whole},
     {"I_HEIGHTOVERRIDE", &Track::height, Form::Whole},
-    {"I_NCHAN", &Track::channels, Form::Whole},
-    {"I_FOLDERDEPTH", &Track::folderDepth, Form::Whole},
-    {"I_RECINPUT", &Track::recordInput, Form::Whole},
-    {"I_RECMON", &Track::recordMonitor, Form::Whole},
 };
 
 // What is not a plain field. Get gives false for a key that is not here; Set likewise, and for one that only reads.

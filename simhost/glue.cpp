@@ -1,4 +1,4 @@
-// Actions that make audio: they render what items sound like into new sources.
+// Actions that make audio. What they make is not held but composed anew when it is read.
 #include <algorithm>
 #include <cmath>
 
@@ -7,24 +7,16 @@
 #include "simhost/sound.h"
 
 namespace simhost {
+namespace {
 
-static SourceRef Keep(Host& host, int rate, int channels, std::vector<double> samples) {
-    return host.keepRendered ? host.keepRendered(rate, channels, std::move(samples))
-                             : Memory(rate, channels, std::move(samples));
-}
-
-static size_t FramesIn(double seconds, int rate) {
-    return static_cast<size_t>(std::clamp(std::ceil(seconds * rate - 1e-6), 0.0, 1e9));
-}
-
-static bool HasAudio(const Item& item) {
+bool HasAudio(const Item& item) {
     const Take* take = item.Active();
     return take && take->source && !take->source->IsMidi();
 }
 
 // One new item over the whole stretch of these, at the first audio's rate and the most channels of any. Items without
 // audio count as gaps; without any audio at all the items stay as they are.
-static bool GlueOnTrack(Host& host, const std::vector<Item*>& items) {
+bool GlueOnTrack(Host& host, const std::vector<Item*>& items) {
     const auto [start, end] = SpanOf(items);
     int rate = 0, channels = 1;
     for (const Item* item : items) {
@@ -33,20 +25,51 @@ static bool GlueOnTrack(Host& host, const std::vector<Item*>& items) {
         channels = std::max(channels, item->Active()->source->Channels());
     }
     if (rate <= 0) return false;
-    const double held = std::min(end, start + 1e9 / rate);  // what memory can hold of items that end absurdly late
-    std::vector<double> mix;
-    MixItems({items.begin(), items.end()}, {rate, channels, start, held}, [&](const double* block, int frames) {
-        mix.insert(mix.end(), block, block + static_cast<size_t>(frames) * channels);
-        return true;
-    });
-
-    Track& track = *items[0]->track;
-    Item glued = MakeItem(items[0]->Name() + "-glued", start, end, Keep(host, rate, channels, std::move(mix)));
+    const auto mix = std::make_shared<Mix>(std::vector<const Item*>(items.begin(), items.end()),
+                                           MixRange{rate, channels, start, end});
+    Item glued = MakeItem(items[0]->Name() + "-glued", start, end, mix);
     glued.selected = true;
+    Track& track = *items[0]->track;
     for (Item* item : items) host.project.tracks.Remove(*item);
     host.project.tracks.Add(track, std::move(glued));
     return true;
 }
+
+int64_t FramesIn(double seconds, int rate) {
+    return static_cast<int64_t>(std::clamp(std::ceil(seconds * rate - 1e-6), 0.0, 1e9));
+}
+
+// A take as it sounds before its item's volume and fades.
+class Rendered : public Source {
+  public:
+    Rendered(const Take& take, int channels, double seconds)
+        : Source(take.source->SampleRate(), channels, FramesIn(seconds, take.source->SampleRate())),
+          playback_(take),
+          volume_(take.volume) {}
+
+  protected:
+    // Mono is the mean of all channels; stereo drops those beyond the second. What cannot be read is silence.
+    bool ReadInside(int64_t first, int frames, double* out) override {
+        const int channels = Channels(), wide = std::max(channels, playback_.source->Channels());
+        std::vector<double> samples(static_cast<size_t>(frames) * wide);
+        const double* from = samples.data();
+        const bool read = Reading(playback_, SampleRate(), wide, 0, Frames()).Read(first, frames, samples.data());
+        std::fill_n(out, static_cast<int64_t>(frames) * channels, 0.0);
+        for (; read && frames > 0; --frames, from += wide, out += channels)
+            for (int c = 0; c < wide; ++c)
+                if (channels == 1)
+                    *out += volume_ * from[c] / wide;
+                else if (c < channels)
+                    out[c] = volume_ * from[c];
+        return true;
+    }
+
+  private:
+    Playback playback_;
+    double volume_;
+};
+
+}  // namespace
 
 bool Glue(Host& host) {
     bool glued = false;
@@ -59,26 +82,14 @@ bool Glue(Host& host) {
     return glued;
 }
 
-// The active take as it sounds before the item's volume and fades, as a new take behind the others, which becomes the
-// active one.
+// The active take, as a new take behind the others, which becomes the active one.
 bool RenderTakes(Host& host, int channels) {
     bool rendered = false;
     for (Item* item : SelectedItems(host)) {
         if (!HasAudio(*item)) continue;
-        const Take& active = *item->Active();
-        const int rate = active.source->SampleRate(), wide = std::max(channels, active.source->Channels());
-        const size_t frames = FramesIn(item->length, rate);
-        std::vector<double> samples(frames * wide), narrow(frames * channels);
-        ReadTake(active, rate, wide, 0, static_cast<int>(frames), samples.data());
-        for (size_t f = 0; f < frames; ++f)
-            for (int c = 0; c < wide; ++c)  // mono is the mean of all channels; stereo drops those beyond the second
-                if (channels == 1)
-                    narrow[f] += active.volume * samples[f * wide + c] / wide;
-                else if (c < channels)
-                    narrow[f * channels + c] = active.volume * samples[f * wide + c];
         Take take;
-        take.name = active.name + "-render";
-        take.source = Keep(host, rate, channels, std::move(narrow));
+        take.name = item->Active()->name + "-render";
+        take.source = std::make_shared<Rendered>(*item->Active(), channels, item->length);
         take.item = item;
         item->takes.emplace_back(std::move(take));
         item->activeTake = static_cast<int>(item->takes.size()) - 1;

@@ -140,8 +140,6 @@ class Host {
     std::vector<Script> scripts, scriptsRun;                 // added and not yet removed; every run
     int AddRemoveScript(bool add, const std::string& path);  // the command number, 0 when the file cannot be read
     std::function<void(const Script&)> scriptRunner;         // null: runs are only recorded
-    // Gives rendered samples their home: by default memory. For glue and take renders.
-    std::function<SourceRef(int rate, int channels, std::vector<double> interleaved)> keepRendered;
     // What numbered actions do outside the project: write files, open windows.
     std::map<int, std::function<void()>> onAction;
 

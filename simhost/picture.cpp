@@ -59,8 +59,6 @@ static std::string Picture(const Track& track, Show show) {
     const auto mark = [&marks](bool present, const std::string& words) {
         if (present) marks += (marks.empty() ? "" : ", ") + words;
     };
-    mark(track.mute != 0, "mute");
-    mark(track.solo != 0, "solo");
     mark(track.armed != 0, "armed" + (track.armed != 1 ? ' ' + Number(track.armed) : ""));
     mark(track.fxEnabled == 0, "fx off");
     mark(track.height != 0, "height " + Number(track.height));

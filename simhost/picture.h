@@ -11,7 +11,7 @@
 //     mute, lock, group N, envelope, midi, no take, no source
 //     #rrggbb   the custom colour; an override without its flag bit shows as #raw N
 //     *         selected (Everything only)
-// A track's marks stand in brackets behind its name: mute, solo, armed N, fx off, height N, #rrggbb, selected
+// A track's marks stand in brackets behind its name: armed N, fx off, height N, #rrggbb, selected
 // (Everything only). Markers and regions follow as [M1 name 3] and [R1 name 2-6], a colour behind the times.
 // Everything adds {cursor 3}, {time 2-6}, {loop 2-6}, {view 0-60} and {play 1} where they are not as in a new project.
 #pragma once

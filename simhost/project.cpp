@@ -28,6 +28,13 @@ const std::string& Item::Name() const {
     return take ? take->name : label;
 }
 
+double Fades::At(double time) const {
+    double gain = 1;
+    if (in > 0 && time < in) gain *= time / in;
+    if (out > 0 && length - time < out) gain *= (length - time) / out;
+    return gain;
+}
+
 static void LinkTakes(Item& item) {
     for (Box<Take>& take : item.takes) take->item = &item;
 }

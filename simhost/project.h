@@ -18,17 +18,27 @@ namespace simhost {
 struct Item;
 struct Track;
 
-struct Take {
-    std::string name;
+// What of a source is heard: from where on, and how fast.
+struct Playback {
     SourceRef source;        // null: a take without a source
     double startOffset = 0;  // seconds into the source, at the source's own rate
     double playRate = 1;
+};
+
+struct Take : Playback {
+    std::string name;
     double volume = 1, pan = 0, pitch = 0;
     double preservePitch = 1, channelMode = 0, colour = 0;
     bool volumeEnvelope = false;
 
     Item* item = nullptr;  // whose it is
     Identity identity, sourceIdentity;
+};
+
+// An item's gain over its time: it rises over `in` seconds from its start and falls over `out` seconds to its end.
+struct Fades {
+    double length, in, out;
+    double At(double time) const;  // seconds behind the start
 };
 
 struct Item {
@@ -49,6 +59,7 @@ struct Item {
     Identity identity;
 
     double End() const { return position + length; }
+    simhost::Fades Fades() const { return {length, FadeIn(), FadeOut()}; }
     double FadeIn() const { return autoFadeIn >= 0 ? autoFadeIn : fadeIn; }  // the one that counts
     double FadeOut() const { return autoFadeOut >= 0 ? autoFadeOut : fadeOut; }
     Take* Active();  // null without a take
@@ -59,9 +70,7 @@ struct Item {
 struct Track {
     std::string name;
     bool selected = false;
-    double mute = 0, solo = 0, armed = 0, fxEnabled = 1;
-    double volume = 1, pan = 0, colour = 0, height = 0, folderDepth = 0;
-    double channels = 2, recordInput = 0, recordMonitor = 0;
+    double armed = 0, fxEnabled = 1, colour = 0, height = 0;
     GapList<Box<Item>> items;  // by position, equal ones as they came
 
     int index = 0;

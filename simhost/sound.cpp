@@ -5,56 +5,76 @@
 
 namespace simhost {
 
-// Frame of the source at `start`, held where 64 bits can count. A time that was computed from a frame number is that
-// frame, whatever the last bit of the division says.
-static double SourceFrame(const Take& take, double start) {
-    const double frame = (take.startOffset + start * take.playRate) * take.source->SampleRate();
+// Places in a source are held where 64 bits can count.
+static double Held(double frame) {
+    return std::clamp(frame, -1e15, 1e15);
+}
+
+// Where the source stands at `start`. A time that was computed from a frame's number is that frame, whatever the last
+// bit of the division says.
+static double SourceFrame(const Playback& playback, double start) {
+    const double frame = (playback.startOffset + start * playback.playRate) * playback.source->SampleRate();
     if (!std::isfinite(frame)) return -1e15;
     const double nearest = std::nearbyint(frame);
-    return std::clamp(std::fabs(frame - nearest) < 1e-4 ? nearest : frame, -1e15, 1e15);
+    return Held(std::fabs(frame - nearest) < 1e-4 ? nearest : frame);
 }
 
-static void SpreadChannels(const double* from, int fromChannels, double* to, int channels, int frames) {
-    for (int i = 0; i < frames; ++i)
-        for (int c = 0; c < channels; ++c)
-            *to++ = fromChannels == 1  ? from[i]
-                    : c < fromChannels ? from[static_cast<size_t>(i) * fromChannels + c]
-                                       : 0.0;
+Reading::Reading(const Playback& playback, int rate, int channels, double start, int64_t frames)
+    : playback_(playback), channels_(channels) {
+    if (!playback.source || playback.source->IsMidi()) return;
+    at_ = SourceFrame(playback, start);
+    step_ = playback.playRate * playback.source->SampleRate() / rate;
+    readable_ = std::isfinite(step_);
+    const double last = Held(at_ + static_cast<double>(frames) * step_);
+    low_ = static_cast<int64_t>(std::floor(std::min(at_, last)));
+    span_ = std::floor(std::max(at_, last)) - static_cast<double>(low_);
 }
 
-bool ReadTake(const Take& take, int rate, int channels, double start, int frames, double* out) {
-    if (!take.source || take.source->IsMidi() || take.source->SampleRate() <= 0) return false;
-    Source& source = *take.source;
-    const int sourceChannels = source.Channels();
-    const double at = SourceFrame(take, start);
-    const double step = take.playRate * source.SampleRate() / rate;
-    std::vector<double> block;
-    if (!std::isfinite(step)) return false;
+bool Reading::OnFrames() const {
+    return step_ == 1 && at_ == std::floor(at_);
+}
 
-    if (step == 1 && at == std::floor(at)) {
-        const auto first = static_cast<int64_t>(at);
-        if (channels == sourceChannels) return source.Read(first, frames, out);
-        block.resize(static_cast<size_t>(frames) * sourceChannels);
-        if (!source.Read(first, frames, block.data())) return false;
-        SpreadChannels(block.data(), sourceChannels, out, channels, frames);
-        return true;
-    }
+bool Reading::Straight() const {
+    return readable_ && OnFrames() && playback_.source->Channels() == channels_;
+}
 
-    const double last = std::clamp(at + frames * step, -1e15, 1e15);
-    const auto first = static_cast<int64_t>(std::floor(std::min(at, last)));
-    const int64_t span = static_cast<int64_t>(std::floor(std::max(at, last))) - first + 2;
-    if (span > 1 << 28) return false;  // a rate too absurd to hold a block for
-    block.resize(static_cast<size_t>(span) * sourceChannels);
-    if (!source.Read(first, static_cast<int>(span), block.data())) return false;
-    std::vector<double> resampled(static_cast<size_t>(frames) * sourceChannels);
-    double* to = resampled.data();
-    for (int i = 0; i < frames; ++i) {
-        const double x = std::clamp(at + i * step - static_cast<double>(first), 0.0, static_cast<double>(span - 2));
-        const double* a = block.data() + static_cast<int64_t>(x) * sourceChannels;
-        const double part = x - std::floor(x);
-        for (int c = 0; c < sourceChannels; ++c) *to++ = a[c] + (a[c + sourceChannels] - a[c]) * part;
+bool Reading::Read(int64_t first, int frames, double* to) const {
+    if (!readable_) return false;
+    const int own = playback_.source->Channels();
+    if (own == channels_) return ReadOwn(first, frames, to);
+    std::vector<double> samples(static_cast<size_t>(frames) * own);
+    if (!ReadOwn(first, frames, samples.data())) return false;
+    for (const double* from = samples.data(); frames > 0; --frames, from += own)
+        for (int c = 0; c < channels_; ++c) *to++ = own == 1 ? *from : c < own ? from[c] : 0.0;
+    return true;
+}
+
+// Counted from the first of the source's frames that are heard, never below 0.
+double Reading::PlaceOf(int64_t frame) const {
+    return std::clamp(at_ + static_cast<double>(frame) * step_ - static_cast<double>(low_), 0.0, span_);
+}
+
+// With the source's own channels.
+bool Reading::ReadOwn(int64_t first, int frames, double* to) const {
+    Source& source = *playback_.source;
+    if (OnFrames()) return source.Read(FirstFrame() + first, frames, to);
+
+    constexpr double mostHeld = 65536;  // of the source's frames at once
+    const int channels = source.Channels(),
+              atOnce = static_cast<int>(std::clamp(mostHeld / std::fabs(step_), 1.0, mostHeld));
+    std::vector<double> held;
+    for (const int64_t end = first + frames; first < end;) {
+        const int64_t n = std::min<int64_t>(atOnce, end - first);
+        const auto [low, high] = std::minmax({PlaceOf(first), PlaceOf(first + n - 1)});
+        const auto from = static_cast<int64_t>(low), count = static_cast<int64_t>(high) - from + 2;
+        held.resize(static_cast<size_t>(count) * channels);
+        if (!source.Read(low_ + from, static_cast<int>(count), held.data())) return false;
+        for (const int64_t pieceEnd = first + n; first < pieceEnd; ++first) {
+            const double place = PlaceOf(first), part = place - std::floor(place);
+            const double* a = held.data() + (static_cast<int64_t>(place) - from) * channels;
+            for (int c = 0; c < channels; ++c) *to++ = a[c] + (a[c + channels] - a[c]) * part;
+        }
     }
-    SpreadChannels(resampled.data(), sourceChannels, out, channels, frames);
     return true;
 }
 
@@ -62,33 +82,6 @@ int To24Bits(double sample) {
     const double scaled = std::nearbyint(sample * 8388608.0);
     if (!(scaled > -8388608.0)) return scaled == scaled ? -8388608 : 0;
     return scaled < 8388607.0 ? static_cast<int>(scaled) : 8388607;
-}
-
-double FadeAt(const Item& item, double t) {
-    const double in = item.FadeIn(), out = item.FadeOut();
-    double gain = 1;
-    if (t < in) gain *= t / in;
-    if (item.length - t < out) gain *= (item.length - t) / out;
-    return gain;
-}
-
-void MixItem(const Item& item, int rate, int channels, double start, int frames, double* mix) {
-    const Take* take = item.Active();
-    if (!take || item.mute != 0 || rate <= 0 || channels <= 0) return;
-    const double from = std::max(0.0, std::ceil((item.position - start) * rate - 1e-6));
-    const double to = std::min<double>(frames, std::ceil((item.End() - start) * rate - 1e-6));
-    if (!(from < to)) return;
-    const int first = static_cast<int>(from), count = static_cast<int>(to) - first;
-    const double within = start + static_cast<double>(first) / rate - item.position;  // seconds behind the item's start
-
-    std::vector<double> block(static_cast<size_t>(count) * channels);
-    if (!ReadTake(*take, rate, channels, within, count, block.data())) return;
-    double* sum = mix + static_cast<size_t>(first) * channels;
-    const double* sample = block.data();
-    for (int i = 0; i < count; ++i) {
-        const double gain = item.volume * take->volume * FadeAt(item, within + static_cast<double>(i) / rate);
-        for (int c = 0; c < channels; ++c) *sum++ += gain * *sample++;
-    }
 }
 
 }  // namespace simhost

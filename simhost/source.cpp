@@ -22,24 +22,12 @@ bool Source::Read(int64_t first, int frames, double* interleaved) {
 
 namespace {
 
-class FramedSource : public Source {
-  public:
-    FramedSource(int rate, int channels, int64_t frames) : rate_(rate), channels_(channels), frames_(frames) {}
-    int SampleRate() const override { return rate_; }
-    int Channels() const override { return channels_; }
-    int64_t Frames() const override { return frames_; }
-
-  private:
-    int rate_, channels_;
-    int64_t frames_;
-};
-
 // Any sample computed from its frame and channel alone.
 template <class Sample>
-class Generated : public FramedSource {
+class Generated : public Source {
   public:
     Generated(int rate, int channels, int64_t frames, Sample sample)
-        : FramedSource(rate, channels, frames), sample_(std::move(sample)) {}
+        : Source(rate, channels, frames), sample_(std::move(sample)) {}
 
   protected:
     bool ReadInside(int64_t first, int frames, double* out) override {
@@ -58,10 +46,10 @@ SourceRef Generate(int rate, int channels, int64_t frames, Sample sample) {
     return std::make_shared<Generated<Sample>>(rate, channels, frames, std::move(sample));
 }
 
-class MemorySource : public FramedSource {
+class MemorySource : public Source {
   public:
     MemorySource(int rate, int channels, std::vector<double> samples)
-        : FramedSource(rate, channels, static_cast<int64_t>(samples.size()) / channels), samples_(std::move(samples)) {}
+        : Source(rate, channels, static_cast<int64_t>(samples.size()) / channels), samples_(std::move(samples)) {}
 
   protected:
     bool ReadInside(int64_t first, int frames, double* out) override {
@@ -74,10 +62,10 @@ class MemorySource : public FramedSource {
 };
 
 // Runs of one amplitude, found by halving, then copied run by run.
-class BurstSource : public FramedSource {
+class BurstSource : public Source {
   public:
     BurstSource(int rate, int channels, int64_t frames, std::vector<Segment> segments)
-        : FramedSource(rate, channels, frames), segments_(std::move(segments)) {
+        : Source(rate, channels, frames), segments_(std::move(segments)) {
         int64_t end = 0;
         for (const Segment& s : segments_) ends_.push_back(end += s.frames);
         halfPeriod_ = std::max(1, rate / 2000);
@@ -102,10 +90,9 @@ class BurstSource : public FramedSource {
     int64_t halfPeriod_;
 };
 
-class MidiSource : public FramedSource {
+class MidiSource : public Source {
   public:
-    explicit MidiSource(double quarterNotes) : FramedSource(0, 0, 0), quarterNotes_(quarterNotes) {}
-    bool IsMidi() const override { return true; }
+    explicit MidiSource(double quarterNotes) : Source(0, 0, 0), quarterNotes_(quarterNotes) {}
     double Length() const override { return quarterNotes_; }
 
   protected:
@@ -115,10 +102,10 @@ class MidiSource : public FramedSource {
     double quarterNotes_;
 };
 
-class ReversedSource : public FramedSource {
+class ReversedSource : public Source {
   public:
     explicit ReversedSource(SourceRef inner)
-        : FramedSource(inner->SampleRate(), inner->Channels(), inner->Frames()), inner_(std::move(inner)) {}
+        : Source(inner->SampleRate(), inner->Channels(), inner->Frames()), inner_(std::move(inner)) {}
 
   protected:
     bool ReadInside(int64_t first, int frames, double* out) override {
@@ -134,9 +121,9 @@ class ReversedSource : public FramedSource {
     SourceRef inner_;
 };
 
-class UnreadableSource : public FramedSource {
+class UnreadableSource : public Source {
   public:
-    using FramedSource::FramedSource;
+    using Source::Source;
 
   protected:
     bool ReadInside(int64_t, int, double*) override { return false; }

@@ -11,13 +11,15 @@ namespace simhost {
 
 class Source {
   public:
+    Source(int rate, int channels, int64_t frames) : rate_(rate), channels_(channels), frames_(frames) {}
     virtual ~Source() = default;
-    virtual int SampleRate() const = 0;  // Hz; 0 for MIDI
-    virtual int Channels() const = 0;    // 0 for MIDI
-    virtual int64_t Frames() const = 0;  // 0 for MIDI
-    virtual bool IsMidi() const { return false; }
-    // Quarter notes for MIDI, else seconds.
-    virtual double Length() const { return SampleRate() > 0 ? static_cast<double>(Frames()) / SampleRate() : 0.0; }
+    Source(const Source&) = delete;
+    Source& operator=(const Source&) = delete;
+    int SampleRate() const { return rate_; }  // Hz; 0 for MIDI, like the next two
+    int Channels() const { return channels_; }
+    int64_t Frames() const { return frames_; }
+    bool IsMidi() const { return rate_ == 0; }
+    virtual double Length() const { return static_cast<double>(frames_) / rate_; }  // seconds; MIDI: quarter notes
 
     // Fills frames * Channels() doubles; frames outside the source are zero. False when the source cannot be read.
     bool Read(int64_t first, int frames, double* interleaved);
@@ -25,6 +27,10 @@ class Source {
   protected:
     // As Read, with 0 <= first and first + frames <= Frames(), and frames above 0.
     virtual bool ReadInside(int64_t first, int frames, double* interleaved) = 0;
+
+  private:
+    int rate_, channels_;
+    int64_t frames_;
 };
 
 using SourceRef = std::shared_ptr<Source>;

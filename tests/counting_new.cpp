@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <new>
 
-static std::atomic<int64_t> made = 0, gone = 0;
+static std::atomic<int64_t> made = 0, gone = 0, bytes = 0;
 
 int64_t AllocationsMade() {
     return made;
@@ -14,10 +14,15 @@ int64_t AllocationsAlive() {
     return made - gone;
 }
 
+int64_t BytesAllocated() {
+    return bytes;
+}
+
 // The other forms of new and delete end here, too; the sanitizers' own would not go through the first.
 void* operator new(size_t size, const std::nothrow_t&) noexcept {
     void* block = std::malloc(size ? size : 1);
     made += block != nullptr;
+    bytes += static_cast<int64_t>(size);
     return block;
 }
 void* operator new(size_t size) {

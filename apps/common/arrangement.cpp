@@ -124,7 +124,7 @@ std::vector<Peak> Peaks(const Item& item, const Take* take, double from, double 
             peaks[i].low = std::min(peaks[i].low, *low);
             peaks[i].high = std::max(peaks[i].high, *high);
         }
-        const double factor = FadeAt(item, start + step / 2) * item.volume * take->volume;
+        const double factor = item.Fades().At(start + step / 2) * item.volume * take->volume;
         peaks[i] = {peaks[i].low * factor, peaks[i].high * factor};
     }
     return peaks;

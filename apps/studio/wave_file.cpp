@@ -34,10 +34,11 @@ double Sample(const unsigned char* bytes, const Format& format) {
 
 class WaveSource : public simhost::Source {
   public:
-    WaveSource(const Format& format, std::vector<unsigned char> bytes) : format_(format), bytes_(std::move(bytes)) {}
-    int SampleRate() const override { return static_cast<int>(format_.rate); }
-    int Channels() const override { return format_.channels; }
-    int64_t Frames() const override { return static_cast<int64_t>(bytes_.size() / format_.frameBytes); }
+    WaveSource(const Format& format, std::vector<unsigned char> bytes)
+        : Source(static_cast<int>(format.rate), format.channels,
+                 static_cast<int64_t>(bytes.size() / format.frameBytes)),
+          format_(format),
+          bytes_(std::move(bytes)) {}
 
   protected:
     bool ReadInside(int64_t first, int frames, double* out) override {

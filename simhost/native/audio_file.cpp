@@ -134,10 +134,10 @@ SndfileRef Unpack(const std::string& path, SF_INFO* info) {
 class FileSource : public Source {
   public:
     FileSource(std::string path, SndfileRef file, const SF_INFO& info)
-        : path_(std::move(path)), file_(std::move(file)), info_(info), frames_(info.frames) {}
-    int SampleRate() const override { return info_.samplerate; }
-    int Channels() const override { return info_.channels; }
-    int64_t Frames() const override { return frames_; }
+        : Source(info.samplerate, info.channels, info.frames),
+          path_(std::move(path)),
+          file_(std::move(file)),
+          info_(info) {}
 
   protected:
     bool ReadInside(int64_t first, int frames, double* out) override {
@@ -186,8 +186,7 @@ class FileSource : public Source {
 
     std::string path_;
     SndfileRef file_;  // null after an unpacking that failed
-    SF_INFO info_;
-    int64_t frames_;  // as first told, whatever unpacking found
+    SF_INFO info_;     // of the file that is open now; the source stays as it was first told
     int64_t next_ = 0;
     BlockRef block_;
 };
