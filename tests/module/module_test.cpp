@@ -3,14 +3,11 @@
 
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "module/entry.h"
 #include "simhost/host.h"
 #include "slicer/autosplit.h"
+#include "tests/support/kept.h"
 #include "tests/support/module_file.h"
 
 using simhost::Segment;
@@ -80,8 +77,6 @@ TEST(Modulo, ExportaQuatroNomesEMaisNada) {
     EXPECT_EQ(NamesExportedByModule(), quatro);
 }
 
-// The file beside this one holds what was found once and looked at; every platform must find the same to the last bit.
-// QUILMO_WRITE_GOLDEN=1 writes it anew.
 TEST(Modulo, FatiaIgualEmTodaPlataforma) {
     const ModuleFile modulo;
     auto* entrada = modulo.Find<decltype(ReaperPluginEntry)>("ReaperPluginEntry");
@@ -103,10 +98,5 @@ TEST(Modulo, FatiaIgualEmTodaPlataforma) {
         EXPECT_EQ(entrada(nullptr, nullptr), 0);
         achado += std::string("# ") + caso.nome + '\n' + Pecas(host);
     }
-    const std::filesystem::path caminho(reinterpret_cast<const char8_t*>(SOURCE_FOLDER "/tests/module/slices.txt"));
-    if (std::getenv("QUILMO_WRITE_GOLDEN")) std::ofstream(caminho, std::ios::binary) << achado;
-    std::ifstream arquivo(caminho, std::ios::binary);
-    std::stringstream guardado;
-    guardado << arquivo.rdbuf();
-    EXPECT_EQ(achado, guardado.str());
+    ConfereGuardado("tests/module/slices.txt", achado);
 }

@@ -1,54 +1,27 @@
 // What users see, against what was kept once it had been looked at: data/painel.txt tells every widget of every page,
-// the pictures beside this file show all that is no text. QUILMO_WRITE_GOLDEN=1 writes both anew.
+// the pictures beside this file show all that is no text.
 #include <cmath>
-#include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <set>
-#include <sstream>
 
 #include "panel/icons.h"
 #include "panel/slicer_page.h"
 #include "panel/status.h"
-#include "platform/pictures/png_file.h"
 #include "slicer/preview.h"
+#include "tests/support/kept.h"
 #include "tests/support/panel_scene.h"
 
 namespace {
 
-bool Gravando() {
-    return std::getenv("QUILMO_WRITE_GOLDEN");
+// Of all text, which alone may differ between machines; 0 while shapes are compared.
+void OpacidadeDoTexto(float alfa) {
+    for (int altura = 9; altura <= 16; ++altura) FontePainel(altura)->SetCombineMode(LICE_BLIT_MODE_COPY, alfa);
 }
-
-// Exactly as kept; what is found instead is written beside it.
-void ComparaComGuardada(const std::string& nome, const driver::Picture& achada) {
-    const std::string inicio = std::string(SOURCE_FOLDER) + "/tests/panel/" + nome;
-    const PixelRows linhas = {achada.pixels.data(), achada.width, achada.height, achada.width};
-    if (Gravando()) WritePng(inicio + ".png", linhas);
-    driver::Picture guardada;
-    ASSERT_TRUE(ReadPng(inicio + ".png", &guardada.width, &guardada.height, &guardada.pixels));
-    if (achada.width == guardada.width && achada.pixels == guardada.pixels) return;
-    WritePng(inicio + "-achada.png", linhas);
-    ASSERT_EQ(std::pair(achada.width, achada.height), std::pair(guardada.width, guardada.height)) << nome;
-    size_t em = 0;
-    while (achada.pixels[em] == guardada.pixels[em]) ++em;
-    ADD_FAILURE() << std::hex << nome << ": " << achada.pixels[em] << " in the place of " << guardada.pixels[em]
-                  << std::dec << ", first at x " << em % achada.width << ", y " << em / achada.width;
-}
-
-// Text is written with no opacity: it alone may differ between machines.
-struct SemTexto {
-    SemTexto() { Opacidade(0); }
-    ~SemTexto() { Opacidade(1); }
-    static void Opacidade(float alfa) {
-        for (int altura = 9; altura <= 16; ++altura) FontePainel(altura)->SetCombineMode(LICE_BLIT_MODE_COPY, alfa);
-    }
-};
 
 // --- Widgets, one after the other on a sheet of their own
 
 struct Folha {
-    LICE_MemBitmap bm{320, 800, 0};
+    LICE_MemBitmap bm{320, 700, 0};
     int x = 2, y = 2, altura = 0;
     Folha() { LICE_Clear(&bm, CorFundo); }
     Celula Lugar(int w, int h) {
@@ -59,8 +32,9 @@ struct Folha {
     void NovaLinha() { x = bm.getWidth(); }
     driver::Picture Imagem() {
         driver::Picture imagem = {bm.getWidth(), bm.getHeight(), {}};
-        for (int i = 0; i < bm.getWidth() * bm.getHeight(); ++i)
-            imagem.pixels.push_back(bm.getBits()[i / bm.getWidth() * bm.getRowSpan() + i % bm.getWidth()] & 0xFFFFFF);
+        for (int row = 0; row < imagem.height; ++row)
+            for (int i = 0; i < imagem.width; ++i)
+                imagem.pixels.push_back(bm.getBits()[row * bm.getRowSpan() + i] & 0xFFFFFF);
         return imagem;
     }
 };
@@ -84,88 +58,60 @@ void Icones(Folha& folha) {
     folha.NovaLinha();
 }
 
-// Each in each state: idle, with a button held elsewhere, under the pointer, pressed by either button, disabled under
-// the pointer, active, active under the pointer.
-void Botoes(Folha& folha) {
-    const AspectoBotao aspectos[] = {
-        {.rotulo = "", .cor = {42, 50, 58}},
-        {.rotulo = "", .cor = {250, 206, 3}},
-        {.icone = "up", .cor = {42, 50, 58}},
-        {.icone = "zoom_in", .cor = {250, 206, 3}},
-        {.icone = "clear", .cor = {25, 25, 28}},
-        // Light and dark part where the luminance passes 165, idle or under the pointer; each channel has its weight.
-        {.rotulo = "", .cor = {150, 150, 150}},
-        {.rotulo = "", .cor = {151, 151, 151}},
-        {.rotulo = "", .cor = {165, 165, 165}},
-        {.rotulo = "", .cor = {166, 166, 166}},
-        {.rotulo = "", .cor = {255, 151, 0}},
-        {.rotulo = "", .cor = {255, 152, 0}},
-        {.rotulo = "", .cor = {0, 231, 255}},
-        {.rotulo = "", .cor = {0, 232, 255}},
+// Idle, with a button held elsewhere, under the pointer, pressed by either button, disabled under the pointer, active,
+// active under the pointer.
+void Estados(Folha& folha, AspectoBotao aspecto) {
+    const auto um = [&](bool sobre, bool esquerdo = false, bool direito = false) {
+        const Celula c = folha.Lugar(35, 26);
+        EstadoMouse mouse = MouseEm(c, esquerdo, direito);
+        if (!sobre) mouse.x = -1;
+        Botao(&folha.bm, mouse, c, aspecto);
     };
-    for (AspectoBotao aspecto : aspectos) {
-        const auto um = [&](bool sobre, bool esquerdo = false, bool direito = false) {
-            const Celula c = folha.Lugar(35, 26);
-            EstadoMouse mouse = MouseEm(c, esquerdo, direito);
-            if (!sobre) mouse.x = -1;
-            Botao(&folha.bm, mouse, c, aspecto);
-        };
-        um(false), um(false, true), um(true), um(true, true), um(true, false, true);
-        aspecto.desativado = true;
-        um(true);
-        aspecto.desativado = false;
-        aspecto.ativo = true;
-        um(false), um(true);
-    }
+    um(false), um(false, true), um(true), um(true, true), um(true, false, true);
+    aspecto.desativado = true;
+    um(true);
+    aspecto.desativado = false;
+    aspecto.ativo = true;
+    um(false), um(true);
+}
+
+void Botoes(Folha& folha) {
+    Estados(folha, {.icone = "up", .cor = {42, 50, 58}});
+    Estados(folha, {.icone = "zoom_in", .cor = {250, 206, 3}});
+    Estados(folha, {.icone = "clear", .cor = {25, 25, 28}});
+    // Light and dark part where the luminance passes 165, idle or under the pointer; each channel has its weight.
+    constexpr CorBase limiares[] = {{150, 150, 150}, {151, 151, 151}, {165, 165, 165}, {166, 166, 166},
+                                    {255, 151, 0},   {255, 152, 0},   {0, 231, 255},   {0, 232, 255}};
+    for (const CorBase& cor : limiares) Estados(folha, {.cor = cor});
     folha.NovaLinha();
 }
 
+// Idle: the filled part, nothing below three pixels, its corners as large as it has room for, held at both ends. Then
+// under the pointer, disabled there, dragged, dragged from outside, and released.
 void Sliders(Folha& folha) {
     const char* arrastado = nullptr;
-    const auto um = [&](float valor, const EstadoMouse& mouse, const Celula& c, bool desativado = false) {
+    const auto um = [&](float valor, bool sobre = false, bool seguro = false, bool desativado = false) {
+        const Celula c = folha.Lugar(100, 20);
+        EstadoMouse mouse = MouseEm(c, seguro);
+        if (!sobre) mouse.y = -1;
         SliderPainel(&folha.bm, mouse, arrastado, c,
                      {.id = "a", .cor = {45, 100, 120}, .valor = valor, .maximo = 100, .desativado = desativado});
     };
-    // The filled part: nothing below three pixels, its corners as large as it has room for; held at both ends.
-    for (const float valor :
-         {-90.0f, 0.0f, 2.4f, 2.6f, 5.0f, 9.0f, 50.0f, 99.0f, 100.0f, 900.0f, HUGE_VALF, std::nanf("")})
-        um(valor, {}, folha.Lugar(100, 20));
-    Celula c = folha.Lugar(100, 20);
-    um(50, MouseEm(c), c);
-    c = folha.Lugar(100, 20);
-    um(50, MouseEm(c), c, true);
-    c = folha.Lugar(100, 20);
+    for (const float valor : {-90.0f, 0.0f, 2.4f, 2.6f, 5.0f, 9.0f, 50.0f, 99.0f, 100.0f, 900.0f, HUGE_VALF, NAN})
+        um(valor);
+    um(50, true), um(50, true, false, true);
     arrastado = "a";
-    um(30, MouseEm(c, true), c);
-    c = folha.Lugar(100, 20);
-    EstadoMouse longe = MouseEm(c, true);
-    longe.y = -50;
-    um(30, longe, c);  // also outside
-    c = folha.Lugar(100, 20);
-    um(30, MouseEm(c), c);  // released
-    folha.NovaLinha();
-}
-
-void Arredondados(Folha& folha) {
-    for (const int raio : {0, 1, 2, 5, 8, 12}) {
-        Celula c = folha.Lugar(24, 24);
-        PreencheArredondado(&folha.bm, c.x, c.y, c.w, c.h, raio, 0xFF28282D, 1.0f);
-        c = folha.Lugar(24, 24);
-        PreencheArredondado(&folha.bm, c.x, c.y, c.w, c.h, raio, CorBranca, 0.5f);
-        c = folha.Lugar(24, 24);
-        ContornoArredondado(&folha.bm, c.x, c.y, c.w, c.h, raio, CorBranca, 0.5f);
-    }
-    folha.NovaLinha();
+    um(30, true, true), um(30, false, true), um(30, true);
 }
 
 TEST(Aparencia, FormasDosWidgets) {
-    const SemTexto semTexto;
+    OpacidadeDoTexto(0);
     Folha folha;
     Icones(folha);
     Botoes(folha);
     Sliders(folha);
-    Arredondados(folha);
-    ComparaComGuardada("formas", folha.Imagem());
+    OpacidadeDoTexto(1);
+    ConfereImagem("tests/panel/formas", folha.Imagem());
 }
 
 // --- Text: where its widget puts it, as drawn over the widget without it
@@ -175,8 +121,8 @@ struct Escrito {
     const char* texto;
     int tamanho;
     LICE_pixel cor;
-    RECT lugar;
-    UINT formato = DT_NOPREFIX | DT_SINGLELINE | DT_VCENTER | DT_CENTER;
+    Celula lugar;
+    bool noCentro = true;
 };
 
 TEST(Aparencia, TextosNoSeuLugar) {
@@ -184,8 +130,8 @@ TEST(Aparencia, TextosNoSeuLugar) {
         const EstadoMouse mouse = apertado ? MouseEm(c, true) : EstadoMouse();
         return [=](LICE_IBitmap* bm) { Botao(bm, mouse, c, aspecto); };
     };
-    const auto slider = [](bool sobre, const char* arrastado) {
-        constexpr Celula c = {20, 30, 214, 36};
+    constexpr Celula c = {20, 30, 214, 36}, largo = {8, 26, 308, 32};
+    const auto slider = [&](bool sobre, const char* arrastado) {
         const EstadoMouse mouse = sobre ? MouseEm(c, arrastado) : EstadoMouse();
         return [=](LICE_IBitmap* bm) {
             const char* vaga = arrastado;
@@ -193,51 +139,41 @@ TEST(Aparencia, TextosNoSeuLugar) {
         };
     };
     const auto barra = [](const char* texto) { return [=](LICE_IBitmap* bm) { BarraStatus(bm, 8, 3, 304, texto); }; };
-    constexpr UINT aEsquerda = DT_NOPREFIX | DT_SINGLELINE | DT_VCENTER;
-    const int largura = LarguraTexto("GRAVAR", 16), tx = static_cast<int>(8 + (308 - 20.4f - largura) / 2 + 20.4f);
+    constexpr Celula naBarra = {16, 3, 288, 22};
+    const AspectoBotao claro = {.rotulo = "&A", .cor = {255, 255, 255}}, parar = {.rotulo = "PARAR", .icone = "stop"};
+    const int w = LarguraTexto("PARAR", 16);
+    const float ix = 8 + (308 - 6 - 14.4f - w) / 2;  // the icon and its text, centred together
+    const int tx = static_cast<int>(ix + 14.4f + 6);
     const Escrito casos[] = {
-        {botao({20, 30, 60, 36}, {.rotulo = "MUTE"}), "MUTE", 14, CorBranca, {20, 30, 80, 66}},
-        {botao({20, 30, 60, 36}, {.rotulo = "MUTE"}, true), "MUTE", 14, CorBranca, {21, 31, 81, 67}},
-        {botao({20, 30, 60, 36}, {.rotulo = "&A", .cor = {255, 255, 255}}), "&A", 14, 0xFF14141A, {20, 30, 80, 66}},
-        {botao({8, 26, 308, 32}, {.rotulo = "GRAVAR", .icone = "rec"}),
-         "GRAVAR",
-         16,
-         CorBranca,
-         {tx, 26, tx + largura + 4, 58},
-         aEsquerda},
-        {botao({8, 26, 308, 32}, {.rotulo = "GRAVAR", .icone = "rec"}, true),
-         "GRAVAR",
-         16,
-         CorBranca,
-         {tx + 1, 27, tx + largura + 5, 59},
-         aEsquerda},
-        {slider(false, nullptr), "Bloco", 16, 0xE0FFFFFF, {20, 30, 234, 66}},
-        {slider(true, nullptr), "Bloco", 16, CorBranca, {20, 30, 234, 66}},
-        {slider(true, "a"), "Bloco", 16, CorBranca, {21, 31, 235, 67}},
-        {barra(nullptr), "PAINEL PRONTO", 12, 0x66808C99, {16, 3, 304, 25}, aEsquerda},
-        {barra(""), "PAINEL PRONTO", 12, 0x66808C99, {16, 3, 304, 25}, aEsquerda},
-        {barra("pronto"), "i  pronto", 12, 0xFF4CA6F2, {16, 3, 304, 25}, aEsquerda},
+        {botao({20, 30, 60, 36}, {.rotulo = "MUTE"}), "MUTE", 14, CorBranca, {20, 30, 60, 36}},
+        {botao({20, 30, 60, 36}, {.rotulo = "MUTE"}, true), "MUTE", 14, CorBranca, {21, 31, 60, 36}},
+        {botao(c, claro), "&A", 16, 0xFF14141A, c},
+        {botao(largo, parar), "PARAR", 16, CorBranca, {tx, 26, w + 4, 32}, false},
+        {botao(largo, parar, true), "PARAR", 16, CorBranca, {tx + 1, 27, w + 4, 32}, false},
+        {slider(false, nullptr), "Bloco", 16, 0xE0FFFFFF, c},
+        {slider(true, nullptr), "Bloco", 16, CorBranca, c},
+        {slider(true, "a"), "Bloco", 16, CorBranca, {21, 31, 214, 36}},
+        {barra(nullptr), "PAINEL PRONTO", 12, 0x66808C99, naBarra, false},
+        {barra(""), "PAINEL PRONTO", 12, 0x66808C99, naBarra, false},
+        {barra("pronto"), "i  pronto", 12, 0xFF4CA6F2, naBarra, false},
     };
-    for (const Escrito& caso : casos) {
+    for (const auto& [desenhar, texto, tamanho, cor, lugar, noCentro] : casos) {
         Folha inteira, composta;
-        caso.desenhar(&inteira.bm);
-        {
-            const SemTexto semTexto;
-            caso.desenhar(&composta.bm);
-        }
-        EXPECT_NE(inteira.Imagem().pixels, composta.Imagem().pixels);
-        EscreverTexto(&composta.bm, caso.texto, caso.tamanho, caso.cor, caso.lugar, caso.formato);
-        EXPECT_EQ(inteira.Imagem().pixels == composta.Imagem().pixels, true) << &caso - casos << ": " << caso.texto;
+        desenhar(&inteira.bm);
+        OpacidadeDoTexto(0);
+        desenhar(&composta.bm);
+        OpacidadeDoTexto(1);
+        constexpr UINT linha = DT_NOPREFIX | DT_SINGLELINE | DT_VCENTER;
+        EscreverTexto(&composta.bm, texto, tamanho, cor, {lugar.x, lugar.y, lugar.x + lugar.w, lugar.y + lugar.h},
+                      noCentro ? linha | DT_CENTER : linha);
+        EXPECT_TRUE(inteira.Imagem().pixels == composta.Imagem().pixels) << texto << " in " << std::hex << cor;
     }
-    // The icon stands as far from the left edge as the text's end from the right.
-    const int ix = static_cast<int>(8 + (308 - 20.4f - largura) / 2);
-    Folha inteira, composta;
-    const AspectoBotao aspecto = {.rotulo = "GRAVAR", .icone = "stop"};
-    botao({8, 26, 308, 32}, aspecto)(&inteira.bm);
-    botao({8, 26, 308, 32}, {.rotulo = ""})(&composta.bm);
-    EscreverTexto(&composta.bm, "GRAVAR", 16, CorBranca, {tx, 26, tx + largura + 4, 58}, aEsquerda);
-    DesenhaIcone(&composta.bm, ix, 34, 14.4f, "stop", CorBranca, 0.88f);
-    EXPECT_EQ(inteira.Imagem().pixels == composta.Imagem().pixels, true);
+    Folha folha;
+    botao(largo, parar)(&folha.bm);
+    const driver::Picture imagem = folha.Imagem();
+    const int borda = static_cast<int>(ix);
+    EXPECT_EQ(imagem.At(borda - 1, 40), imagem.At(40, 40));
+    EXPECT_NE(imagem.At(borda, 40), imagem.At(40, 40));
 }
 
 // --- Pages
@@ -251,34 +187,26 @@ class Paginas : public Painel {
         Abrir();
         Mover(0, 0);  // the pointer may rest on the panel from before
     }
-    // The window and nothing else, side by side; the few icons that stand beside a text, where its width puts them, are
-    // left out.
-    driver::Picture Tela() {
+    // As the window shows it, but for the few icons that stand beside a text, where its width puts them.
+    static void Comparar(const std::string& nome) {
         const std::vector<WidgetNaTela> widgets = Widgets();
         driver::Picture tela = driver::PictureOf(JanelaPainel);
         for (const WidgetNaTela& w : widgets)
             if (!w.rotulo.empty() && !w.icone.empty())
                 for (int y = w.lugar.y + 6; y < w.lugar.y + w.lugar.h - 6; ++y)
                     for (int x = w.lugar.x + 6; x < w.lugar.x + w.lugar.w - 6; ++x) tela.pixels[y * tela.width + x] = 0;
-        return tela;
+        ConfereImagem("tests/panel/" + nome, tela);
     }
 };
 
 TEST_F(Paginas, FormasDasPaginas) {
-    const SemTexto semTexto;
-    std::vector<driver::Picture> telas = {Tela()};
+    OpacidadeDoTexto(0);
+    Comparar("principal");
     AbrirFatiador();
-    telas.push_back(Tela());
+    Comparar("fatiador");
     SalvarPresetAberto = true;
-    telas.push_back(Tela());
-    driver::Picture todas = {0, telas[0].height, {}};
-    for (const driver::Picture& tela : telas) todas.width += tela.width;
-    for (int y = 0; y < todas.height; ++y)
-        for (const driver::Picture& tela : telas) {
-            const auto linha = tela.pixels.begin() + y * tela.width;
-            todas.pixels.insert(todas.pixels.end(), linha, linha + tela.width);
-        }
-    ComparaComGuardada("paginas", todas);
+    Comparar("pergunta");
+    OpacidadeDoTexto(1);
 }
 
 TEST_F(Paginas, CadaWidgetDeCadaPagina) {
@@ -341,12 +269,7 @@ TEST_F(Paginas, CadaWidgetDeCadaPagina) {
     SalvarPresetAberto = true;
     estado(", congelada");
 
-    const std::string caminho = SOURCE_FOLDER "/data/painel.txt";
-    if (Gravando()) std::ofstream(caminho, std::ios::binary) << achado;
-    std::ifstream arquivo(caminho, std::ios::binary);
-    std::stringstream guardado;
-    guardado << arquivo.rdbuf();
-    EXPECT_EQ(achado, guardado.str());
+    ConfereGuardado("data/painel.txt", achado);
 }
 
 }  // namespace

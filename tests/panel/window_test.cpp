@@ -80,7 +80,7 @@ TEST_F(Painel, PiscaQuatroVezesPorSegundoEnquantoAberto) {
     ASSERT_TRUE(EsperarTique(1));
     EXPECT_EQ(PiscaLigado, antes);
     const double intervalo = driver::TimerInterval(JanelaPainel, 1);
-    EXPECT_GE(intervalo, 250 * 0.9);
+    EXPECT_GE(intervalo, 250 * (1 - driver::IntervalSlack));
     EXPECT_LE(intervalo, 250 * (1 + driver::IntervalSlack));
 }
 
