@@ -12,13 +12,15 @@ extern int ScratchUsers;                // living fonts
 LICE_SysBitmap& MeasureScratch(int size);
 LICE_SysBitmap& NativeScratch(int width, int height);
 
+// Each font enters once and leaves once.
+void EnterScratch();
+void LeaveScratch();
+
 // Selects a font for the time of a block; null leaves what is selected.
 class SelectedFont {
   public:
-    SelectedFont(HDC dc, HFONT font) : dc_(dc), previous_(font ? SelectObject(dc, font) : nullptr) {}
-    ~SelectedFont() {
-        if (previous_) SelectObject(dc_, previous_);
-    }
+    SelectedFont(HDC dc, HFONT font);
+    ~SelectedFont();
     SelectedFont(const SelectedFont&) = delete;
     SelectedFont& operator=(const SelectedFont&) = delete;
 

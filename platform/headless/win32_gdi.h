@@ -71,6 +71,8 @@ inline constexpr UINT DT_SINGLELINE = 0x20;
 inline constexpr UINT DT_NOCLIP = 0x100;
 inline constexpr UINT DT_CALCRECT = 0x400;
 inline constexpr UINT DT_NOPREFIX = 0x800;
+inline constexpr UINT DT_END_ELLIPSIS = 0x8000;  // this and the next: without effect here
+inline constexpr UINT DT_MODIFYSTRING = 0x10000;
 
 inline constexpr UINT CP_ACP = 0;  // Windows-1252 here
 inline constexpr UINT CP_UTF8 = 65001;

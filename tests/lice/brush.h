@@ -1,5 +1,6 @@
 // tests/lice/brush.h
-// What a slow raster draws its single pixels with: any colour, opacity and mode.
+// What a slow raster draws its single pixels with, any colour, opacity and mode; and the rounds in which it is compared
+// with what the library draws.
 #pragma once
 #include "lice/paint.h"
 #include "tests/lice/reference.h"
@@ -43,11 +44,24 @@ struct Brush {
     }
 };
 
-// Arguments as they would be written, for the failure of a random round.
+// What a random round was called with, for its failure.
 template <class... Value>
-std::string Told(const Brush& brush, const TestSurface& surface, const Value&... value) {
+std::string Called(const Value&... value) {
     std::ostringstream out;
     ((out << value << ' '), ...);
-    out << "mode " << brush.mode << " alpha " << brush.alpha << " scale " << surface.Scale();
     return out.str();
+}
+
+// Draws on surfaces of any shape, up to 30 pixels a side and now and then up to 150, and slowly on copies of them. The
+// two must then be equal, borders and padding included. draw(random, brush, drawn, expected) gives what it called with.
+template <class Draw>
+void CompareRounds(int rounds, Draw draw) {
+    Random random;
+    for (int i = 0; i < rounds; ++i) {
+        TestSurface drawn = TestSurface::Any(random, i % 100 ? 30 : 150, true, random.Of({0, 50})), expected = drawn;
+        const Brush brush = Brush::Any(random);
+        const std::string called = draw(random, brush, drawn, expected);
+        ASSERT_TRUE(drawn.memory == expected.memory)
+            << called << "mode " << brush.mode << " alpha " << brush.alpha << " scale " << drawn.Scale();
+    }
 }

@@ -68,8 +68,8 @@ TEST(Font, AgreesWithASlowComposer) {
                 TestSurface wanted = drawn;
                 RECT wantedRect = rect;
                 const std::string trace =
-                    Told({0, look.alpha, look.mode}, drawn, "height", height, "flags", flags, "format", format, "text",
-                         testing::PrintToString(text), "at", Show(rect));
+                    Called("mode", look.mode, "alpha", look.alpha, "scale", drawn.Scale(), "height", height, "flags",
+                           flags, "format", format, "text", testing::PrintToString(text), "at", Show(rect));
                 const int wantedResult = SlowDraw(wanted, slow, look, text, wantedRect, format);
                 // In a block without a closing zero, so that a sanitizer sees reading ahead.
                 const std::vector<char> bytes(text.begin(), text.end());
@@ -131,7 +131,24 @@ TEST(Font, OwnsItsHandleAndSharesItsScratch) {
     EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
 }
 
+// Whatever was rendered can be drawn, blank or not.
+TEST(Font, RendersNoSpaceForALineFeedThatIsSkipped) {
+    for (const UINT format : {UINT{0}, DT_SINGLELINE}) {
+        LICE_CachedFont font;
+        font.SetFromHFont(CreateInterfaceFont(-12), LICE_FONT_FLAG_OWNS_HFONT);
+        RECT size{};
+        font.DrawText(nullptr, "a\n\rb", -1, &size, format | DT_CALCRECT);
+        LICE_MemBitmap surface(20, 20);
+        std::string drawn;
+        for (const char letter : {'a', '\n', '\r', ' ', 'b'})
+            if (font.DrawGlyphAt(&surface, letter, 0, 0, nullptr)) drawn += letter;
+        EXPECT_EQ(drawn, format & DT_SINGLELINE ? "a b" : "ab");
+    }
+}
+
 // Text too tall to be cached is GDI's own: straight into a surface with a context, and through a scratch otherwise.
+// Every bit of the format goes along but the one that would let GDI write into the text; only Windows heeds the
+// ellipsis.
 TEST(Font, TallTextIsTheSystemsOwn) {
     const HFONT handle = CreateInterfaceFont(-220);
     LICE_CachedFont font;
@@ -141,13 +158,20 @@ TEST(Font, TallTextIsTheSystemsOwn) {
     LICE_SysBitmap direct(420, 330), plain(420, 330);
     LICE_MemBitmap without(420, 330);
     const struct {
-        UINT alignment;
-        char letter;
-    } rows[] = {
-        {0, 'n'}, {DT_RIGHT, 'n'}, {DT_CENTER | DT_BOTTOM, 'n'}, {DT_NOCLIP, 'j'}};  // j has ink left of the pen
-    for (const auto& [alignment, letter] : rows) {
-        const UINT format = alignment | DT_SINGLELINE;
-        const std::string text = letter + std::string("\xC3\xA3");
+        UINT format;
+        std::wstring text;
+    } rows[] = {{0, L"n\xE3"},
+                {DT_RIGHT, L"n\xE3"},
+                {DT_CENTER | DT_BOTTOM, L"n\xE3"},
+                {DT_NOCLIP, L"j\xE3"},  // ink left of the pen
+                {DT_END_ELLIPSIS, L"nnnnn"},
+                {DT_END_ELLIPSIS, L"nnnn\xE3"},
+                {DT_END_ELLIPSIS | DT_MODIFYSTRING, L"nnnnn"}};
+    for (const auto& row : rows) {
+        const UINT format = row.format | DT_SINGLELINE;
+        std::string text;
+        for (const wchar_t c : row.text) text += c < 128 ? std::string(1, static_cast<char>(c)) : "\xC3\xA3";
+        const std::string given = text;
         for (LICE_IBitmap* surface : {(LICE_IBitmap*)&direct, (LICE_IBitmap*)&plain, (LICE_IBitmap*)&without})
             LICE_Clear(surface, 0);
         const RECT box{30, 10, 400, 300};
@@ -155,17 +179,20 @@ TEST(Font, TallTextIsTheSystemsOwn) {
         const int height = font.DrawText(&direct, text.c_str(), -1, &rect, format);
         EXPECT_EQ(Show(rect), Show(box));
         font.DrawText(&without, text.c_str(), -1, &rect, format);
+        EXPECT_EQ(text, given);
 
-        const WCHAR wide[] = {static_cast<WCHAR>(letter), 0xE3, 0};
+        std::vector<WCHAR> wide(row.text.begin(), row.text.end());
+        wide.push_back(0);
         const SelectedFont selected(plain.getDC(), handle);
         ::SetTextColor(plain.getDC(), RGB(0x40, 0x80, 0xC0));
         ::SetBkMode(plain.getDC(), TRANSPARENT);
-        EXPECT_EQ(DrawTextW(plain.getDC(), wide, -1, &theirs, format | DT_NOPREFIX), height);
+        EXPECT_EQ(DrawTextW(plain.getDC(), wide.data(), -1, &theirs, (format & ~DT_MODIFYSTRING) | DT_NOPREFIX),
+                  height);
         GdiFlush();
         for (int y = 0; y < 330; ++y) {
-            const auto row = [y](LICE_IBitmap& b) { return b.getBits() + y * b.getRowSpan(); };
-            ASSERT_TRUE(std::equal(row(plain), row(plain) + 420, row(direct))) << format << " row " << y;
-            ASSERT_TRUE(std::equal(row(plain), row(plain) + 420, row(without))) << format << " row " << y;
+            const auto line = [y](LICE_IBitmap& b) { return b.getBits() + y * b.getRowSpan(); };
+            ASSERT_TRUE(std::equal(line(plain), line(plain) + 420, line(direct))) << format << " row " << y;
+            ASSERT_TRUE(std::equal(line(plain), line(plain) + 420, line(without))) << format << " row " << y;
         }
     }
     RECT with{5, 5, 0, 0}, none{5, 5, 0, 0};

@@ -43,16 +43,12 @@ void DrawSlowly(TestSurface& surface, const Brush& brush, int x, int y, const Ma
 }  // namespace
 
 TEST(Glyph, AgreesWithAPixelByPixelReference) {
-    Random random;
-    for (int i = 0; i < 10000; ++i) {
-        TestSurface drawn = TestSurface::Any(random, 25, true, random.Of({0, 40})), expected = drawn;
-        const Brush brush = Brush::Any(random);
+    CompareRounds(10000, [](Random& random, const Brush& brush, TestSurface& drawn, TestSurface& expected) {
         const Mask mask = Mask::Any(random);
         const int x = random.In(-20, 30), y = random.In(-12, 30);
         LICE_DrawGlyph(&drawn, x, y, brush.color, mask.bytes.data(), mask.width, mask.span, mask.height, brush.alpha,
                        brush.mode);
         DrawSlowly(expected, brush, x, y, mask);
-        ASSERT_TRUE(drawn.memory == expected.memory)
-            << Told(brush, drawn, x, y, "mask", mask.width, "by", mask.height, "span", mask.span);
-    }
+        return Called(x, y, "mask", mask.width, "by", mask.height, "span", mask.span);
+    });
 }

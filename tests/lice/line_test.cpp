@@ -131,24 +131,18 @@ void AnyEnds(Random& random, Number (&p)[4]) {
 }  // namespace
 
 TEST(Line, AgreesWithTheClosedFormOfItsPixels) {
-    Random random;
-    for (int i = 0; i < 25000; ++i) {
-        TestSurface drawn = TestSurface::Any(random, 30, true, random.Of({0, 40})), expected = drawn;
-        const Brush brush = Brush::Any(random);
+    CompareRounds(25000, [](Random& random, const Brush& brush, TestSurface& drawn, TestSurface& expected) {
         int p[4];
         AnyEnds(random, p);
         const bool aa = random.Chance(2);
         LICE_Line(&drawn, p[0], p[1], p[2], p[3], brush.color, brush.alpha, brush.mode, aa);
         DrawSlowly(expected, brush, p, aa);
-        ASSERT_TRUE(drawn.memory == expected.memory) << Told(brush, drawn, p[0], p[1], p[2], p[3], "aa", aa);
-    }
+        return Called(p[0], p[1], p[2], p[3], "aa", aa);
+    });
 }
 
 TEST(FLine, AgreesWithTheClosedFormOfItsPixels) {
-    Random random;
-    for (int i = 0; i < 25000; ++i) {
-        TestSurface drawn = TestSurface::Any(random, 30, true, random.Of({0, 40})), expected = drawn;
-        const Brush brush = Brush::Any(random);
+    CompareRounds(25000, [](Random& random, const Brush& brush, TestSurface& drawn, TestSurface& expected) {
         float p[4];
         AnyEnds(random, p);
         if (random.Chance(3))
@@ -159,15 +153,12 @@ TEST(FLine, AgreesWithTheClosedFormOfItsPixels) {
         }
         LICE_FLine(&drawn, p[0], p[1], p[2], p[3], brush.color, brush.alpha, brush.mode, true);
         DrawSlowly(expected, brush, p);
-        ASSERT_TRUE(drawn.memory == expected.memory) << Told(brush, drawn, p[0], p[1], p[2], p[3]);
-    }
+        return Called(p[0], p[1], p[2], p[3]);
+    });
 }
 
 TEST(DrawRect, IsFourLinesInOrder) {
-    Random random;
-    for (int i = 0; i < 5000; ++i) {
-        TestSurface drawn = TestSurface::Any(random, 30, true, 40), expected = drawn;
-        const Brush brush = Brush::Any(random);
+    CompareRounds(5000, [](Random& random, const Brush& brush, TestSurface& drawn, TestSurface& expected) {
         const int x = random.In(-9, 30), y = random.In(-9, 30), w = random.In(-3, 30), h = random.In(-3, 30);
         LICE_DrawRect(&drawn, x, y, w, h, brush.color, brush.alpha, brush.mode);
         const int corners[5][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}, {0, 0}};
@@ -182,6 +173,6 @@ TEST(DrawRect, IsFourLinesInOrder) {
             }
             brush.Scales(drawn) ? DrawSlowly(expected, brush, inset) : DrawSlowly(expected, brush, whole, false);
         }
-        ASSERT_TRUE(drawn.memory == expected.memory) << Told(brush, drawn, x, y, w, h);
-    }
+        return Called(x, y, w, h);
+    });
 }

@@ -44,10 +44,7 @@ void DrawSlowly(TestSurface& surface, const Brush& brush, Row top, Row bottom) {
 }
 
 TEST(Trapezoid, CoversTheRowsBetweenItsSides) {
-    Random random;
-    for (int i = 0; i < 20000; ++i) {
-        TestSurface drawn = TestSurface::Any(random, 40, true, random.Of({0, 60})), expected = drawn;
-        const Brush brush = Brush::Any(random);
+    CompareRounds(20000, [](Random& random, const Brush& brush, TestSurface& drawn, TestSurface& expected) {
         const int far = random.Of({60, 60, 60, 3000});
         const bool whole = random.Chance(3), upright = random.Chance(4);
         const auto x = [&] {
@@ -60,9 +57,8 @@ TEST(Trapezoid, CoversTheRowsBetweenItsSides) {
         LICE_FillTrapezoid(&drawn, top.left, top.right, top.y, bottom.left, bottom.right, bottom.y, brush.color,
                            brush.alpha, brush.mode);
         DrawSlowly(expected, brush, top, bottom);
-        ASSERT_TRUE(drawn.memory == expected.memory)
-            << Told(brush, drawn, top.left, top.right, top.y, bottom.left, bottom.right, bottom.y);
-    }
+        return Called(top.left, top.right, top.y, bottom.left, bottom.right, bottom.y);
+    });
 }
 
 struct Corner {
@@ -128,10 +124,7 @@ void DrawSlowly(TestSurface& surface, Brush brush, std::vector<Corner> corners) 
 }
 
 TEST(Polygon, IsFilledBetweenTheTwoSidesOfItsHull) {
-    Random random;
-    for (int i = 0; i < 12000; ++i) {
-        TestSurface drawn = TestSurface::Any(random, 40, true, random.Of({0, 60})), expected = drawn;
-        const Brush brush = Brush::Any(random);
+    CompareRounds(12000, [](Random& random, const Brush& brush, TestSurface& drawn, TestSurface& expected) {
         const int count = random.Chance(600) ? random.Of({511, 512, 513, 700}) : random.Of({3, random.In(4, 12)});
         const int near = random.Of({1, 5, 30, 30, 1000});
         std::vector<int> x(count), y(count);
@@ -148,9 +141,8 @@ TEST(Polygon, IsFilledBetweenTheTwoSidesOfItsHull) {
         std::vector<Corner> corners;
         for (int k = 0; k < count; ++k) corners.push_back({x[k], y[k]});
         DrawSlowly(expected, brush, corners);
-        ASSERT_TRUE(drawn.memory == expected.memory)
-            << Told(brush, drawn, count, "points", testing::PrintToString(x), testing::PrintToString(y));
-    }
+        return Called(count, "points", testing::PrintToString(x), testing::PrintToString(y));
+    });
 }
 
 }  // namespace
