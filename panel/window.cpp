@@ -100,41 +100,49 @@ static void Fechar(HWND janela) {
     DestroyWindow(janela);
 }
 
-static LRESULT Tratar(HWND janela, UINT mensagem, WPARAM wParam, LPARAM lParam) {
+// False: not a message of the mouse.
+static bool TratarMouse(HWND janela, UINT mensagem, LPARAM lParam) {
     switch (mensagem) {
-        case WM_PAINT:
-            Pintar(janela);
-            return 0;
         case WM_MOUSEMOVE:
             Mouse.x = static_cast<int16_t>(LOWORD(lParam));
             Mouse.y = static_cast<int16_t>(HIWORD(lParam));
             Invalidar(janela);
-            return 0;
+            return true;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
             EntregarSoltura(janela, Mouse.esquerdoSeguro, Mouse.esquerdoSeguroAntes);
             Mouse.esquerdoSeguro = true;
             SetCapture(janela);
             Apertou(janela);
-            return 0;
+            return true;
         case WM_LBUTTONUP:
             SoltarEsquerdo(janela);
-            return 0;
+            return true;
         case WM_CAPTURECHANGED:
             // A box or another window has taken the mouse, and the release goes there.
             if (reinterpret_cast<HWND>(lParam) != janela && Mouse.esquerdoSeguro) SoltarEsquerdo(janela);
-            return 0;
+            return true;
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
             if (Mouse.direitoSeguro) SoltarDireito(janela);  // released outside, where nobody told
             EntregarSoltura(janela, Mouse.direitoSeguro, Mouse.direitoSeguroAntes);
             Mouse.direitoSeguro = true;
             Apertou(janela);
-            return 0;
+            return true;
         case WM_RBUTTONUP:
             SoltarDireito(janela);
-            return 0;
+            return true;
         case WM_MOUSEWHEEL:
+            return true;
+    }
+    return false;
+}
+
+static LRESULT Tratar(HWND janela, UINT mensagem, WPARAM wParam, LPARAM lParam) {
+    if (TratarMouse(janela, mensagem, lParam)) return 0;
+    switch (mensagem) {
+        case WM_PAINT:
+            Pintar(janela);
             return 0;
         case WM_TIMER:
             if (wParam == TimerDeRepeticao) {
