@@ -1,6 +1,6 @@
 // platform/files.h
-// Files whose paths are UTF-8 on every system. On Windows the narrow C functions cannot open a path with accented
-// letters, so each path is converted to UTF-16 here and nowhere else.
+// Files whose paths are UTF-8 on every system. Windows' narrow C functions cannot open a path with accented letters,
+// so here, and nowhere else, paths become UTF-16.
 #pragma once
 #include <cstdio>
 #include <string>

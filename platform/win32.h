@@ -1,6 +1,6 @@
 // platform/win32.h
-// The Win32 names that the module's code is written against: the system's own on Windows, and elsewhere the subset of
-// them that the module uses, with the same names, types, values and layouts, implemented by platform/headless.
+// The Win32 names that the module's code is written against. Off Windows, platform/headless implements those that it
+// uses, with the same types, values and layouts.
 #pragma once
 
 #ifdef _WIN32
@@ -12,7 +12,7 @@
 #endif
 #include <windows.h>
 #undef DrawText  // also the name of a member function of the font classes
-// Leftovers of 16-bit memory, under names that one wants for variables. What the system's headers say is in capitals.
+// Leftovers of 16-bit memory, whose names one wants for variables. The system's headers use the capitals.
 #undef near
 #undef far
 #undef NEAR

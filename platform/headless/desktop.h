@@ -1,7 +1,7 @@
 // platform/headless/desktop.h
-// The control side of the headless desktop: what a user does with mouse and keys, and the clock. Nothing here sleeps:
-// every call delivers its messages, and all that follows from them, before it returns. A call may be made again from
-// inside a message handler, which is what a modal dialog amounts to.
+// The headless desktop's control side: what a user does with mouse and keys, and the clock.
+// No call sleeps: each delivers its messages, and all that follows from them, before it returns.
+// Message handlers may call in here again, as a modal dialog does.
 #pragma once
 #include <cstdint>
 #include <functional>
@@ -28,7 +28,7 @@ void Release(Button button);  // nothing when the button is not down
 void Wheel(int delta);        // goes to the active window
 void HoldKey(int key, bool down);
 
-// What the next popup menu is answered with: an entry's id, or 0 for Escape; `user` runs while the menu is open.
+// `user` runs while the next popup menu is open, and answers it with an entry's id, or 0 for Escape.
 // Answers queue up; a menu without one is dismissed.
 void OnNextMenu(std::function<UINT()> user);
 

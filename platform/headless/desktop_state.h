@@ -1,6 +1,6 @@
 // platform/headless/desktop_state.h
 // The desktop's records and the way of a message to its window: the ground of all that implements the desktop.
-// A message handler may destroy any window, so a Window* is looked up afresh after every message that was sent.
+// A message handler may destroy any window: look a Window* up afresh after every message sent.
 #pragma once
 #include <deque>
 #include <list>

@@ -28,10 +28,11 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, H
 
 namespace {
 
-// One axis of a copy, cut so that it lies in [low, high) of the target and in [0, limit) of the source.
+// One axis of a copy.
 struct Span {
     int64_t to, from, length;
 
+    // Keeps what lies in [low, high) of the target and in [0, limit) of the source.
     void Cut(int low, int high, int limit) {
         const int64_t skip = std::max({int64_t{0}, low - to, -from});
         to += skip;

@@ -33,8 +33,8 @@ BOOL AppendMenuA(HMENU handle, UINT flags, UINT_PTR id, const char* text) {
     return true;
 }
 
-// Gives the id that was chosen; only menus that return it are known here. The menu captures the mouse for its owner
-// until it ends, and the button that opened it is let go while it is open.
+// Gives the id that was chosen; only menus that return it are known here.
+// The menu captures the mouse for its owner until it ends. The button that opened it is let go meanwhile.
 BOOL TrackPopupMenu(HMENU handle, UINT flags, int x, int y, int, HWND owner, const RECT*) {
     State& state = Desktop();
     const auto menu = state.menus.find(handle);

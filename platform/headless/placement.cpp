@@ -30,18 +30,6 @@ static RECT ClientArea(const Window& window) {
     return {left, top, std::max(left, place.right - frame.right), std::max(top, place.bottom - frame.bottom)};
 }
 
-int GetSystemMetrics(int index) {
-    switch (index) {
-        case SM_CYCAPTION:
-            return Desktop().frame.caption;
-        case SM_CXSIZEFRAME:
-        case SM_CYSIZEFRAME:
-            return Desktop().frame.border;
-        default:
-            return 0;
-    }
-}
-
 static BOOL AdjustWindowRectExForDpi(RECT* rect, DWORD style, BOOL menu, DWORD, UINT dpi) {
     if (style != WS_OVERLAPPEDWINDOW || menu) Fail("the frame of a window of another style than the usual one");
     const RECT frame = FrameAt(dpi);

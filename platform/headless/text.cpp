@@ -38,8 +38,8 @@ int Advance(FontFace& face, char32_t code) {
     return IsMark(code) ? 0 : face.Glyph(code).advance;  // a mark stands over the letter before it
 }
 
-// Cuts the text at its line ends and, where it is to be wrapped, at the last space before the limit. A word wider than
-// the limit stays whole.
+// Cuts the text at its line ends and, with DT_WORDBREAK, at the last space before the limit.
+// A word wider than the limit stays whole.
 std::vector<Line> LayOut(FontFace& face, const Text& text, UINT format, int64_t limit) {
     const bool single = format & DT_SINGLELINE;
     const bool wrap = !single && format & DT_WORDBREAK;

@@ -17,8 +17,7 @@ constexpr int LargestEm = 4096;  // keeps a glyph's bitmap within some 16 megaby
 constexpr int DefaultCell = 16;
 constexpr int DefaultWeight = 400;
 
-// The face of every name that is asked for, so that text looks the same whatever else is installed. Without it the next
-// that is there stands in.
+// Every name gets the first, so that text looks the same whatever else is installed. Without it the next stands in.
 const char* const Families[] = {"Open Sans", "Noto Sans", "DejaVu Sans", "sans-serif"};
 
 struct FaceFile {

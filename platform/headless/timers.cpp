@@ -11,7 +11,7 @@ static Timer* FindTimer(HWND window, UINT_PTR id) {
     return nullptr;
 }
 
-// A handler may set or kill timers, its own too, so the next is looked up afresh each time.
+// The next is looked up afresh each time, since a handler may set or kill timers, its own too.
 void desktop::AdvanceClock(int ms) {
     State& state = Desktop();
     const int64_t end = state.now + ms;

@@ -1,9 +1,8 @@
 // platform/headless/win32_gdi.h
 // Win32's drawing, as far as it is used here: device contexts, DIB sections, clip regions, fonts and text.
 // A null, dead or foreign handle makes each call fail as documented; nothing is ever drawn outside a surface.
-// Handles are never given out twice. What the system's own calls would also accept and this does not: DIB sections
-// of other depths than 32, raster operations other than SRCCOPY, rotated or stretched fonts, mnemonics (an ampersand
-// is always drawn as itself), tab expansion.
+// Handles are never given out twice. Sections have 32 bits, and SRCCOPY is the one raster operation.
+// Fonts are upright, of one face whatever their name. Tabs are not expanded, and an ampersand is drawn as itself.
 #pragma once
 #include "platform/headless/win32_types.h"
 

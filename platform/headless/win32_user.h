@@ -1,8 +1,7 @@
 // platform/headless/win32_user.h
-// The window half of the Win32 subset: windows, messages, painting, timers, the mouse, keys and popup menus, with the
-// system's own names, values and layouts. All windows are top-level, with the usual frame, and painted as a whole;
-// their classes' styles and brushes are not looked at. What a user would do, and time itself, come from
-// platform/headless/desktop.h.
+// The window half of the Win32 subset, with the system's own names, values and layouts.
+// All windows are top-level, of the usual style, and painted as a whole; their classes' styles and brushes are ignored.
+// What a user would do, and time itself, come from platform/headless/desktop.h.
 #pragma once
 #include "platform/headless/win32_gdi.h"
 
@@ -78,9 +77,6 @@ inline constexpr int GWLP_WNDPROC = -4;
 inline constexpr UINT GW_OWNER = 4;
 inline constexpr int COLOR_WINDOW = 5;
 
-inline constexpr int SM_CYCAPTION = 4;
-inline constexpr int SM_CXSIZEFRAME = 32;
-inline constexpr int SM_CYSIZEFRAME = 33;
 inline constexpr UINT SPI_SETWORKAREA = 47;
 inline constexpr UINT SPI_GETWORKAREA = 48;
 
@@ -111,7 +107,6 @@ inline constexpr LPARAM MAKELPARAM(int low, int high) {
 extern "C" {
 HMODULE GetModuleHandleA(const char* name);                // null names the program; else "user32.dll" only
 FARPROC GetProcAddress(HMODULE module, const char* name);  // GetDpiForWindow and AdjustWindowRectExForDpi only
-int GetSystemMetrics(int index);                           // of frames only, without their padding
 BOOL SystemParametersInfoA(UINT action, UINT number, void* record, UINT winIni);  // the work area only
 
 // Classes and windows
@@ -125,7 +120,7 @@ BOOL IsWindow(HWND window);
 BOOL IsIconic(HWND window);
 BOOL ShowWindow(HWND window, int command);  // true when it was visible before
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
-// From a client area on the screen to the window around it, of the usual style and without a menu.
+// From a client area to the window around it; of the usual style and without a menu only.
 BOOL AdjustWindowRectEx(RECT* rect, DWORD style, BOOL menu, DWORD exStyle);
 BOOL GetWindowRect(HWND window, RECT* rect);
 BOOL GetClientRect(HWND window, RECT* rect);

@@ -150,7 +150,7 @@ TEST(Font, RendersNoSpaceForALineFeedThatIsSkipped) {
 // Every bit of the format goes along but the one that would let GDI write into the text; only Windows heeds the
 // ellipsis.
 TEST(Font, TallTextIsTheSystemsOwn) {
-    const HFONT handle = CreateInterfaceFont(-220);
+    const HFONT handle = CreateInterfaceFont(290);
     LICE_CachedFont font;
     font.SetFromHFont(handle, 0);
     ASSERT_GE(font.GetLineHeight(), 256);
@@ -160,10 +160,10 @@ TEST(Font, TallTextIsTheSystemsOwn) {
     const struct {
         UINT format;
         std::wstring text;
-    } rows[] = {{0, L"n\xE3"},
-                {DT_RIGHT, L"n\xE3"},
-                {DT_CENTER | DT_BOTTOM, L"n\xE3"},
-                {DT_NOCLIP, L"j\xE3"},  // ink left of the pen
+    } rows[] = {{0, L"\xE3n"},  // n has no ink right of its room
+                {DT_RIGHT, L"\xE3n"},
+                {DT_CENTER | DT_BOTTOM, L"\xE3n"},
+                {DT_NOCLIP, L"jn"},  // ink left of the pen
                 {DT_END_ELLIPSIS, L"nnnnn"},
                 {DT_END_ELLIPSIS, L"nnnn\xE3"},
                 {DT_END_ELLIPSIS | DT_MODIFYSTRING, L"nnnnn"}};

@@ -1,5 +1,4 @@
-// What the panel relies on in windows and does not show in its own tests, the same on the headless desktop and on
-// Windows itself.
+// What the panel relies on in windows and does not show in its own tests. It holds on either desktop.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -19,7 +18,7 @@ class Desktop : public testing::Test {
         driver::Start();
     }
     void TearDown() override {
-        onTimer = onDestroy = nullptr;
+        meanwhile = nullptr;
         const auto windows = names;
         for (const auto& [window, name] : windows) DestroyWindow(window);
         driver::Start();
@@ -46,47 +45,28 @@ class Desktop : public testing::Test {
     }
     std::string Heard() { return std::exchange(heard, ""); }  // since the last call
 
-    std::function<void(HWND)> onTimer, onDestroy;
+    std::function<void(HWND, UINT)> meanwhile;  // inside each message's handler
 
   private:
-    void Write(HWND window, const std::string& what) {
-        if (!heard.empty()) heard += ", ";
-        heard += names[window] + ": " + what;
-    }
-    static std::string Place(LPARAM lParam) {
-        return " (" + std::to_string(LOWORD(lParam)) + ", " + std::to_string(HIWORD(lParam)) + ")";
+    void Write(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        static const char* const activations[] = {"-active", "+active", "+active by click"};
+        const std::string place = std::to_string(LOWORD(lParam)) + ", " + std::to_string(HIWORD(lParam));
+        const std::map<UINT, std::string> texts = {{WM_ACTIVATE, activations[LOWORD(wParam) % 3]},
+                                                   {WM_DESTROY, "destroyed"},
+                                                   {WM_LBUTTONDOWN, "down (" + place + ")"},
+                                                   {WM_LBUTTONUP, "up (" + place + ")"},
+                                                   {WM_TIMER, "timer " + std::to_string(wParam)},
+                                                   {WM_USER, "message " + std::to_string(wParam)},
+                                                   {WM_PAINT, "paint"}};
+        const auto text = texts.find(message);
+        if (text != texts.end()) heard += (heard.empty() ? "" : ", ") + names[window] + ": " + text->second;
     }
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         Desktop& test = *current;
         test.names.emplace(window, test.naming);
-        static const char* const activations[] = {"-active", "+active", "+active by click"};
-        switch (message) {
-            case WM_ACTIVATE:
-                test.Write(window, activations[LOWORD(wParam)]);
-                break;
-            case WM_DESTROY:
-                if (test.onDestroy) test.onDestroy(window);
-                test.Write(window, "destroyed");
-                break;
-            case WM_NCDESTROY:
-                test.names.erase(window);
-                break;
-            case WM_LBUTTONDOWN:
-                test.Write(window, "down" + Place(lParam));
-                break;
-            case WM_LBUTTONUP:
-                test.Write(window, "up" + Place(lParam));
-                break;
-            case WM_TIMER:
-                test.Write(window, "timer " + std::to_string(wParam));
-                if (test.onTimer) test.onTimer(window);
-                break;
-            case WM_USER:
-                test.Write(window, "message " + std::to_string(wParam));
-                break;
-            case WM_PAINT:
-                test.Write(window, "paint");
-        }
+        test.Write(window, message, wParam, lParam);
+        if (test.meanwhile) test.meanwhile(window, message);
+        if (message == WM_NCDESTROY) test.names.erase(window);
         return DefWindowProcA(window, message, wParam, lParam);
     }
     inline static Desktop* current = nullptr;
@@ -131,9 +111,6 @@ TEST_F(Desktop, FramesStandAroundTheClientArea) {
         EXPECT_TRUE(AdjustWindowRectEx(&unscaled, WS_OVERLAPPEDWINDOW, FALSE, 0));
         const int side = frame.border + frame.padding;
         EXPECT_EQ(::Show(unscaled), ::Show({-side, -side - frame.caption, side, side}));
-        EXPECT_EQ(GetSystemMetrics(SM_CXSIZEFRAME), frame.border);
-        EXPECT_EQ(GetSystemMetrics(SM_CYSIZEFRAME), frame.border);
-        EXPECT_EQ(GetSystemMetrics(SM_CYCAPTION), frame.caption);
     }
 }
 
@@ -187,9 +164,8 @@ TEST_F(Desktop, DestructionDeactivatesFirstAndTakesOwnedWindowsAlong) {
     SetCapture(owned);
     Heard();
     bool timerLives = false;
-    onDestroy = [&](HWND w) { timerLives = KillTimer(w, 9); };
+    meanwhile = [&](HWND w, UINT message) { timerLives |= message == WM_DESTROY && KillTimer(w, 9); };
     DestroyWindow(owned);
-    onDestroy = nullptr;
     const std::string told = Heard();
     EXPECT_EQ(told.find("owned: -active"), 0u) << told;
     EXPECT_LT(told.find("owned: -active"), told.find("owned: destroyed")) << told;
@@ -217,9 +193,9 @@ TEST_F(Desktop, TimersTickUntilTheyAreKilled) {
     EXPECT_EQ(Heard(), "a: timer 1");
 
     SetTimer(window, 2, 60, nullptr);
-    onTimer = [](HWND w) {
-        KillTimer(w, 1);
-        KillTimer(w, 2);
+    meanwhile = [](HWND w, UINT message) {
+        for (const UINT_PTR timer : {1, 2})
+            if (message == WM_TIMER) KillTimer(w, timer);
     };
     EXPECT_TRUE(driver::AwaitTimer(window, 1));
     EXPECT_FALSE(driver::AwaitTimer(window, 1)) << "killed by its own handler";

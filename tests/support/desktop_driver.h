@@ -1,6 +1,6 @@
 // tests/support/desktop_driver.h
-// The user of the tests' windows: on the headless desktop his hand is the desktop's control side, on Windows it is
-// injected input and a message loop. Windows' own clock cannot be moved, so tests wait for ticks, not for times.
+// The user of the tests' windows. The headless desktop is moved by its control side, Windows by injected input.
+// Windows' own clock cannot be moved, so tests wait for ticks, not for times.
 #pragma once
 #include <cstdint>
 #include <functional>
@@ -47,8 +47,8 @@ struct Picture {
 };
 Picture PictureOf(HWND window);  // the client area as the screen shows it
 
-// The next popup menu is answered with the entry of that label, or dismissed when it is empty. `meanwhile` runs while
-// the menu is open.
+// The next popup menu is answered with the entry of that label, or dismissed when it is empty.
+// `meanwhile` runs while the menu is open.
 void AnswerNextMenu(const std::string& label, std::function<void()> meanwhile = nullptr);
 std::vector<std::string> LastMenu();  // labels from the top; empty: a separator
 
