@@ -2,7 +2,8 @@
 # try_fresh.sh SUITE [COMMAND...]: makes a bare Debian of that release (bookworm, trixie), and there, as a user who may sudo,
 # clones the last commit and runs the commands, ./run.sh and ./test.sh unless told others. Tells of each how it ended, how
 # long it took and by how much the disk grew. Needs root and debootstrap; MIRROR and FOLDER say from where and into which
-# folder. A folder that is there already is used as it stands.
+# folder. A folder that is there already is used as it stands. No other Xvfb should run meanwhile: a chroot shares its
+# displays' sockets, but not the locks by which a free one is found.
 set -eu
 suite=${1:?usage: try_fresh.sh SUITE [COMMAND...]}
 shift
