@@ -133,7 +133,7 @@ TEST(Font, OwnsItsHandleAndSharesItsScratch) {
 
 // Whatever was rendered can be drawn, blank or not.
 TEST(Font, RendersNoSpaceForALineFeedThatIsSkipped) {
-    for (const UINT format : {UINT{0}, DT_SINGLELINE}) {
+    for (const UINT format : {UINT{0}, UINT{DT_SINGLELINE}}) {
         LICE_CachedFont font;
         font.SetFromHFont(CreateInterfaceFont(-12), LICE_FONT_FLAG_OWNS_HFONT);
         RECT size{};
