@@ -1,4 +1,4 @@
-// host/entry.h
+// module/entry.h
 // The door of the module: what it exports, and what it registers with the host.
 #pragma once
 #include <string>
