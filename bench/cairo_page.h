@@ -1,5 +1,5 @@
 // bench/cairo_page.h
-// A page to draw on with Cairo, and what the benchmarks beside it draw alike.
+// A page to draw on with Cairo, and the path of a rounded rectangle.
 #pragma once
 #include <cairo.h>
 

@@ -1,6 +1,6 @@
-// Moving rectangles of pixels between surfaces, beside pixman and memcpy on the same sizes: the panel's whole page and
-// one of its icons, whose rows have a gap. The source-alpha blit is measured over alphas of every value, over opaque
-// pixels, and over a shape: clear outside, opaque inside, soft at its edge.
+// Rectangles of pixels moved between surfaces, beside pixman and memcpy, at the size of the panel's page and of one of
+// its icons, whose rows have a gap. The source-alpha blit takes alphas of every value, opaque pixels, and a shape that
+// is clear outside, opaque inside and soft at its edge.
 #include <benchmark/benchmark.h>
 #include <pixman.h>
 

@@ -1,4 +1,4 @@
-// Clearing and filling the whole panel and one button, beside memset and pixman.
+// The whole panel and one button cleared and filled, beside memset and pixman.
 #include <benchmark/benchmark.h>
 #include <pixman.h>
 
@@ -11,7 +11,7 @@
 namespace {
 
 constexpr LICE_pixel Color = 0xFF405060;
-constexpr float Translucent = 0.12f;  // of the panel's own; no form of its own serves it
+constexpr float Translucent = 0.12f;  // an opacity of the panel that has no fast form
 
 struct Surface {
     int width, height;

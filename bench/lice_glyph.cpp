@@ -13,7 +13,7 @@ namespace {
 constexpr int Width = 10, Height = 14, Count = 20, Advance = 11;
 constexpr int PanelWidth = 320;
 
-// Twenty letters' worth of strokes with soft edges: about a third is empty, a quarter full.
+// Strokes with soft edges. About a third of each mask is empty, and a quarter is full.
 const std::vector<std::vector<unsigned char>>& Masks() {
     static const auto masks = [] {
         std::vector<std::vector<unsigned char>> all(Count);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int Side = 320, Lines = 31;
 
-// Like the strokes of the icons, around one middle; 31 directions are never level, upright or diagonal.
+// A line from the middle outward. None of 31 directions is level, upright or diagonal.
 struct Spoke {
     int x1, y1, x2, y2;
 

@@ -1,5 +1,5 @@
-// Circles, rounded rectangles and polygons beside Cairo, in the sizes that a panel is made of, one shape a time on a
-// surface as large as the panel's.
+// Circles, rounded rectangles and polygons beside Cairo, in the panel's sizes, one at a time on a surface as large as
+// the panel.
 #include <benchmark/benchmark.h>
 
 #include <functional>
@@ -27,7 +27,7 @@ void Ours(benchmark::State& state, const std::function<void(LICE_IBitmap*)>& dra
     }
 }
 
-// `path` leaves the path to be filled, or stroked one pixel wide.
+// `path` makes the path, which is then filled, or stroked one pixel wide.
 void Cairo(benchmark::State& state, bool fill, cairo_antialias_t antialias, float alpha,
            const std::function<void(cairo_t*)>& path) {
     const CairoPage page(Width, Height);
@@ -77,7 +77,7 @@ void DiscCairo(benchmark::State& state) {
           [r](cairo_t* cr) { cairo_arc(cr, 100.5, 100.5, r, 0, 2 * std::numbers::pi); });
 }
 
-// Triangles like those on transport buttons, and an octagon. The argument is the height; none is smoothed by either.
+// Triangles as on transport buttons, and an octagon. The argument is the height. Neither library smooths them.
 void TriangleOurs(benchmark::State& state) {
     const int h = static_cast<int>(state.range(0));
     Ours(state, [h](LICE_IBitmap* bm) {

@@ -1,5 +1,5 @@
-// A button's label of nine letters and one of twelve characters, drawn and measured with cached glyphs, beside Cairo
-// (its text call, and its glyph call with all glyphs looked up beforehand) and pixman's glyph cache.
+// Two labels, of nine letters and of twelve characters, drawn and measured with cached glyphs. Beside them stand
+// Cairo's text call, its glyph call with all glyphs looked up beforehand, and pixman's glyph cache.
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -92,7 +92,7 @@ void CairoMeasure(benchmark::State& state, const char* text) {
     }
 }
 
-// The same masks at the same places.
+// The masks that our font draws, at the same places.
 void Pixman(benchmark::State& state, const char* text) {
     LICE_MemBitmap bitmap(Width, Height);
     LICE_Clear(&bitmap, 0xFF223344);

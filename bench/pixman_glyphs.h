@@ -1,5 +1,5 @@
 // bench/pixman_glyphs.h
-// A string in the glyph cache that other toolkits draw their text with: white masks over a surface without row gaps.
+// A string in pixman's glyph cache: white masks over a surface without row gaps.
 #pragma once
 #include <pixman.h>
 

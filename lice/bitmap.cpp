@@ -18,7 +18,7 @@ int AskedScale(const void* parameter) {
     return scale < 0 || scale == 256 ? 0 : scale;
 }
 
-// A side of the backing store. Held well inside int, where a section of that size is refused anyway.
+// A side of the backing store, held inside int. No section of that size is ever given.
 int ScaledSide(int side, int scale) {
     return scale > 0 ? static_cast<int>(std::clamp(int64_t{side} * scale >> 8, IntMin, IntMax - 3)) : side;
 }
@@ -82,7 +82,7 @@ bool LICE_SysBitmap::resize(int width, int height) {
     info.bmiHeader.biBitCount = 32;
     info.bmiHeader.biCompression = BI_RGB;
     void* bits = nullptr;
-    if (int64_t{w} * h <= IntMax / 4)  // what no int can count is not left to the system's own arithmetic
+    if (int64_t{w} * h <= IntMax / 4)  // larger ones would overflow in the system
         bitmap_ = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     if (bitmap_) {
         bits_ = static_cast<LICE_pixel*>(bits);
@@ -142,7 +142,7 @@ bool LICE_MemBitmap::resize(int width, int height) {
 
     const int64_t pixels = ((int64_t{width} + rowMask_) & ~int64_t{rowMask_}) * height;
     const int64_t bytes = std::clamp<int64_t>(pixels, 0, IntMax) * 4;
-    if (width < 1 || height < 1 || bytes > IntMax) {  // more than an int counts is refused like memory that isn't there
+    if (width < 1 || height < 1 || bytes > IntMax) {  // no int counts more bytes
         free(buffer_);
         buffer_ = nullptr;
         allocBytes_ = 0;

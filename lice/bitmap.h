@@ -1,7 +1,7 @@
 // lice/bitmap.h
 // The surfaces that everything draws on. Rows run top-down unless isFlipped says otherwise.
-// A surface may have a draw scale, in 1/256: sizes and coordinates are then logical, and getBits points to a backing
-// store of the scaled size. A surface without pixels has a null getBits or a size below 1; drawing on it does nothing.
+// A surface may have a draw scale, in 1/256. Its size and coordinates are then logical, and getBits points to a backing
+// store of the scaled size. A surface without pixels has a null getBits or a size below 1, and is not drawn on.
 #pragma once
 #include "lice/pixel.h"
 #include "platform/win32.h"
@@ -27,8 +27,8 @@ class LICE_IBitmap {
     virtual INT_PTR Extended(int /*code*/, void* /*parameter*/) { return 0; }
 };
 
-// Pixels that GDI draws on too: a DIB section selected into a memory context. It only grows; what a new section holds
-// is undefined. After a failure the size reads as 0 by 0.
+// Pixels that GDI draws on too: a DIB section selected into a memory context. The section only grows, and what a new
+// one holds is undefined. After a failure the size reads as 0 by 0.
 class LICE_SysBitmap : public LICE_IBitmap {
   public:
     LICE_SysBitmap(int width = 0, int height = 0);
@@ -57,7 +57,7 @@ class LICE_SysBitmap : public LICE_IBitmap {
     int advisoryScale_ = 0;                 // 1/256; only kept and reported
 };
 
-// Pixels on the heap, aligned to 64 bytes. The block only grows; after a failed allocation the size reads as 0 by 0.
+// Pixels on the heap, aligned to 64 bytes. The block only grows. After a failed allocation the size reads as 0 by 0.
 class LICE_MemBitmap : public LICE_IBitmap {
   public:
     // rowAlign: a power of two, in pixels, to which the row span is rounded up.
@@ -79,7 +79,7 @@ class LICE_MemBitmap : public LICE_IBitmap {
     int rowMask_;
 };
 
-// Logical to backing store: coordinates toward zero, sizes down, floats exactly.
+// From logical numbers to the backing store's. Coordinates round toward zero, sizes down, floats not at all.
 int LICE_ScaleCoord(int value, int scale);      // held in the range of int
 unsigned LICE_ScaleSize(int value, int scale);  // a negative size comes out huge, and as an int negative again
 double LICE_ScaleFloat(double value, int scale);

@@ -7,7 +7,7 @@
 
 namespace {
 
-struct CombineChannelCopy {  // one byte goes over, the others stay; places in bits
+struct CombineChannelCopy {  // one byte is copied, the others stay; both places in bits
     unsigned from, to;
     template <class Pixels>
     Pixels operator()(Pixels old, Pixels source, int) const {
@@ -22,8 +22,7 @@ void CombineRow(Combine combine, LICE_pixel* dest, const LICE_pixel* src, ptrdif
     CombineRun(combine, dest + done, count - done, PixelRow{src + done}, ia);
 }
 
-// Up to eight pixels are read before the first of them is written. Where that would miss what an overlapping row has
-// just become, the pixels go one by one.
+// Up to eight pixels are read before the first of them is written. Pixels that overlap more closely go one by one.
 template <class Combine>
 void CombineRows(Combine combine, const BlitRows& rows, int ia) {
     constexpr uintptr_t ReadAhead = 8 * sizeof(LICE_pixel);

@@ -1,5 +1,5 @@
 // lice/blit_rows.h
-// What the blits and the blur share: a rectangle of a source laid on a destination, cut to both, and the rows to walk.
+// What the blits and the blur share: a rectangle of a source on a destination, cut to both, and its rows.
 #pragma once
 #include <algorithm>
 #include <functional>
@@ -12,12 +12,12 @@ inline bool SharePixels(const Target& a, const Target& b) {
     return std::less<>{}(a.bits, b.Stored(0, b.height)) && std::less<>{}(b.bits, a.Stored(0, a.height));
 }
 
-// In 64 bits, so that neither the sum of two ints nor their difference can overflow.
+// The sides are 64-bit numbers, so that sums of ints cannot overflow.
 struct BlitPlace {
     int64_t dstx, dsty;
     int64_t left, top, right, bottom;  // of the source
 
-    // Cuts the rectangle to the source. What is lost at the left and the top moves the destination.
+    // Cuts the rectangle to the source. A cut at the left or the top moves the destination.
     void CutTo(const Target& source) {
         dstx -= std::min<int64_t>(left, 0);
         dsty -= std::min<int64_t>(top, 0);
@@ -34,7 +34,7 @@ struct BlitRows {
     const LICE_pixel* src = nullptr;
     ptrdiff_t destStep = 0, srcStep = 0;  // from row to row; negative on a flipped surface
 
-    // `place` was cut to the source; all of it is in backing pixels.
+    // `place` counts backing pixels and was cut to the source.
     BlitRows(const Target& to, const Target& from, BlitPlace place) {
         const Extent across = Extent{place.dstx, place.right - place.left}.Within(0, to.width);
         const Extent down = Extent{place.dsty, place.bottom - place.top}.Within(0, to.height);
@@ -51,8 +51,7 @@ struct BlitRows {
     LICE_pixel* Dest(ptrdiff_t y) const { return dest + y * destStep; }
     const LICE_pixel* Src(ptrdiff_t y) const { return src + y * srcStep; }
 
-    // Rows without a gap between them, on either side, are as good as one long row. Not for surfaces that share pixels,
-    // where it matters which row goes first.
+    // Makes one long row of rows that have no gap on either side. Surfaces that share pixels need their rows in order.
     void Join() {
         if (destStep != width || srcStep != width) return;
         width *= height;
@@ -60,5 +59,5 @@ struct BlitRows {
     }
 };
 
-// Where LICE_Blit ends, and a LICE_ScaledBlit of equal sizes too: `place` is in backing pixels and is still to be cut.
+// The end of LICE_Blit, and of a LICE_ScaledBlit of equal sizes. `place` counts backing pixels and is not cut yet.
 void BlitBackingPixels(const Target& to, const Target& from, BlitPlace place, float alpha, int mode);

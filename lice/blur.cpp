@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr int StackWidth = 1024;  // the widest line whose two rows are kept on the stack
+constexpr int StackWidth = 1024;  // up to here the lines kept lie on the stack
 
-// `upDown(x)` is what the rows above and below give to column x, a quarter of a pixel in all.
+// `upDown(x)` is the share of the rows above and below in column x, a quarter of a pixel.
 template <class UpDown>
 void BlurRow(LICE_pixel* out, const LICE_pixel* in, ptrdiff_t width, UpDown upDown) {
     const ptrdiff_t last = width - 1;
@@ -19,7 +19,7 @@ void BlurRow(LICE_pixel* out, const LICE_pixel* in, ptrdiff_t width, UpDown upDo
     out[last] = HalfOf(in[last]) + QuarterOf(in[last - 1]) + upDown(last);
 }
 
-// `lines` holds two rows as they were before they were filtered, or is null where dest is another surface.
+// `lines` has room for two rows as they were before. It is null where dest is another surface.
 void BlurRows(const BlitRows& rows, LICE_pixel* lines) {
     const ptrdiff_t last = rows.height - 1;
     for (ptrdiff_t y = 0; y <= last; ++y) {
@@ -52,7 +52,7 @@ void LICE_Blur(LICE_IBitmap* dest, LICE_IBitmap* src, int dstx, int dsty, int sr
     }
     BlitPlace place = {dstx, dsty, srcx, srcy, int64_t{srcx} + srcw, int64_t{srcy} + srch};
     place.CutTo(from);
-    place.dstx = dstx;  // what is cut from the left and the top does not move the destination here
+    place.dstx = dstx;  // a cut does not move the destination here
     place.dsty = dsty;
     const BlitRows rows(to, from, place);
     if (rows.width < 2 || rows.height < 2) return;
@@ -64,5 +64,5 @@ void LICE_Blur(LICE_IBitmap* dest, LICE_IBitmap* src, int dstx, int dsty, int sr
         BlurRows(rows, lines);
     } else if (const std::unique_ptr<LICE_pixel[]> lines{new (std::nothrow) LICE_pixel[size_t{2} * rows.width]}) {
         BlurRows(rows, lines.get());
-    }  // else there is no memory, and an unblurred shadow is better than none
+    }  // without memory nothing is blurred
 }

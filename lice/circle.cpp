@@ -63,11 +63,11 @@ void DrawCircle(LICE_IBitmap* dest, float cx, float cy, float r, LICE_pixel colo
     DrawRaster(target, circle, {color, Opacity(alpha), mode, aa}, fill, RECT{0, 0, target.width, target.height});
 }
 
-// As floats: whether an arc goes all the way round is decided in these.
+// Floats, because they decide whether an arc goes all the way round.
 constexpr float Pi = std::numbers::pi_v<float>, TwoPi = 2 * Pi, HalfPi = Pi / 2;
 
-// The box around two points of a circle, cut to the surface. Towards the middle it ends at the axis, which belongs to
-// both quadrants; outward it takes the fringe in.
+// The box around two points of a circle, cut to the surface. It ends at the axis, which belongs to both quadrants, and
+// takes in the fringe.
 RECT BoxOfArc(const Circle& circle, const POINT& a, const POINT& b, const Target& target) {
     const auto [left, right] = std::minmax(a.x, b.x);
     const auto [top, bottom] = std::minmax(a.y, b.y);
@@ -76,7 +76,7 @@ RECT BoxOfArc(const Circle& circle, const POINT& a, const POINT& b, const Target
             std::min<LONG>(bottom + (static_cast<float>(bottom) != circle.cy) + 1, target.height)};
 }
 
-// In double, since in float every rounded rectangle would show a pixel too many.
+// Angles are doubles, since in floats rounded rectangles would show a pixel too many.
 void DrawQuadrants(const Target& target, const Circle& circle, double low, double high, const Stroke& stroke) {
     const auto pointAt = [&circle](double angle) {
         return POINT{Rounded(circle.r * std::sin(angle) + circle.cx), Rounded(circle.cy - circle.r * std::cos(angle))};

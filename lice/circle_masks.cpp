@@ -1,7 +1,5 @@
-// Radii up to 3 are drawn by hand. From 3.5 on a rule that these suggest gives the coverage: the ring, one pixel wide,
-// is the plain raster's and stands at 255; outside it counts the disc of radius r + 1/2, and inside it, for an outline,
-// whatever lies beyond r - 1/2, both by 4 by 4 samples a pixel. The compiler works it out, so the masks are constants
-// all the same.
+// Radii up to 3 are drawn by hand. From 3.5 on coverage follows a rule that these suggest. The plain raster's ring is
+// full. Every other pixel counts how much of it lies between the radii r - 1/2 and r + 1/2.
 #include "lice/circle_masks.h"
 
 #include <algorithm>
@@ -20,11 +18,10 @@ struct Cases {
 
 struct Pixel {
     uint8_t smooth;       // of the anti-aliased outline
-    bool ring, enclosed;  // part of the plain outline; inside it
+    bool ring, enclosed;  // on the plain outline; within it
 };
 
-// Only the upper left quarter is asked for, quarter(x, y); the others are its mirror images, which share the middle row
-// and column where N is odd.
+// quarter(x, y) gives the upper left quarter, with the middle row and column where N is odd. The others mirror it.
 template <int N, class Quarter>
 constexpr Cases<N> MakeCases(Quarter quarter) {
     Cases<N> cases{};
@@ -59,43 +56,42 @@ constexpr Cases<N> ByHand = MakeCases<N>([](int x, int y) {
 
 // --- By rule
 
-// Coverage of one pixel by the samples whose distance from the middle lies in inner to outer, in eighths of a pixel.
+// Takes 4 by 4 samples of a pixel, and counts those between two distances from the middle, in eighths of a pixel.
 template <int N>
-constexpr uint8_t Sampled(int x, int y, int inner, int outer) {
+constexpr uint8_t Sampled(int x, int y, int nearest, int furthest) {
     int hits = 0;
     for (int sample = 0; sample < 16; ++sample) {
         const int dx = 8 * x + sample % 4 * 2 + 1 - 4 * N, dy = 8 * y + sample / 4 * 2 + 1 - 4 * N;
-        const int distance = dx * dx + dy * dy;
-        hits += inner * inner <= distance && distance <= outer * outer;
+        const int square = dx * dx + dy * dy;
+        hits += nearest * nearest <= square && square <= furthest * furthest;
     }
     return static_cast<uint8_t>(std::max(0, 16 * hits - 1));
 }
 
 template <int N>
 constexpr Cases<N> ByRule = MakeCases<N>([](int x, int y) {
-    constexpr int eighths = 4 * (N - 1);  // of a pixel, in the radius
-    constexpr int radius = (N - 1) / 2;   // of the ring
-    const int dx = (N - 1) / 2 - x, dy = (N - 1) / 2 - y;
-    const int longer = std::max(dx, dy), shorter = std::min(dx, dy);
-    const int rest = radius * radius - shorter * shorter;
-    const bool inside = longer * (longer - 1) <= rest, ring = inside && (longer + 1) * longer > rest;
+    constexpr int radius = (N - 1) / 2, eighths = 4 * (N - 1);  // in whole pixels, and exactly
+    const int height = std::max(radius - x, radius - y), column = std::min(radius - x, radius - y);
+    // The plain raster draws each column at the largest height that lies within.
+    const auto within = [column](int h) { return h * (h - 1) + column * column <= radius * radius; };
+    const bool inside = within(height), ring = inside && !within(height + 1);
     return Pixel{ring ? uint8_t{255} : Sampled<N>(x, y, eighths - 4, eighths + 4), ring, inside};
 });
 
-struct Row {
+struct HeldRadius {
     float r;
     int size;
     const uint8_t* byCase[4];  // outline, fill, plain outline, plain fill
 
     template <int N>
-    constexpr Row(float radius, const Cases<N>& c)
+    constexpr HeldRadius(float radius, const Cases<N>& c)
         : r(radius),
           size(N),
           byCase{c.smoothOutline.data(), c.smoothFill.data(), N < 11 ? c.plainOutline.data() : nullptr,
                  N < 11 ? c.plainFill.data() : nullptr} {}
 };
 
-constexpr Row Masks[] = {
+constexpr HeldRadius Held[] = {
     {1.0f, ByHand<3, Radius1>}, {1.5f, ByHand<4, Radius1>}, {2.0f, ByHand<5, Radius2>}, {2.5f, ByHand<6, Radius2>},
     {3.0f, ByHand<7, Radius3>}, {3.5f, ByRule<8>},          {4.0f, ByRule<9>},          {5.0f, ByRule<11>},
     {6.0f, ByRule<13>},         {7.0f, ByRule<15>},
@@ -104,7 +100,7 @@ constexpr Row Masks[] = {
 }  // namespace
 
 CircleMask SmallCircleMask(float r, bool filled, bool aa) {
-    for (const Row& row : Masks)
-        if (row.r == r) return {row.byCase[(aa ? 0 : 2) + filled], row.size};
+    for (const HeldRadius& held : Held)
+        if (held.r == r) return {held.byCase[(aa ? 0 : 2) + filled], held.size};
     return {nullptr, 0};
 }

@@ -1,7 +1,7 @@
 // lice/circle_raster.h
-// The two rasters of a circle. One eighth is worked out and mirrored into the other seven: step i, from 1 on, gives the
-// height of column i, and by the mirror at the diagonal the reach of row i. Each step stands alone, so that of a circle
-// as large as you like only the steps that reach the clip are taken.
+// The two rasters of a circle. One eighth is worked out and mirrored into the other seven. Step i, from 1 on, gives the
+// height of column i and, mirrored at the diagonal, the reach of row i. Each step stands alone, so that a huge circle
+// takes only the steps that reach the clip.
 #pragma once
 #include <algorithm>
 #include <cmath>
@@ -11,8 +11,8 @@
 #include "lice/paint.h"
 #include "lice/target.h"
 
-// Dots that are mirrored about a middle, and rows through it. Rows count as they lie in memory. `clipped` is false only
-// where everything drawn is known to lie inside.
+// Dots mirrored about a middle, and rows through it, counted as they lie in memory. `clipped` is false where all of the
+// circle lies inside.
 template <class Combine, bool clipped>
 struct CircleDots {
     const Target& target;
@@ -51,8 +51,7 @@ struct CircleDots {
         }
     }
 
-    // Calls step(i), i ascending from 1, wherever a column or a row i away from the middle meets the clip, until it
-    // returns false.
+    // Calls step(i) for each i, from 1 on, whose columns or rows meet the clip, until it returns false.
     template <class Step>
     void EachStep(Step step) const {
         Range nearer = DistancesTo(xc, clip.left, clip.right), further = DistancesTo(yc, clip.top, clip.bottom);
@@ -68,12 +67,12 @@ struct CircleDots {
         int64_t first, end;
     };
 
-    // From the middle to the places `first` to `end` on one axis, on either side of it.
+    // How far the places from `first` to `end` on one axis are from the middle.
     static Range DistancesTo(int64_t middle, int64_t first, int64_t end) {
         return {std::max({first - middle, middle - end + 1, int64_t{1}}), std::max(end - middle, middle - first + 1)};
     }
 
-    // One comparison: what lies before the first wraps round to far beyond the last.
+    // Takes one comparison, since what lies before the first wraps round to far beyond the last.
     static bool Within(unsigned at, unsigned first, unsigned end) { return !clipped || at - first < end - first; }
 
     void Dot(int x, int row, int weight) const {
@@ -81,8 +80,8 @@ struct CircleDots {
     }
 };
 
-// The midpoint circle: whole pixels, chosen in integers. A walk from pixel to pixel keeps an error term, and moves
-// inward where that is not negative. The sum of all its moves up to column i is Height(i).
+// The midpoint circle: whole pixels, chosen in integers. A walk from pixel to pixel keeps an error term and moves
+// inward where that is not negative. Height(i) is where all moves up to column i lead.
 struct PlainRaster {
     int64_t r;
 
@@ -92,7 +91,7 @@ struct PlainRaster {
     // Whether column i lies above the diagonal: the column before it is higher than i.
     bool Reaches(int64_t i) const { return r > 0 && i * (2 * i - 1) < r * r; }
 
-    // How far a disc's row reaches: like its mirror image, the column, or up to the last column that is as high as it.
+    // How far a disc's row reaches: as far as its mirror image is high, or to the last column that is high enough.
     int HalfWidth(int64_t dy) const {
         if (dy == 0) return static_cast<int>(r);
         if (Reaches(dy)) return Height(dy);
@@ -125,8 +124,8 @@ struct PlainRaster {
     }
 };
 
-// Each step's exact height lies between two pixels, which share the opacity: the fringe outside takes the fraction, the
-// pixel inside it the rest. Where the steps meet the diagonal only half of the mirror images are drawn.
+// The exact height of a step lies between two pixels, which share the opacity. The fringe outside takes the fraction,
+// the pixel inside it the rest. A step on the diagonal is drawn with half of its mirror images.
 struct SmoothRaster {
     float r;
 
@@ -152,9 +151,9 @@ struct SmoothRaster {
     }
 
   private:
-    double Height(double i) const { return std::sqrt(double{r} * r - i * i); }  // not a number beyond the radius
+    double Height(double i) const { return std::sqrt(double{r} * r - i * i); }  // NaN beyond the radius
 
-    // At the ends of the axes. Gives its weight.
+    // Draws the fringe at the ends of the axes, and gives its weight.
     template <class Dots>
     int Fringe(const Dots& dots, int reach) const {
         const int weight = static_cast<int>(dots.paint.ia * (double{r} - std::floor(r)));

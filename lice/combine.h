@@ -1,8 +1,8 @@
 // lice/combine.h
 // The arithmetic of drawing: how a source colour is merged into the pixel that is there, under an opacity.
 // A combine function is an object without state: combine(old, source, ia) is the new pixel. `ia` is the opacity in
-// 1/256 and may vary from pixel to pixel. Where colour and opacity do not, the compiler splits the colour once a call.
-// The alpha byte is a fourth colour unless said otherwise. paint.h chooses the function and runs it over pixels.
+// 1/256 and may vary from pixel to pixel. The alpha byte is a fourth colour unless said otherwise.
+// paint.h chooses the function and runs it over pixels.
 #pragma once
 #include <algorithm>
 #include <array>
@@ -26,7 +26,7 @@ inline int64_t Channel(LICE_pixel pixel, int shift) {
     return pixel >> shift & 0xFF;
 }
 
-// The four channels through formula(old, source); of each result the low 8 bits are kept.
+// Each channel becomes the low 8 bits of formula(old, source).
 template <class Formula>
 LICE_pixel EachChannel(LICE_pixel old, LICE_pixel source, Formula formula) {
     const auto at = [&](int shift) {
@@ -35,7 +35,7 @@ LICE_pixel EachChannel(LICE_pixel old, LICE_pixel source, Formula formula) {
     return at(0) | at(8) | at(16) | at(24);
 }
 
-// --- Whole pixels at once, one or four. The shifted forms lose the low bits of each channel, and that is their look.
+// --- Whole pixels at once, one or four. Shifts lose the low bits of each channel; that is their look.
 
 template <class Pixels>
 Pixels HalfOf(Pixels p) {
@@ -80,7 +80,7 @@ struct CombineFastThreeQuarters {
     }
 };
 
-struct CombineHalf {  // (old + source) >> 1 in each channel: what both share, and half of where they differ
+struct CombineHalf {  // (old + source) >> 1 in each channel: the bits that both have, and half of the others
     template <class Pixels>
     Pixels operator()(Pixels old, Pixels source, int) const {
         return (old & source) + HalfOf(old ^ source);
@@ -95,7 +95,7 @@ struct CombineCopy {
     FourPixels operator()(FourPixels old, FourPixels source, int ia) const { return MixFour(old, source, ia); }
 };
 
-struct CombineCopyBeyond {  // the same for an opacity beyond 256, where results leave the byte and wrap
+struct CombineCopyBeyond {  // the same for any opacity; results beyond a byte wrap
     LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
         return EachChannel(old, source, [ia](int64_t d, int64_t s) { return s + (d - s) * (256 - ia) / 256; });
     }
@@ -139,7 +139,7 @@ struct Hsv {
 };
 
 inline Hsv ToHsv(LICE_pixel pixel) {
-    // 65536 / i, less one so that the reciprocal of 1 fits.
+    // One less than 65536 / i, so that the first fits.
     static constexpr std::array<uint16_t, 256> reciprocal = [] {
         std::array<uint16_t, 256> t = {};
         for (int i = 1; i < 256; ++i) t[i] = static_cast<uint16_t>(65536 / i - 1);
@@ -169,14 +169,14 @@ inline LICE_pixel FromHsv(const Hsv& c, LICE_pixel alpha) {
     return pack(c.v, p, q(c.h - 320));
 }
 
-// The source is an adjustment: red turns the hue, green moves saturation, blue value; 128 leaves each as it is.
-// The rounding of the two conversions shows even at opacity 0.
+// The source is an adjustment: red turns the hue, green moves saturation, blue value, and 128 leaves each as it is.
+// Rounding shows even at opacity 0.
 struct CombineHsvAdjust {
     LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
         const int64_t r = Channel(source, 16), g = Channel(source, 8), b = Channel(source, 0);
         Hsv c = ToHsv(old);
         c.h += (r + r / 2 - 192) * ia / 256;
-        if (c.h < 0) {  // one turn at most, as far as an opacity up to 1 can go
+        if (c.h < 0) {  // at most one turn, which an opacity up to 1 cannot exceed
             c.h += 384;
         } else if (c.h >= 384) {
             c.h -= 384;
@@ -189,8 +189,8 @@ struct CombineHsvAdjust {
 
 // --- With the source's own alpha, in blits
 
-// In copy mode alpha itself is not mixed but adds up.
-struct CombineAlphaOpaque {  // ia is 256: an opaque source pixel is stored as it is, a clear one changes nothing
+// Copying does not mix the alphas but adds them up.
+struct CombineAlphaOpaque {  // ia is 256: an opaque source pixel is stored, a clear one changes nothing
     LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int) const {
         const int a = static_cast<int>(source >> 24);
         return MixOneOver(old, source, a ? a + 1 : 0, a);
@@ -211,7 +211,7 @@ struct CombineAlpha {  // ia is 1 to 255
     }
 };
 
-struct CombineAlphaBeyond {  // any opacity, where colours leave the byte and wrap
+struct CombineAlphaBeyond {  // any opacity; colours beyond a byte wrap
     LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {
         const int64_t a = source >> 24;
         if (a == 0) return old;
@@ -220,8 +220,8 @@ struct CombineAlphaBeyond {  // any opacity, where colours leave the byte and wr
     }
 };
 
-// The other modes multiply alpha into the opacity, so that a clear pixel still weighs 1/256 at full opacity. Only
-// adding and multiplying skip it.
+// The other modes multiply alpha into the opacity. At full opacity a clear pixel then still weighs 1/256. Only adding
+// and multiplying skip it.
 template <class Combine>
 struct CombineWithAlpha {
     LICE_pixel operator()(LICE_pixel old, LICE_pixel source, int64_t ia) const {

@@ -1,14 +1,14 @@
 // lice/coverage.h
 // One colour through bytes of coverage: the loops under masks and text. Uncovered pixels stay as they are.
-// A Weight says what opacity a coverage comes to: weight(coverage) for one pixel, weight.Four(bytes) for four, the
-// first in the low byte, and weight.Eight(bytes, bytes) for two times four.
-// MixCovered and CombineCovered are static: each use has one caller, and masks are small enough for a call to show.
+// A Weight turns coverage into opacity: weight(coverage) for one pixel, weight.Four(bytes) for four, the first in the
+// low byte, and weight.Eight(bytes, bytes) for two times four.
+// MixCovered and CombineCovered are static, because masks are so small that a call would show.
 #pragma once
 #include <cstring>
 
 #include "lice/paint.h"
 
-// What is drawn of a mask, and where it goes; steps from row to row may be negative.
+// A part of a mask, and its place on the surface. The steps from row to row may be negative.
 struct CoverageRows {
     const uint8_t* mask;
     ptrdiff_t maskSpan;
@@ -32,8 +32,8 @@ void ForCovered(CoverageRows rows, Each each) {
             if (rows.mask[x] != 0) each(rows.pixels + x, rows.mask[x]);
 }
 
-// Plain copying, for rows of four pixels or more, four at a time. The last two steps are made together from the old
-// pixels, since they overlap where a row is no multiple of four.
+// Plain copying of rows of four pixels or more, four at a time. The last two steps may overlap, so both are made from
+// the old pixels.
 template <class Weight>
 static void MixCovered(const CoverageRows& rows, LICE_pixel color, Weight weight) {
     const FourPixels source = FourPixels{} + color;

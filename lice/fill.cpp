@@ -6,7 +6,7 @@
 #include "lice/paint.h"
 #include "lice/target.h"
 
-// The last four pixels of a row are one store too, which may overlap the one before.
+// The last store may overlap the one before.
 static void StoreRow(LICE_pixel* row, int w, LICE_pixel color) {
     const FourPixels four = OneColor{color}.Four(0);
     if (w < 4) {
@@ -18,7 +18,7 @@ static void StoreRow(LICE_pixel* row, int w, LICE_pixel color) {
     StoreFour(last, four);
 }
 
-// Long rows are copies of the first: the system's memcpy moves more at a time than SSE2 stores.
+// Long rows are copies of the first, since memcpy moves more at a time than SSE2 stores.
 static void StoreRows(LICE_pixel* first, ptrdiff_t step, int w, int h, LICE_pixel color) {
     constexpr int LongRow = 64;
     StoreRow(first, w, color);

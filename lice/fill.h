@@ -9,7 +9,7 @@ void LICE_Clear(LICE_IBitmap* dest, LICE_pixel color);
 // w by h pixels. With LICE_BLIT_USE_ALPHA the colour's own alpha is multiplied into `alpha`.
 void LICE_FillRect(LICE_IBitmap* dest, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode);
 
-// The same for several rectangles of one colour, each with an opacity of its own, in their order.
+// Fills several rectangles in their order, each with an opacity of its own.
 struct LICE_FilledRect {
     int x, y, w, h;
     float alpha;

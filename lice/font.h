@@ -1,7 +1,7 @@
 // lice/font.h
-// Text on surfaces. A font draws each character once with GDI, keeps its coverage, and from then on only combines bytes
-// into the target. Very tall text, and text of a font that prefers it, is handed to GDI whole.
-// Fonts share two scratch surfaces without a lock: use all of them from one thread.
+// Text on surfaces. A font has GDI draw each character once, keeps its coverage, and from then on only combines bytes.
+// Very tall text, and text of a font that prefers it, is left to GDI whole.
+// Fonts share two scratch surfaces without a lock, so use all of them from one thread.
 #pragma once
 #include "lice/bitmap.h"
 #include "lice/glyph_cache.h"
@@ -48,8 +48,8 @@ class LICE_CachedFont : public LICE_IFont {
     int GetLineHeight() override { return style_.lineHeight; }
     void SetLineSpacing(int pixels) override { style_.lineSpacing = pixels; }
 
-    // Draws one rendered character with its pen at (x, y), x to the right and y at the top of the cell. False when
-    // there was nothing to draw. A null clip is the whole surface.
+    // Draws one rendered character with its pen at (x, y), y being the top of the cell. A null clip is the whole
+    // surface. False when there was nothing to draw.
     virtual bool DrawGlyphAt(LICE_IBitmap* bitmap, unsigned code, int x, int y, const RECT* clip);
 
   private:

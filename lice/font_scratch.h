@@ -1,6 +1,6 @@
 // lice/font_scratch.h
-// The surfaces on which GDI draws text for the fonts. They are made at the first need, shared by all fonts, and go with
-// the last of them.
+// The surfaces on which GDI draws text for the fonts. All fonts share them. The first need makes them, and they go with
+// the last font.
 #pragma once
 #include "lice/bitmap.h"
 
@@ -8,7 +8,7 @@ extern LICE_SysBitmap* ScratchMeasure;  // glyphs and metrics: white on opaque b
 extern LICE_SysBitmap* ScratchNative;   // whole texts for surfaces without a context
 extern int ScratchUsers;                // living fonts
 
-// Makes the surface if there is none, and enlarges it if it is smaller than that on either axis.
+// Makes the surface, or enlarges it, where it is smaller than that on either axis.
 LICE_SysBitmap& MeasureScratch(int size);
 LICE_SysBitmap& NativeScratch(int width, int height);
 

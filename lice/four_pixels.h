@@ -1,6 +1,6 @@
 // lice/four_pixels.h
-// Four pixels in one SSE2 register, which every x86-64 has, and the mixing of two colours on it: the arithmetic under
-// nearly everything that is drawn. What the vector types' own operators can say is said with them.
+// Four pixels in one SSE2 register, which every x86-64 has, and the mixing of two colours: the arithmetic under nearly
+// everything that is drawn. Intrinsics stand only where the vector types have no operator.
 #pragma once
 #include <emmintrin.h>
 
@@ -37,10 +37,9 @@ inline void StoreSome(LICE_pixel* pixels, FourPixels four, ptrdiff_t count) {
     if (count == 3) pixels[2] = four[2];
 }
 
-// source + (old - source) * (256 - ia) / 256 in each channel, the division toward zero; for ia from 1 to 256, given as
-// keep = (256 - ia) * 256 + 1. The quotient is the high word of difference * keep. The 1 is what rounds toward zero:
-// multiplied by a difference below 0, taken as a word without sign, it adds the one that rounding down lost, and with
-// any other difference it is too little to show. The rest of what such a difference adds is a multiple of 256.
+// source + (old - source) * (256 - ia) / 256 in each channel, divided toward zero, for ia from 1 to 256. `keep` is
+// (256 - ia) * 256 + 1, and the quotient is the high word of difference * keep. The 1 makes it round toward zero: a
+// difference below 0, read without sign, adds the one that rounding down lost. Any other adds too little to show.
 inline FourPixels MixKeeping(FourPixels old, FourPixels source, EightWords keep) {
     const EightWords d = (EightWords)old, s = (EightWords)source;
     const EightWords even = (d & 0xFF) - (s & 0xFF), odd = (d >> 8) - (s >> 8);
@@ -52,7 +51,7 @@ inline FourPixels MixKeeping(FourPixels old, FourPixels source, EightWords keep)
 // One opacity for each of four pixels, 0 to 256.
 struct FourWeights {
     EightWords keep;  // as above; the same in both words of a pixel
-    FourPixels none;  // all bits set where the opacity is 0, which `keep` cannot say
+    FourPixels none;  // all bits set where the opacity is 0, for which `keep` has no value
 
     // From 256 times the weight, which must be below 256.
     static FourWeights Of(EightWords weight256) { return {1 - weight256, (FourPixels)((FourPixels)weight256 == 0)}; }
@@ -60,7 +59,7 @@ struct FourWeights {
     // `shares`, 0 to 256, times an opacity of 1 to 256, divided by 256.
     static EightWords Times(EightWords shares, int ia) { return shares * static_cast<uint16_t>(ia) & 0xFF00; }
 
-    // The same four bytes of coverage as a mask holds them, the first in the low byte.
+    // Four bytes of coverage, the first in the low byte.
     static FourWeights Coverage(uint32_t mask, int ia) { return Of(Times(Spread(mask), ia)); }
 
     // Coverage plus 1, but 0 for coverage 0.
@@ -92,7 +91,7 @@ struct FourWeights {
     }
 };
 
-// Two times four weights, which cost little more than four when they are made together.
+// Two times four weights. Made together, they cost little more than four.
 struct EightWeights {
     FourWeights first, second;
 
@@ -117,7 +116,7 @@ inline LICE_pixel MixOne(LICE_pixel old, LICE_pixel source, int ia) {  // ia: 0 
     return ia ? MixFour(FourPixels{old}, FourPixels{source}, ia)[0] : old;
 }
 
-// Mixes the colours, and adds the alpha byte of `alpha` to the old alpha, held at 255.
+// Mixes the colours, and adds the alpha byte of `alpha` to the old one, held at 255.
 inline FourPixels MixFourOver(FourPixels old, FourPixels source, const FourWeights& ia, FourPixels alpha) {
     const FourPixels summed = (FourPixels)_mm_adds_epu8((__m128i)old, (__m128i)alpha);
     return (MixWeighted(old, source, ia) & 0xFFFFFFu) | (summed & 0xFF000000u);

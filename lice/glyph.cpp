@@ -5,7 +5,7 @@
 
 namespace {
 
-// Each mask pixel covers as many pixels, to the right and down, as the scale has whole ones due at that place.
+// Each mask pixel covers as many pixels as the scale has whole ones due at its place.
 template <class Combine>
 void DrawScaled(const Paint<Combine>& paint, CoverageRows rows, int scale) {
     const MaskWeight weight = {paint.ia};

@@ -3,8 +3,8 @@
 #pragma once
 #include "lice/bitmap.h"
 
-// `mask` is maskHeight rows of maskWidth bytes, 255 being full, each row maskSpan bytes after the one before.
-// A negative maskSpan starts at the last row and goes up.
+// `mask` is maskHeight rows of maskWidth bytes, 255 being full. Each row begins maskSpan bytes after the one before; a
+// negative maskSpan starts at the last row and goes up.
 void LICE_DrawGlyph(LICE_IBitmap* dest, int x, int y, LICE_pixel color, const unsigned char* mask, int maskWidth,
                     int maskSpan, int maskHeight, float alpha, int mode);
 

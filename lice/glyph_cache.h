@@ -12,7 +12,7 @@ struct GlyphRecord {
     int height = 0;
     int advance = 0;    // of the pen
     unsigned code = 0;  // the character; a combining mark from bit 20 on
-    int leftExtra = 0;  // columns of the mask left of the pen; negative when it starts to the right
+    int leftExtra = 0;  // columns of the mask left of the pen; negative: the mask starts right of it
 };
 
 class GlyphCache {

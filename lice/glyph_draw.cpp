@@ -11,7 +11,7 @@ namespace {
 
 constexpr uint8_t FullyCovered = 255;
 
-struct OpaqueWeight {  // at opacity 256 full coverage is opaque, too
+struct OpaqueWeight {  // for opacity 256, where full coverage is opaque
     int operator()(int coverage) const { return coverage + 1; }
     FourWeights Four(uint32_t coverage) const { return FourWeights::CoverageOpaque(coverage); }
     EightWeights Eight(uint32_t a, uint32_t b) const { return {Four(a), Four(b)}; }
@@ -21,7 +21,7 @@ struct HeldWeight : MaskWeight {
     int operator()(int coverage) const { return std::min(MaskWeight::operator()(coverage), 256); }
 };
 
-// Masks without shades: each covered pixel takes one of the two colours, at one opacity.
+// Each covered pixel takes one of two colours, at one opacity.
 void DrawTwoColors(const CoverageRows& rows, LICE_pixel full, LICE_pixel effect, int mode, int ia) {
     const auto colorOf = [&](int coverage) { return coverage == FullyCovered ? full : effect; };
     WithCombine<CopyForms::Solid>(mode, ia, [&](auto combine) {
@@ -51,7 +51,7 @@ bool DrawGlyphMask(LICE_IBitmap* bitmap, const GlyphRecord& glyph, const uint8_t
     if (clip)
         area = {std::max<LONG>(clip->left, 0), std::max<LONG>(clip->top, 0), std::min(clip->right, area.right),
                 std::min(clip->bottom, area.bottom)};
-    // In 64 bits, because neither the pen nor the clip is bound to lie near the surface.
+    // Places are 64-bit numbers, because the pen may lie anywhere.
     int64_t left = x, top = y;
     if (style.Vertical()) {
         top += style.BottomUp() ? -glyph.leftExtra : glyph.leftExtra;

@@ -5,7 +5,7 @@
 #include "lice/glyph_cache.h"
 #include "lice/text_style.h"
 
-// The pen is at (x, y), x to the right and y at the top of the cell. A null clip is the whole surface. False where clip
-// or surface are empty.
+// The pen is at (x, y), y being the top of the cell. A null clip is the whole surface. False where clip or surface are
+// empty.
 bool DrawGlyphMask(LICE_IBitmap* bitmap, const GlyphRecord& glyph, const uint8_t* mask, const TextStyle& style, int x,
                    int y, const RECT* clip);

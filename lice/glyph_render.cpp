@@ -68,7 +68,7 @@ struct Mask {
         for (ptrdiff_t i = 0; i < static_cast<ptrdiff_t>(w) * h; ++i) bytes[i] = bytes[i] < 131 ? 0 : Covered;
     }
 
-    // Gives the uncovered pixels beside covered ones the effect's value. What it adds is never taken for covered.
+    // Gives uncovered pixels beside covered ones the effect's value, which itself does not count as covered.
     void AddEffect(bool shadow) const {
         const auto covered = [this](int x, int y) { return x >= 0 && y >= 0 && x < w && y < h && At(x, y) == Covered; };
         for (int y = 0; y < h; ++y)
@@ -81,8 +81,7 @@ struct Mask {
     }
 };
 
-// Copies the cell's coverage, and crops it: between the margins every column is kept, in a margin those up to the ink.
-// Gives the first column that is kept.
+// Copies the cell's coverage and crops it: of a margin only the columns with ink stay. Gives the first column kept.
 int CopyCoverage(Mask& mask, const LICE_pixel* row, int span, const Cell& cell, bool invert) {
     int first = cell.leftMargin, end = cell.advance + cell.leftMargin;
     for (int y = 0; y < mask.h; ++y, row += span) {

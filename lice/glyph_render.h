@@ -1,5 +1,5 @@
 // lice/glyph_render.h
-// Rendering: GDI draws a character white on black, and its coverage is cropped, shaped by the font's flags and kept.
+// Has GDI draw a character white on black, crops its coverage, shapes it by the font's flags and keeps it.
 #pragma once
 #include "lice/glyph_cache.h"
 #include "lice/text_reader.h"

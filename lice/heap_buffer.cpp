@@ -10,9 +10,9 @@ namespace {
 
 constexpr int Page = 4096;
 constexpr int LargestExtra = 0x400000;
-constexpr int HeapOverhead = 96;  // so that a block with what the heap keeps beside it fills whole pages
+constexpr int HeapOverhead = 96;  // what the heap keeps beside a block, so that both fill whole pages
 
-// The allocation for a size that does not fit; beyond INT_MAX for what cannot be had.
+// The allocation for a size that does not fit. Beyond INT_MAX it cannot be had.
 int64_t AllocationFor(int newSize, int granularity) {
     if (newSize < 1) return 0;
     int64_t extra = std::max(newSize / 2, granularity);

@@ -1,6 +1,6 @@
 // lice/heap_buffer.h
-// A growable block of plain bytes for what only ever gets appended: it grows by half of its size in whole pages, and
-// shrinks only when asked to and when most of it is idle. Sizes are in bytes.
+// A growable block of plain bytes, for what is appended piece by piece. It grows by half of its size in whole pages. It
+// shrinks when asked to, and when most of it is idle. Sizes are in bytes.
 #pragma once
 
 class HeapBuffer {
@@ -10,7 +10,7 @@ class HeapBuffer {
     HeapBuffer(const HeapBuffer&) = delete;
     HeapBuffer& operator=(const HeapBuffer&) = delete;
 
-    // Gives the block, which may have moved. When memory runs out everything stays as it was: ask Size afterwards.
+    // Gives the block, which may have moved. Size tells afterwards whether there was memory; if not, nothing changed.
     void* resize(int newSize, bool mayShrink);
     void* Get() const { return used_ > 0 ? block_ : nullptr; }  // null when nothing is in use
     int Size() const { return used_; }

@@ -1,8 +1,8 @@
 // lice/lice.h
 // The raster library: surfaces, drawing, text. Drawing routines take a surface (null: nothing is drawn), an `alpha` of
 // 0.0 to 1.0, and a mode word, 0 being plain copying. They clip to the surface, whatever their arguments.
-// Inside, combine.h holds the arithmetic, each function once; a drawing loop is a template on the function, and the
-// mode is decided once for each call.
+// Inside, combine.h holds the arithmetic, and each drawing loop is a template on it. paint.h decides the mode once for
+// each call.
 #pragma once
 #include "lice/bitmap.h"
 #include "lice/blit.h"

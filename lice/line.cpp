@@ -19,7 +19,7 @@ struct Stroke {
     int ia = Opacity(alpha);
 };
 
-// The share that a part of 255 has in an opacity.
+// A part of 255 of an opacity.
 int Share(int ia, int part) {
     return ia == 256 ? part : static_cast<int>(int64_t{ia} * part >> 8);
 }
@@ -38,7 +38,7 @@ void DrawDots(const Paint<Combine>& paint, LICE_pixel* pixel, ptrdiff_t step, in
 
 // --- Level and upright
 
-// The fast forms are for these opacities exactly, not for what truncates to them.
+// The fast forms take these opacities exactly, not what truncates to them.
 template <class Draw>
 void WithStraightPaint(const Stroke& k, Draw draw) {
     if (k.alpha == 1.0f || k.alpha == 0.75f || k.alpha == 0.5f || k.alpha == 0.25f) {
@@ -93,7 +93,7 @@ void DrawDiagonal(const Stroke& k, const Segment<IntegerEdge>& s, bool aa) {
 
 // --- Sloping
 
-// Walked from both ends toward the middle, which makes it exactly symmetrical.
+// The walk goes from both ends toward the middle, which makes the line symmetrical.
 struct SlopingLine {
     LICE_pixel *end1, *end2;
     ptrdiff_t majorStep, minorStep;
@@ -206,7 +206,7 @@ void DrawFloatLine(const Stroke& k, const Segment<FloatEdge>& s) {
     const auto draw = [&](auto paint) {
         int minor = walk.minor, moved = walk.moved;
         const auto dot = [&](int along, int across, int part) {
-            // Rounding alone may carry a line past the edge that it was clipped to.
+            // Rounding may carry a line past the edge that it was clipped to.
             if (across >= 0 && across < size)
                 paint.Dot(t.bits + along * alongStep + across * acrossStep, Share(k.ia, part));
         };
@@ -220,7 +220,7 @@ void DrawFloatLine(const Stroke& k, const Segment<FloatEdge>& s) {
             }
         }
     };
-    // Rounding may start a line a hair off the surface. Its first weight is then -1, which plain copying does not take.
+    // Rounding may start a line a hair off the surface. Its first weight is then -1, which CombineCopy does not take.
     if (walk.moved < 0 && k.ia > 0 && (k.mode & LICE_BLIT_MODE_MASK) == LICE_BLIT_MODE_COPY) {
         draw(Paint<CombineCopyBeyond>{{}, k.color, k.ia});
     } else {
@@ -264,7 +264,7 @@ void LICE_FLine(LICE_IBitmap* dest, float x1, float y1, float x2, float y2, LICE
 void LICE_DrawRect(LICE_IBitmap* dest, int x, int y, int w, int h, LICE_pixel color, float alpha, int mode) {
     const Target target(dest, mode);
     if (target.Empty()) return;
-    // On a scaled surface the corners lie where the middles of the logical corner pixels do.
+    // Corners on a scaled surface lie in the middle of their logical pixels.
     const double inset = target.scales ? 1.0 - 256.0 / target.scale : 0;
     const double left = x + inset, right = static_cast<double>(int64_t{x} + w) - inset;
     const double top = y + inset, bottom = static_cast<double>(int64_t{y} + h) - inset;

@@ -17,7 +17,7 @@ constexpr int GlyphOnlyFlags = LICE_FONT_FLAG_VERTICAL | LICE_FONT_FLAG_VERTICAL
                                LICE_FONT_FLAG_INVERT | LICE_FONT_FLAG_MONO | LICE_FONT_FLAG_SHADOW |
                                LICE_FONT_FLAG_OUTLINE;
 
-// Wine's own text does not look like the cached glyphs.
+// Wine's own text looks different from cached glyphs.
 bool HostIsWine() {
     static int answer = -1;
     if (answer < 0) {
@@ -32,7 +32,7 @@ COLORREF SystemColor(LICE_pixel color) {
     return RGB(color >> 16 & 0xFF, color >> 8 & 0xFF, color & 0xFF);
 }
 
-// A text as GDI is given it: wide where it has to be and can be, otherwise as it is.
+// A text as GDI takes it: wide if it is UTF-8 beyond ASCII, otherwise as it is.
 class NativeText {
   public:
     explicit NativeText(TextReader text) : bytes_(text.at) {
@@ -47,7 +47,7 @@ class NativeText {
         MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes_, length_, wide_.data(), units);
     }
 
-    // The text is not GDI's to change.
+    // GDI may not write into the text.
     int Draw(HDC dc, const TextStyle& style, HFONT font, RECT* rect, UINT format) const {
         const SelectedFont selected(dc, font);
         ::SetTextColor(dc, SystemColor(style.textColor));
@@ -66,7 +66,7 @@ class NativeText {
     std::vector<WCHAR> wide_;  // zero-terminated; empty: not needed, or not UTF-8 after all
 };
 
-// Of a text on the surface, in 64 bits.
+// Where a text lies on the surface, in 64-bit numbers.
 struct PlacedText {
     int64_t x, y;
     SIZE size;
@@ -84,7 +84,7 @@ struct PlacedText {
     }
 };
 
-// For a surface without a context: the part of it that the text covers is copied, drawn on, and copied back.
+// For a surface without a context. The part that the text covers is copied, drawn on, and copied back.
 int DrawOnScratch(LICE_IBitmap* bitmap, const TextStyle& style, HFONT font, const NativeText& text, RECT* rect,
                   UINT format) {
     const UINT unaligned = format & ~TextAlignments;

@@ -5,16 +5,16 @@
 
 #include "lice/combine.h"
 
-// What a family of loops takes in copy mode, in place of the general form.
+// The forms that a family of loops has for plain copying, beside the general one.
 enum class CopyForms {
-    General,    // nothing: its weights vary
+    General,    // none, since its weights vary
     Solid,      // a store at 256
     SolidHalf,  // and the exact mean at 128
     Fast,       // a store at 256, and the shifted forms at 192, 128 and 64
 };
 
-// Calls loop(combine) for the mode's low byte, or copy() for plain copying. Nothing at opacity 0, below 0 in copy mode,
-// or for an unknown mode.
+// Calls loop(combine) for the mode's low byte, or copy() for plain copying. Opacity 0, one below 0 for plain copying,
+// and an unknown mode do nothing.
 template <class Copy, class Loop>
 void WithMode(int mode, int ia, Copy copy, Loop loop) {
     if (ia == 0) return;
@@ -34,7 +34,7 @@ void WithMode(int mode, int ia, Copy copy, Loop loop) {
     }
 }
 
-// Calls loop(combine) with an object of the function's own type, so that the loop is compiled once for each.
+// The loop is compiled once for each function, whose type `combine` has.
 template <CopyForms forms, class Loop>
 void WithCombine(int mode, int ia, Loop loop) {
     const auto copy = [&] {
@@ -54,7 +54,7 @@ void WithCombine(int mode, int ia, Loop loop) {
     WithMode(mode, ia, copy, loop);
 }
 
-// The same for blits, where the source's own alpha may take part.
+// The same for blits, in which the source's alpha may take part.
 template <CopyForms forms, class Loop>
 void WithBlitCombine(int mode, int ia, Loop loop) {
     if (!(mode & LICE_BLIT_USE_ALPHA)) return WithCombine<forms>(mode, ia, loop);
@@ -80,13 +80,13 @@ struct PixelRow {
     FourPixels Some(ptrdiff_t x, ptrdiff_t count) const { return LoadSome(pixels + x, count); }
 };
 
-// Combines `count` pixels in a row, four at a time where the function can. A source row that overlaps `dest` is read
-// up to three pixels ahead of what is written.
+// Combines `count` pixels in a row, four at a time where the function can. The source is read up to three pixels ahead
+// of what is written.
 template <class Combine, class Source>
 void CombineRun(Combine combine, LICE_pixel* dest, ptrdiff_t count, Source source, int ia) {
     ptrdiff_t x = 0;
     if constexpr (requires(FourPixels four) { combine(four, four, ia); }) {
-#pragma GCC unroll 4  // so that a short body's speed does not hang on where it happens to lie
+#pragma GCC unroll 4  // makes the speed of a short body independent of its address
         for (; x + 4 <= count; x += 4) StoreFour(dest + x, combine(LoadFour(dest + x), source.Four(x), ia));
         if (const ptrdiff_t n = count - x; n > 0)
             StoreSome(dest + x, combine(LoadSome(dest + x, n), source.Some(x, n), ia), n);
@@ -95,7 +95,7 @@ void CombineRun(Combine combine, LICE_pixel* dest, ptrdiff_t count, Source sourc
     }
 }
 
-// One call's colour and opacity, with the arithmetic that merges them into pixels.
+// One call's colour and opacity, with the function that merges them into pixels.
 template <class Combine>
 struct Paint {
     Combine combine;

@@ -11,7 +11,7 @@ constexpr LICE_pixel LICE_RGBA(int r, int g, int b, int a) {
            static_cast<LICE_pixel>(b);
 }
 
-// The mode word. Its low byte says how a colour is merged into what is there; a byte not listed draws nothing.
+// The mode word. Its low byte says how a colour is merged into what is there. Any byte not listed draws nothing.
 inline constexpr int LICE_BLIT_MODE_MASK = 0xFF;
 inline constexpr int LICE_BLIT_MODE_COPY = 0;
 inline constexpr int LICE_BLIT_MODE_ADD = 1;
@@ -19,7 +19,7 @@ inline constexpr int LICE_BLIT_MODE_DODGE = 2;
 inline constexpr int LICE_BLIT_MODE_MUL = 3;
 inline constexpr int LICE_BLIT_MODE_OVERLAY = 4;
 inline constexpr int LICE_BLIT_MODE_HSVADJ = 5;
-// Blits only, 0xF0 to 0xFF: bits 0 and 1 choose the byte taken from the source, bits 2 and 3 the byte it replaces.
+// 0xF0 to 0xFF, in blits: bits 0 and 1 choose the byte taken from the source, bits 2 and 3 the byte it replaces.
 inline constexpr int LICE_BLIT_MODE_CHANCOPY = 0xF0;
 
 inline constexpr int LICE_BLIT_USE_ALPHA = 0x10000;       // the source's own alpha takes part

@@ -24,10 +24,10 @@ struct Level {
     int y;
 };
 
-// A side on its way down the rows: a whole pixel and how far it is, in 1/65536, towards the next one in its direction.
+// A side on its way down the rows: a whole pixel, and how far it is towards the next one, in 1/65536.
 class Side {
   public:
-    // `perRow` is 65536 over the rows between top and bottom.
+    // `perRow` is 65536 divided by the rows from top to bottom.
     Side(double top, double bottom, double perRow) : at_(static_cast<int64_t>(std::floor(top))) {
         constexpr double most = 1 << 29;
         const auto delta = static_cast<int64_t>(std::floor(std::clamp((bottom - top) * perRow, -most, most) + 0.5));
@@ -50,7 +50,7 @@ class Side {
     int64_t direction_;  // 1 or -1
 };
 
-// All between the two sides, from the row `row` up to the row before `end`.
+// Fills between the two sides, from `row` up to the row before `end`.
 template <class Combine>
 void FillBetween(const Target& target, const Paint<Combine>& paint, Side left, Side right, int64_t row, int64_t end) {
     for (; row < end; ++row) {
@@ -68,8 +68,8 @@ struct Point {
     int x, y;
 };
 
-// The corner that follows `from` on the side that leans furthest in `direction` (-1 left, 1 right); the furthest of
-// those on one line. `from` itself when nothing lies below it.
+// The corner that follows `from` on one side: the one that leans furthest in `direction` (-1 left, 1 right), or the
+// last of several on one line. `from` itself when nothing lies below it.
 int NextCorner(const Point* points, int count, int from, int direction) {
     int next = from;
     double leaning = 0;
@@ -84,17 +84,17 @@ int NextCorner(const Point* points, int count, int from, int direction) {
     return next;
 }
 
-// Where the edge from `a` down to `b` crosses row y; beyond its ends, where it ends.
+// Where the edge from `a` down to `b` crosses row y. Above and below it, its end.
 double EdgeAt(const Point& a, const Point& b, int y) {
     if (y <= a.y) return a.x;
     if (y >= b.y) return b.x;
     return Difference(y, a.y) * (Difference(b.x, a.x) / Difference(b.y, a.y)) + a.x;
 }
 
-// `points` is sorted by row, then from left to right, and spans at least two rows.
+// The points are sorted by row, then from left to right, and span at least two rows.
 void FillSorted(LICE_IBitmap* dest, const Point* points, int count, int height, LICE_pixel color, float alpha,
                 int mode) {
-    int left = 0, right = 0;  // the corners that the two sides come from; a flat top lies between them
+    int left = 0, right = 0;  // the upper corners of the two sides; a flat top lies between them
     for (int i = 1; points[i].y == points[0].y; ++i) {
         right = i;
         if (points[i].x == points[0].x) left = i;
@@ -114,7 +114,7 @@ void FillSorted(LICE_IBitmap* dest, const Point* points, int count, int height, 
             right = nextRight;
             nextRight = NextCorner(points, count, right, 1);
         }
-        y = yEnd < height ? yEnd + 1 : height;  // the next trapezoid starts below: no row is combined twice
+        y = yEnd < height ? yEnd + 1 : height;  // no row is combined twice
     }
 }
 
@@ -135,7 +135,7 @@ void LICE_FillTrapezoid(LICE_IBitmap* dest, double topLeft, double topRight, int
     if (bottom.y < 0 || top.y >= height) return;
     if (top.left <= 0 && bottom.left <= 0) top.left = bottom.left = 0;
     if (top.right >= width - 1 && bottom.right >= width - 1) top.right = bottom.right = width - 1;
-    // A side that starts or ends further out than any int, or nowhere, has no fraction to speak of.
+    // Sides that start or end beyond every int, or nowhere, are left out.
     for (double x : {top.left, top.right, bottom.left, bottom.right})
         if (!(std::abs(x) <= 0x1p31)) return;
 
@@ -144,7 +144,7 @@ void LICE_FillTrapezoid(LICE_IBitmap* dest, double topLeft, double topRight, int
     const int first = std::max(top.y, 0);
     left.Advance(int64_t{first} - top.y);
     right.Advance(int64_t{first} - top.y);
-    const int extra = target.scales ? target.scale / 256 - 1 : 0;  // rows that a logical row takes beyond its first
+    const int extra = target.scales ? target.scale / 256 - 1 : 0;  // rows of a logical row beyond its first
     const int64_t end = std::min<int64_t>(bottom.y, int64_t{height} - 1 - extra) + 1 + extra;
     WithPaint<CopyForms::Fast>(color, mode, Opacity(alpha),
                                [&](auto paint) { FillBetween(target, paint, left, right, first, end); });
@@ -179,7 +179,7 @@ void LICE_FillConvexPolygon(LICE_IBitmap* dest, const int* x, const int* y, int 
     std::sort(points, points + count,
               [](const Point& a, const Point& b) { return a.y != b.y ? a.y < b.y : a.x < b.x; });
 
-    mode |= LICE_BLIT_IGNORE_SCALING;  // for the trapezoids: the points are scaled already
+    mode |= LICE_BLIT_IGNORE_SCALING;  // the points are scaled already
     const int row = points[0].y;
     if (row != points[count - 1].y) return FillSorted(dest, points, count, target.height, color, alpha, mode);
     if (row < 0 || row >= target.height || leftmost > rightmost) return;

@@ -10,8 +10,8 @@
 
 namespace {
 
-// The quadrants of one soft circle, pulled apart to the corners of a rounded rectangle that lies on the surface with
-// all its pixels: each step is worked out once for the four of them.
+// The quadrants of one soft circle, pulled apart to four corners that lie on the surface with all their pixels. Each
+// step is worked out once for the four of them.
 struct CornerDots {
     Paint<CombineCopy> paint;
     LICE_pixel* middle[2][2];  // of each circle: upper or lower in memory, left or right
@@ -25,7 +25,7 @@ struct CornerDots {
         Pair(dx, -dy, weight);
         Pair(dx, dy, weight);
     }
-    // The fringe there has no weight, since corners lie on whole pixels, and may lie outside of the surface.
+    // The fringe of a whole radius has no weight there, and may lie off the surface.
     void Ends(int reach, int weight) const {
         if (weight == 0) return;
         FourTimes(0, reach, weight);
@@ -40,7 +40,7 @@ struct CornerDots {
     }
 };
 
-// One call, with its radius cut to what fits and everything in whole pixels.
+// One call, in whole pixels, with a radius that fits.
 struct RoundedOutline {
     LICE_IBitmap* dest;
     const Target& target;
@@ -50,10 +50,10 @@ struct RoundedOutline {
     int mode;
     bool aa;
     int ia = Opacity(alpha);
-    // On a scaled surface a side lies in the middle of its scaled pixels.
+    // Sides on a scaled surface lie in the middle of their logical pixels.
     double inset = target.scales ? 1.0 - 256.0 / target.scale : 0;
 
-    // Whether the four corners may be drawn as one circle: softly, as copies, all on the surface.
+    // Whether the corners may be drawn as one circle: softly, as copies, all on the surface.
     bool CornersMakeOneCircle() const {
         return aa && target.scale == 0 && (mode & LICE_BLIT_MODE_MASK) == LICE_BLIT_MODE_COPY && ia >= 1 && ia <= 256 &&
                x >= 0 && y >= 0 && x + w < static_cast<float>(target.width) &&
@@ -92,7 +92,7 @@ struct RoundedOutline {
         }
     }
 
-    // The lower side begins one pixel further left than the upper one, the left side one higher than the right one.
+    // The lower side begins a pixel further left than the upper one, the left side a pixel higher than the right one.
     void DrawSides() const {
         DrawSide(x + r + inset, y + inset, x + w - r - inset, y + inset);
         DrawSide(x + r - 1 + inset, y + h - inset, x + w - r - inset, y + h - inset);

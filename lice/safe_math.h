@@ -1,5 +1,5 @@
 // lice/safe_math.h
-// Arithmetic for any argument: what no int holds is held at the ends of its range, and NaN is 0.
+// Arithmetic for any argument. Numbers that no int holds become the ends of its range, and NaN becomes 0.
 #pragma once
 #include <algorithm>
 #include <cmath>

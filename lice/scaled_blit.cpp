@@ -8,15 +8,15 @@
 namespace {
 
 constexpr int One = 0x10000;               // 1.0 in 16.16
-constexpr double FarAway = 2147483648.0;   // where no surface reaches, and 16.16 still has room
-constexpr int FilterFrom = One * 17 / 10;  // the step from which shrinking weighs more than four pixels
+constexpr double FarAway = 2147483648.0;   // beyond every surface; 16.16 still has room
+constexpr int FilterFrom = One * 17 / 10;  // the step from which more than four pixels are weighed
 constexpr int LargeKernelAbove = 3 * One;
-constexpr int RunWidth = 256;  // source pixels that are gathered before they are combined
+constexpr int RunWidth = 256;  // source pixels gathered at a time
 
-// One axis: destination pixel i of the whole stretch reads at start + i * step.
+// One axis. Destination pixel i reads at start + i * step.
 struct Axis {
     int64_t start, step;  // 16.16
-    int64_t first, end;   // the pixels that lie within dest and read within src
+    int64_t first, end;   // of the pixels that lie within dest and read within src
 
     Axis(int dst, int dstSize, int dstLimit, double srcStart, double srcSize, int srcLimit)
         : start(static_cast<int64_t>(srcStart * One)),
@@ -30,7 +30,7 @@ struct Axis {
     int64_t At(int64_t i) const { return start + i * step; }
 };
 
-// A sum of weighted pixels. Two channels share 64 bits, since 25 full weights of 16 bits stay below 32.
+// A sum of weighted pixels. Two channels share 64 bits, since 25 weights of 16 bits stay below 32.
 struct WeightedSum {
     uint64_t blueRed = 0, greenAlpha = 0;
 
@@ -49,7 +49,7 @@ struct WeightedSum {
     static uint64_t TwoChannels(LICE_pixel p) { return (p & 0xFF) | uint64_t{p & 0xFF0000} << 16; }
 };
 
-// What the weights of a filter are for: the source pixels around a position, by their distance from it.
+// The weights of the source pixels around a position, by their distance from it.
 struct Kernel {
     int radius = 0;
     uint32_t weights[5][5] = {};  // down and across; the centre is [2][2]
@@ -70,10 +70,10 @@ struct Stretch {
     const Target &to, &from;
     int dstx, dsty;
     Axis across, down;
-    Kernel kernel{};  // of GatherFiltered only
+    Kernel kernel{};  // for GatherFiltered
 };
 
-// Gathers what `count` destination pixels of a row read, the first at x, y in 16.16.
+// Gathers the source of `count` pixels in a row, the first at x, y in 16.16.
 using Gather = void (*)(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixel* out);
 
 void GatherNearest(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixel* out) {
@@ -123,7 +123,7 @@ void GatherFiltered(const Stretch& s, int64_t x, int64_t y, int count, LICE_pixe
     for (int i = 0; i < count; ++i, x += s.across.step) out[i] = Filtered(s.from, s.kernel, x >> 16, y >> 16);
 }
 
-// Surfaces that share pixels are walked one by one, so that each pixel reads what the one before it has left.
+// Surfaces that share pixels are walked one by one: each pixel reads what the one before it has left.
 template <class Combine>
 void StretchRows(const Stretch& s, Gather gather, Combine combine, int ia) {
     const int64_t runWidth = SharePixels(s.to, s.from) ? 1 : RunWidth;

@@ -1,5 +1,5 @@
 // lice/segment.h
-// The two ends of a line, moved along it until they lie on the surface.
+// A line's two ends, moved along it onto the surface.
 #pragma once
 #include <cstdint>
 

@@ -1,5 +1,5 @@
 // lice/target.h
-// What a drawing routine knows of the surface it draws on, asked once at its head: its memory, its rows and its scale.
+// What a drawing routine knows of its surface, asked once for each call: memory, rows and scale.
 #pragma once
 #include <cstddef>
 
@@ -42,8 +42,8 @@ struct Target {
         return scales ? static_cast<Number>(LICE_ScaleFloat(value, scale)) : value;
     }
 
-    // Rows are counted from the top, or as they lie in memory, where a flipped surface ends with its top row.
-    // RowOf turns the one into the other, both ways; LogicalRowOf does so before the scale.
+    // Rows count from the top, or as they lie in memory, where a flipped surface ends with its top row. RowOf turns one
+    // count into the other. LogicalRowOf does so before the scale.
     template <class Number>
     Number RowOf(Number y) const {
         return flipped ? static_cast<Number>(height - 1) - y : y;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-// Where the line that goes on at `text` ends: behind the last white space before the room is used up, or within a word
-// that is wider than it, or behind a line feed.
+// Where the line that goes on at `text` ends: behind its last white space that fits, or behind a line feed. A word
+// wider than the room is cut.
 const char* TextFlow::NextBreak(TextReader text, int64_t room) const {
     const char* lastBreak = nullptr;
     while (!text.AtEnd()) {
@@ -22,7 +22,7 @@ Pen MeasureGlyphs(const GlyphCache& glyphs, const TextStyle& style, TextReader t
     const bool vertical = style.Vertical();
     Pen end{0, 0};
     TextFlow{glyphs, style, format, {0, 0}, room}.Walk(text, [&](const GlyphRecord& glyph, const Pen& pen) {
-        // The text ends where the last advance or the last ink does, whichever is further.
+        // A text ends with its last advance or its last ink, whichever is further.
         const int64_t inkEnd = int64_t{vertical ? glyph.height : glyph.width} - glyph.leftExtra;
         const int64_t length = std::max<int64_t>(glyph.advance, inkEnd);
         end.x = std::max(end.x, pen.x + (vertical ? glyph.width : length));

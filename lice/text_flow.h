@@ -1,12 +1,12 @@
 // lice/text_flow.h
 // Where the characters of a text stand: the walk along its lines, which measuring and drawing share.
-// The pen runs along the line: to the right, or in a vertical font down, or up.
+// The pen runs to the right, or in a vertical font down, or up.
 #pragma once
 #include "lice/glyph_cache.h"
 #include "lice/text_reader.h"
 #include "lice/text_style.h"
 
-// In 64 bits, since no text is too long.
+// In 64-bit numbers, since no text is too long.
 struct Pen {
     int64_t x, y;
 };

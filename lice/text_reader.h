@@ -1,8 +1,8 @@
 // lice/text_reader.h
-// Reads UTF-8 text character by character. Reading ahead never passes the byte count or the zero byte, so that a
-// sequence that is cut short, or is no sequence at all, reads byte by byte.
-// A character of text drawing is 16 bits wide; what lies beyond reads as a space. An ASCII letter with a combining mark
-// behind it is one character: the letter, and the mark from bit 20 on.
+// Reads UTF-8 text character by character, never beyond the byte count or the zero byte. Bytes that make no sequence
+// stand for themselves.
+// Text drawing has characters of 16 bits; those beyond read as a space. An ASCII letter and a combining mark behind it
+// are one character: the letter, and the mark from bit 20 on.
 #pragma once
 
 inline constexpr int MarkShift = 20;

@@ -1,5 +1,5 @@
-// Among the tests a fuzz target runs over a fixed number of pseudo-random inputs, on every compiler and system.
-// QUILMO_SEED=n runs the inputs of that seed again. scripts/fuzz.sh lets libFuzzer look for longer.
+// Runs a fuzz target over a fixed number of pseudo-random inputs, on every compiler and system. QUILMO_SEED=n runs the
+// inputs of that seed again. scripts/fuzz.sh lets libFuzzer look for longer.
 #include <cstdio>
 
 #include "tests/lice/support.h"

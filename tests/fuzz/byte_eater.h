@@ -34,7 +34,7 @@ class ByteEater {
         return value;
     }
 
-    // Mostly about the size of a surface, so that something is drawn; else a number of any size, or the largest.
+    // Mostly numbers about the size of a surface, so that something is drawn.
     int Int() {
         constexpr int Max = std::numeric_limits<int>::max(), Min = std::numeric_limits<int>::min();
         const int kind = Byte();
@@ -59,7 +59,7 @@ class ByteEater {
                           : Raw<int>();
     }
     LICE_pixel Pixel() { return Raw<uint32_t>(); }
-    // A surface with nothing around it on the heap, or with borders to look at afterwards.
+    // Alone on the heap, or with borders to look at afterwards.
     TestSurface Surface() {
         NoisyPixels noise{static_cast<uint32_t>(Byte()) + 1};
         return {{Byte() % 48 + 1, Byte() % 48 + 1, Byte() % 4, Bool(),
@@ -76,7 +76,7 @@ class ByteEater {
     size_t left_;
 };
 
-// Without a sanitizer this is what finds a write that went astray.
+// Finds a write that went astray, also without a sanitizer.
 inline void RequireKeptOutside(TestSurface& surface, const TestSurface& before) {
     if (surface.KeptOutside(before)) return;
     std::fprintf(stderr, "Something was written outside of the surface.\n");

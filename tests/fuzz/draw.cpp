@@ -6,7 +6,7 @@
 
 namespace {
 
-template <class Edge>  // which of the two of that name
+template <class Edge>  // chooses one of the two overloads
 using Trapezoid = void (*)(LICE_IBitmap*, Edge, Edge, int, Edge, Edge, int, LICE_pixel, float, int);
 
 class Drawing {
@@ -35,12 +35,11 @@ class Drawing {
     void Call() {
         CallWith(routine);
     }
-    // A routine with arguments by their types. Where there is an opacity it is the last float, and where there is a
-    // mode word it is the last int.
+    // Arguments go by their types. An opacity is the last float, and a mode word the last int.
     template <class... Argument>
     void CallWith(void (*routine)(Argument...)) {
         surfaces = 0;
-        std::tuple<Argument...> arguments{Take(static_cast<Argument*>(nullptr))...};  // braces: from left to right
+        std::tuple<Argument...> arguments{Any(static_cast<Argument*>(nullptr))...};  // braces: from left to right
         if constexpr (LastOf<float, Argument...>() >= 0) std::get<LastOf<float, Argument...>()>(arguments) = in.Alpha();
         if constexpr (LastOf<int, Argument...>() >= 0) std::get<LastOf<int, Argument...>()>(arguments) = in.Mode();
         std::apply(routine, arguments);
@@ -52,16 +51,16 @@ class Drawing {
         return last;
     }
 
-    int Take(int*) { return in.Int(); }
-    float Take(float*) { return in.Real<float>(); }
-    double Take(double*) { return in.Real<double>(); }
-    bool Take(bool*) { return in.Bool(); }
-    LICE_pixel Take(LICE_pixel*) { return in.Pixel(); }
-    const RECT* Take(const RECT**) {
+    int Any(int*) { return in.Int(); }
+    float Any(float*) { return in.Real<float>(); }
+    double Any(double*) { return in.Real<double>(); }
+    bool Any(bool*) { return in.Bool(); }
+    LICE_pixel Any(LICE_pixel*) { return in.Pixel(); }
+    const RECT* Any(const RECT**) {
         rect = {in.Int(), in.Int(), in.Int(), in.Int()};
         return in.Bool() ? &rect : nullptr;
     }
-    LICE_IBitmap* Take(LICE_IBitmap**) {  // first what is drawn on, and then, now and then, the same again
+    LICE_IBitmap* Any(LICE_IBitmap**) {  // first the target, then the source, which may be the target
         return surfaces++ == 0 || in.Byte() % 4 == 0 ? &dest : &src;
     }
 

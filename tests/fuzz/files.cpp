@@ -1,5 +1,5 @@
-// The files that the user or another program may have spoilt: the slicer's presets and the panel's place. Whatever is
-// read, what is written afterwards reads back as the same.
+// The files that a user may have spoilt: the slicer's presets and the panel's place. Whatever they hold, what is
+// written afterwards reads back as the same.
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -13,7 +13,7 @@
 
 namespace {
 
-// A folder of the process's own, which goes with it.
+// The process's own folder, which goes with it.
 struct Folder {
     const std::filesystem::path path =
         std::filesystem::temp_directory_path() / ("quilmo_fuzz_" + std::to_string(std::random_device{}()));

@@ -1,5 +1,5 @@
-// Bytes that may or may not be UTF-8, measured and drawn with fonts of any flags. A text's block ends with its last
-// byte, or with the zero byte that ends it.
+// Bytes that may be UTF-8, measured and drawn with fonts of any flags. A text's block ends with its last byte, or with
+// its closing zero.
 #include <memory>
 
 #include "lice/lice.h"
@@ -8,7 +8,7 @@
 
 namespace {
 
-// What the system gives is kept, since making a font is slow: the cache of glyphs is each input's own.
+// Fonts are kept, since making one is slow. Each input has its own cache of glyphs.
 HFONT AnyFont(int choice) {
     constexpr int Heights[] = {9, 14, 40, 9, 14, 40, 9, 14, 40, 9, 14, 40, 1, 60, 300, 5000};
     static HFONT fonts[std::size(Heights)] = {};

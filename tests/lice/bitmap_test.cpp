@@ -8,7 +8,7 @@
 
 namespace {
 
-// What resize answers, and what can be seen of the surface afterwards.
+// The answer of resize, and what the surface shows afterwards.
 std::string Resized(LICE_IBitmap& bm, int width, int height) {
     const LICE_pixel* before = bm.getBits();
     const std::string answer = bm.resize(width, height) ? "true: " : "false: ";
@@ -31,13 +31,13 @@ TEST(SysBitmap, KeepsItsSectionWhileItIsLargeEnough) {
         EXPECT_EQ(Resized(bm, 100, 100), "false: 100x100 span 100 same bits");
         EXPECT_EQ(Resized(bm, 50, 50), "true: 50x50 span 100 same bits");
         EXPECT_EQ(Resized(bm, 97, 100), "true: 97x100 span 100 same bits");
-        bm.resize(101, 50);  // 104 with the rounding, which the 100 there are don't hold
+        bm.resize(101, 50);  // 104 with the rounding, more than the 100 that there are
         EXPECT_EQ(bm.getRowSpan(), 104);
         EXPECT_EQ(Resized(bm, 104, 50), "true: 104x50 span 104 same bits");
         EXPECT_EQ(Resized(bm, 0, 0), "false: 0x0 span 0 without bits");
         EXPECT_EQ(Resized(bm, 3, 2), "true: 3x2 span 4 new bits");
-        bm.getBits()[4 + 2] = 0x01020304;  // the last pixel is there to be written
-        // Refused: nothing is left to draw on, and the next size is tried afresh.
+        bm.getBits()[4 + 2] = 0x01020304;  // the last pixel can be written
+        // A refused size leaves nothing to draw on, and the next one is tried afresh.
         bm.resize(INT_MAX, INT_MAX);
         EXPECT_EQ(bm.getBits(), nullptr);
         EXPECT_EQ(bm.getWidth(), 0);
@@ -104,7 +104,7 @@ TEST(Scale, CoordinatesTruncateAndAreHeldSizesAreNot) {
     EXPECT_EQ(LICE_ScaleFloat(0.1f, 384), double{0.1f} * 1.5);
 }
 
-// Nor is a surface that there isn't.
+// Nor is a null surface.
 TEST(Surface, WithoutPixelsIsNotDrawnOn) {
     struct : LICE_MemBitmap {
         LICE_pixel* getBits() override { return nullptr; }

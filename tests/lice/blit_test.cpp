@@ -18,8 +18,7 @@ LICE_pixel BlitPixel(LICE_pixel old, LICE_pixel source, float alpha, int mode) {
     return reference::Combine(old, source, ia, modeByte);
 }
 
-// Every pixel of the rectangle asks for itself whether both surfaces have it. Rows that move as a whole (an opaque
-// copy) are read before they are written.
+// Every pixel asks for itself whether both surfaces have it. Rows of an opaque copy are read before they are written.
 void SlowBlit(TestSurface& dest, TestSurface& src, int dstx, int dsty, const RECT* source, float alpha, int mode) {
     if (alpha == 0.0f) return;
     RECT r = {0, 0, src.BackingWidth(), src.BackingHeight()};
@@ -54,7 +53,7 @@ int AnyMode(Random& random) {
 
 }  // namespace
 
-// Surfaces of one draw scale, and of two where the mode counts backing pixels.
+// Draw scales differ only where the mode counts backing pixels.
 TEST(Blit, AgreesWithAPixelByPixelReference) {
     Random random;
     for (int round = 0; round < 30000; ++round) {
@@ -89,8 +88,8 @@ TEST(Blit, OverlapIsWalkedInPlainOrder) {
         const RECT r = wholeRows ? RECT{0, random.In(0, 4), 40, random.In(1, 40)}
                                  : RECT{random.In(0, 4), random.In(0, 4), random.In(1, 40), random.In(1, 40)};
         const int dstx = wholeRows ? 0 : r.left + random.In(-9, 9), dsty = r.top + random.Of({0, 0, -1, 1});
-        const int mode =
-            random.Chance(3) ? LICE_BLIT_USE_ALPHA : AnyMode(random);  // the form that reads furthest ahead
+        // The source-alpha copy reads furthest ahead.
+        const int mode = random.Chance(3) ? LICE_BLIT_USE_ALPHA : AnyMode(random);
         const float alpha = random.Chance(2) ? 1.0f : random.Alpha();
         SlowBlit(expected, expected, dstx, dsty, &r, alpha, mode);
         LICE_Blit(&both, &both, dstx, dsty, &r, alpha, mode);
@@ -98,7 +97,7 @@ TEST(Blit, OverlapIsWalkedInPlainOrder) {
     }
 }
 
-// The vector form of the source-alpha copy, over all old and source bytes, alphas and a choice of opacities.
+// All old and source bytes and all alphas, at some opacities.
 TEST(Blit, SourceAlphaIsExactForEveryPairOfBytes) {
     Random random;
     TestSurface src({256, 256}, random), dest({256, 256}, random);

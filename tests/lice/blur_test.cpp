@@ -4,20 +4,19 @@
 
 namespace {
 
-// A pixel's share: 1 is half of each channel, 2 a quarter, 3 an eighth.
+// Half of each channel for 1, a quarter for 2, an eighth for 3.
 LICE_pixel Share(LICE_pixel p, int shift) {
     LICE_pixel share = 0;
     for (int byte = 0; byte < 32; byte += 8) share |= (p >> byte & 255) >> shift << byte;
     return share;
 }
 
-// Coordinates count as the sizes read, whatever the scale.
+// Coordinates count pixels as the sizes read, whatever the scale.
 LICE_pixel& At(TestSurface& surface, int x, int y) {
     return surface.getBits()[(surface.isFlipped() ? surface.getHeight() - 1 - y : y) * surface.getRowSpan() + x];
 }
 
-// A row and the one above count as they were before they were filtered, but for the last row's neighbour; all else, in
-// place, as it is found.
+// A row and the one above count as they were before. The last row's neighbour counts as it is found.
 void SlowBlur(TestSurface& dest, TestSurface& src, int dstx, int dsty, int srcx, int srcy, int srcw, int srch) {
     for (const TestSurface* surface : {&dest, &src})
         if (surface->Scale() > 0 && surface->Scale() < 256) return;
@@ -52,7 +51,7 @@ void SlowBlur(TestSurface& dest, TestSurface& src, int dstx, int dsty, int srcx,
 
 }  // namespace
 
-// Now and then too wide for the lines that are kept on the stack.
+// Some are too wide for the lines kept on the stack.
 TEST(Blur, AgreesWithAPixelByPixelReferenceInPlaceAndApart) {
     Random random;
     for (int round = 0; round < 10000; ++round) {

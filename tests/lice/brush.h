@@ -1,6 +1,6 @@
 // tests/lice/brush.h
-// What a slow raster draws its single pixels with, any colour, opacity and mode; and the rounds in which it is compared
-// with what the library draws.
+// What a slow raster draws its single pixels with: any colour, opacity and mode. And the rounds that compare it with
+// the library.
 #pragma once
 #include "lice/paint.h"
 #include "tests/lice/reference.h"
@@ -22,8 +22,8 @@ struct Brush {
         return Scales(surface) ? reference::ScaleCoord(value, surface.Scale()) : value;
     }
 
-    // `row` counts in memory; outside of the surface nothing happens. `forms` are those that copying has in the
-    // routine's family of loops. The opacity decides which of them is used, the weight how strongly.
+    // `row` counts in memory; outside of the surface nothing happens. `forms` are those of the routine's loops. The
+    // opacity chooses among them, and the weight says how strong.
     void Blend(TestSurface& surface, int64_t x, int64_t row, int weight, CopyForms forms) const {
         if (!surface.Has(x, row)) return;
         LICE_pixel& pixel = surface.getBits()[row * surface.getRowSpan() + x];
@@ -52,13 +52,13 @@ std::string Called(const Value&... value) {
     return out.str();
 }
 
-// Draws on surfaces of any shape, up to 30 pixels a side and now and then up to 150, and slowly on copies of them. The
-// two must then be equal, borders and padding included. draw(random, brush, drawn, expected) gives what it called with.
+// Has surfaces of any shape drawn on, and slowly copies of them: the two must then be equal, borders and padding
+// included. draw(random, brush, drawn, expected) gives what it called with.
 template <class Draw>
 void CompareRounds(int rounds, Draw draw) {
     Random random;
     for (int i = 0; i < rounds; ++i) {
-        TestSurface drawn = TestSurface::Any(random, i % 100 ? 30 : 150, true, random.Of({0, 50})), expected = drawn;
+        TestSurface drawn = TestSurface::Any(random, i % 10 ? 30 : 90, true, random.Of({0, 50})), expected = drawn;
         const Brush brush = Brush::Any(random);
         const std::string called = draw(random, brush, drawn, expected);
         ASSERT_TRUE(drawn.memory == expected.memory)

@@ -19,7 +19,7 @@ struct Round {
         if (random.Chance(2)) any.cy = std::floor(any.cy) + random.Of({0.0f, 0.5f, 0.75f});
         if (random.Chance(3)) any.r = std::floor(any.r * 2) / 2;
         if (random.Chance(4)) any.r = random.Of({1.0f, 1.5f, 2.0f, 2.5f, 3.0f, 3.5f, 4.0f, 5.0f, 6.0f, 7.0f, 35.0f});
-        if (random.Chance(150)) {  // huge, with its edge on the surface: only what reaches that is worked out
+        if (random.Chance(150)) {  // huge, with its edge on the surface
             const float angle = random.In(0.0f, 6.3f);
             any.r = random.In(300.0f, 30000.0f);
             any.cx = edge / 2 + std::floor(any.r * std::sin(angle));
@@ -34,7 +34,7 @@ struct Round {
     }
 };
 
-// Step by step: boxes and single points, each cut to the clip pixel by pixel.
+// Draws boxes and single points step by step, each cut to the clip pixel by pixel.
 class SlowRaster {
   public:
     SlowRaster(TestSurface& surface, RECT clip, const Brush& brush, bool aa)
@@ -110,7 +110,7 @@ class SlowRaster {
         fill_ ? Cross(whole) : Ends(whole, ia_ - share(r));
         for (int i = 1;; ++i) {
             const double f = std::sqrt(static_cast<double>(r) * r - static_cast<double>(i) * i);
-            if (!(i <= 0.5 + f)) return;  // nor where there is no root
+            if (!(i <= 0.5 + f)) return;  // nor for NaN
             const int limit = static_cast<int>(0.5 + f), k = static_cast<int>(f), inside = ia_ - share(f);
             Four(i, k + 1, share(f));
             if (i != limit) Four(k + 1, i, share(f));
@@ -159,7 +159,7 @@ TEST(Circle, RingsAndDiscsAreThoseOfTheWalkedRaster) {
     });
 }
 
-// One box for each quadrant that the arc reaches, around its two ends there, and the whole circle drawn in each.
+// The whole circle is drawn in a box for each quadrant, around the arc's two ends there.
 void DrawArcSlowly(TestSurface& surface, const Brush& brush, Round c, float low, float high, bool aa) {
     constexpr float turn = 6.2831855f;
     const Round asked = c;
@@ -208,7 +208,7 @@ TEST(Arc, ShowsTheCircleInABoxForEachQuadrant) {
     });
 }
 
-// All coverage of a radius in one number: no mask changes unseen.
+// One number stands for all coverage of a radius.
 TEST(CircleMasks, AreThoseThatWereDrawn) {
     const struct {
         float r;

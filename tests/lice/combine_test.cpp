@@ -59,7 +59,7 @@ TEST(Combine, EveryFunctionAgreesWithItsFormula) {
                          [](LICE_pixel d, LICE_pixel s, int) { return reference::Mean(d, s); });
 }
 
-// The vectors' trick with the high word has to hold for every old byte, source byte and opacity.
+// The high word must be the quotient for every old byte, source byte and opacity.
 TEST(Combine, CopyIsExactForEveryPairOfBytesAtEveryOpacity) {
     for (int ia = 1; ia <= 256; ++ia) {
         for (int s = 0; s < 256; ++s) {

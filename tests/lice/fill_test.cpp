@@ -25,9 +25,9 @@ void FillSlowly(TestSurface& surface, Brush brush, int64_t x, int64_t y, int64_t
 }  // namespace
 
 TEST(FillRect, AgreesWithAPixelByPixelReference) {
-    static constexpr int far[] = {INT_MIN, INT_MIN + 1, -9,     0,
-                                  3,       INT_MAX - 1, INT_MAX};  // sums that no int holds cover, too
-    CompareRounds(8000, [](Random& random, Brush brush, TestSurface& drawn, TestSurface& expected) {
+    // Sums that no int holds cover the surface, too.
+    static constexpr int far[] = {INT_MIN, INT_MIN + 1, -9, 0, 3, INT_MAX - 1, INT_MAX};
+    CompareRounds(12000, [](Random& random, Brush brush, TestSurface& drawn, TestSurface& expected) {
         if (random.Chance(3)) brush.mode |= LICE_BLIT_USE_ALPHA;
         const bool absurd = random.Chance(8) && !brush.Scales(drawn);
         const auto any = [&](int low, int high) { return absurd ? random.Of(far) : random.In(low, high); };

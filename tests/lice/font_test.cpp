@@ -1,6 +1,4 @@
-// Text against a slow composer: it has each character drawn by plain GDI calls, shapes and places it by the rules
-// alone, and merges it pixel by pixel. Beside that, what the composer cannot see: ownership, memory, and GDI's own
-// text.
+// Text against a slow composer; and what that cannot see: ownership, memory, and GDI's own text.
 #include "lice/font.h"
 
 #include <memory>
@@ -71,7 +69,7 @@ TEST(Font, AgreesWithASlowComposer) {
                     Called("mode", look.mode, "alpha", look.alpha, "scale", drawn.Scale(), "height", height, "flags",
                            flags, "format", format, "text", testing::PrintToString(text), "at", Show(rect));
                 const int wantedResult = SlowDraw(wanted, slow, look, text, wantedRect, format);
-                // In a block without a closing zero, so that a sanitizer sees reading ahead.
+                // The block has no closing zero, so that a sanitizer sees reading ahead.
                 const std::vector<char> bytes(text.begin(), text.end());
                 const bool counted = random.Chance(2) && !bytes.empty();
                 EXPECT_EQ(font.DrawText(&drawn, counted ? bytes.data() : text.c_str(),
@@ -146,9 +144,8 @@ TEST(Font, RendersNoSpaceForALineFeedThatIsSkipped) {
     }
 }
 
-// Text too tall to be cached is GDI's own: straight into a surface with a context, and through a scratch otherwise.
-// Every bit of the format goes along but the one that would let GDI write into the text; only Windows heeds the
-// ellipsis.
+// GDI draws text too tall to be cached, straight into a surface with a context, and through a scratch otherwise.
+// It gets every bit of the format but the one that lets it write into the text. Only Windows heeds the ellipsis.
 TEST(Font, TallTextIsTheSystemsOwn) {
     const HFONT handle = CreateInterfaceFont(290);
     LICE_CachedFont font;

@@ -1,4 +1,4 @@
-// Lines by the place of their n-th pixel, where the drawing itself walks with running sums.
+// Lines by the place of their n-th pixel, where the library walks with running sums.
 #include "lice/line.h"
 
 #include <cmath>
@@ -29,7 +29,7 @@ bool Clip(Number& x1, Number& y1, Number& x2, Number& y2, const Number (&out)[2]
     return false;
 }
 
-// Two neighbours across a line that has come `moved` of the way from the one to the other, in 1/65536.
+// The line between two neighbours has come `moved` of the way to the second, in 1/65536.
 void BlendPair(TestSurface& surface, const Brush& brush, bool tall, int64_t major, int64_t minor, int64_t side,
                int64_t moved) {
     const int h = static_cast<int>(moved) >> 8, ia = brush.Ia();
@@ -117,7 +117,7 @@ void DrawSlowly(TestSurface& surface, const Brush& brush, const float (&ends)[4]
     }
 }
 
-// Near the surface or far off, whole diagonals and level lines more often than chance has them.
+// Ends near the surface or far off, with many diagonals and level lines.
 template <class Number>
 void AnyEnds(Random& random, Number (&p)[4]) {
     const Number far = random.Of({Number{10}, Number{30}, Number{30}, Number{3000}});
@@ -147,7 +147,7 @@ TEST(FLine, AgreesWithTheClosedFormOfItsPixels) {
         AnyEnds(random, p);
         if (random.Chance(3))
             for (float& v : p) v = std::floor(v * 2) / 2;
-        if (random.Chance(8)) {  // down to a corner from less than a pixel away, where rounding may carry it past
+        if (random.Chance(8)) {  // less than a pixel from a corner, past which rounding may carry the line
             p[2] = std::floor(p[2]), p[3] = 0;
             p[0] = p[2] - random.In(0.0f, 1.0f), p[1] = random.In(0.0f, 1.0f);
         }

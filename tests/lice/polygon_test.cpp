@@ -26,7 +26,7 @@ void DrawSlowly(TestSurface& surface, const Brush& brush, Row top, Row bottom) {
     if (std::max(top.left, bottom.left) <= 0) top.left = bottom.left = 0;
     if (std::min(top.right, bottom.right) >= W - 1) top.right = bottom.right = W - 1;
 
-    // A side as one number of 1/65536 pixels that grows in its own direction, folded into whole pixels afresh each row.
+    // A side is one number, in 1/65536 of a pixel, that grows in its own direction.
     const double perRow = top.y == bottom.y ? 0 : 65536.0 / (bottom.y - top.y);
     const auto edge = [perRow](double from, double to, int64_t rows) {
         const double step = std::floor(std::clamp((to - from) * perRow, -0x1p29, 0x1p29) + 0.5);
@@ -67,7 +67,7 @@ struct Corner {
     bool operator==(const Corner&) const = default;
 };
 
-// One side of the hull, top to bottom: each next corner leans furthest out, and of those on one line is the last.
+// One side of the hull, from the top: the next corner leans furthest out, the last of several on one line.
 std::vector<Corner> Chain(const std::vector<Corner>& sorted, Corner from, int direction) {
     std::vector<Corner> chain = {from};
     for (;;) {

@@ -1,6 +1,6 @@
 // tests/lice/reference.h
-// The combine functions in the plainest form that their formulas allow: one channel at a time, wide integers, no
-// shortcuts. What draws with these is slow and is what the fast loops are held against.
+// The combine functions in the plainest form: one channel at a time, in 64 bits, without shortcuts. The fast loops are
+// compared with what these draw.
 #pragma once
 #include <algorithm>
 #include <cstdint>
@@ -67,7 +67,7 @@ inline LICE_pixel HsvAdjust(LICE_pixel old, LICE_pixel source, int64_t ia) {
     return Join({{rgb[sector][2], rgb[sector][1], rgb[sector][0], a.c[3]}});
 }
 
-// The general function of the mode byte, at any opacity; the old pixel for a mode that there is not.
+// The mode byte's general function, at any opacity. An unknown mode keeps the old pixel.
 inline LICE_pixel Combine(LICE_pixel old, LICE_pixel source, int64_t ia, int modeByte) {
     if (modeByte == LICE_BLIT_MODE_HSVADJ) return HsvAdjust(old, source, ia);
     return EachChannel(old, source, [=](int64_t d, int64_t s) {

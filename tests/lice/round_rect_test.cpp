@@ -6,8 +6,7 @@
 #include "lice/line.h"
 #include "tests/lice/brush.h"
 
-// On any surface it is what lines and arcs make of it, blended twice where they meet; without room for a corner, a
-// rectangle.
+// Where lines and arcs meet, pixels are blended twice. Without room for a corner it is a rectangle.
 TEST(RoundRect, IsFourSidesAndFourQuadrants) {
     CompareRounds(5000, [](Random& random, const Brush& b, TestSurface& drawn, TestSurface& expected) {
         const float x = random.In(-20.0f, 30.0f), y = random.In(-20.0f, 30.0f);

@@ -10,13 +10,13 @@ namespace {
 
 constexpr int Filter = LICE_BLIT_FILTER_BILINEAR;
 
-struct Stretch {
+struct Areas {
     int dstx, dsty, dstw, dsth;
     float srcx, srcy, srcw, srch;
 };
 
-// The sum of all source pixels, each times weight(dx, dy) by its distance from column and row, divided by `total`, or
-// where that is 0 by the weights that counted.
+// The sum of all source pixels around column and row, each times weight(dx, dy). It is divided by `total`, or where
+// that is 0, by the weights that counted.
 template <class Weight>
 LICE_pixel Weighted(TestSurface& src, int64_t column, int64_t row, int reach, int64_t total, Weight weight) {
     int64_t sums[4] = {}, counted = 0;
@@ -32,8 +32,8 @@ LICE_pixel Weighted(TestSurface& src, int64_t column, int64_t row, int reach, in
     return reference::Join({{sums[0], sums[1], sums[2], sums[3]}});
 }
 
-// For surfaces without draw scale, at sizes that are not those of the source.
-void SlowScaledBlit(TestSurface& dest, TestSurface& src, const Stretch& s, float alpha, int mode) {
+// The surfaces have no draw scale, and the sizes differ.
+void SlowScaledBlit(TestSurface& dest, TestSurface& src, const Areas& s, float alpha, int mode) {
     const int ia = static_cast<int>(alpha * 256.0), modeByte = mode & 0xFF;
     if (ia == 0 || modeByte > 5 || (modeByte == 0 && ia < 0)) return;
     const auto fixed = [](double v) { return static_cast<int64_t>(v * 65536.0); };
@@ -82,8 +82,8 @@ TEST(ScaledBlit, EachFamilyAgreesWithAPixelByPixelReference) {
         TestSurface src = TestSurface::Any(random, 24, false, 8);
         TestSurface dest = TestSurface::Any(random, 24, false, 8), expected = dest;
         const bool onItself = random.Chance(8);  // pixel by pixel, each reading what the one before it has left
-        Stretch s = {random.In(-8, 20),    random.In(-8, 20),    random.In(1, 40),      random.In(1, 40),
-                     random.In(-3.f, 9.f), random.In(-3.f, 9.f), random.In(-4.f, 40.f), random.In(0.f, 40.f)};
+        Areas s = {random.In(-8, 20),    random.In(-8, 20),    random.In(1, 40),      random.In(1, 40),
+                   random.In(-3.f, 9.f), random.In(-3.f, 9.f), random.In(-4.f, 40.f), random.In(0.f, 40.f)};
         if (random.Chance(2)) {  // whole pixels, and sizes in proportion
             s.srcx = std::round(s.srcx), s.srcy = std::round(s.srcy);
             s.srcw = s.dstw * random.Of({0.25f, 0.5f, 1.5f, 1.7f, 3.0f, 4.0f});
@@ -118,7 +118,7 @@ TEST(ScaledBlit, EqualSizesAreABlit) {
     EXPECT_FALSE(blits(4.4f, 6.0f, Filter, 4));         // bilinear
 }
 
-// Surfaces of different scale: a blit stretches by their quotient, and never reads past what the source has.
+// A blit stretches by the quotient of the scales, and never reads beyond the source.
 TEST(ScaledBlit, BlitsBetweenDrawScalesStretch) {
     Random random;
     TestSurface src({6, 6}, random), dest({6, 6, 0, false, 512, 4}, random), back({6, 6, 0, true, 0, 4}, random);

@@ -1,6 +1,6 @@
 // tests/lice/slow_text.h
-// A slow composer of text: it has each character drawn by plain GDI calls, shapes and places it by the rules alone, and
-// merges it pixel by pixel.
+// A slow composer of text. It has GDI draw each character, shapes and places it by the rules alone, and merges it pixel
+// by pixel.
 #pragma once
 #include <algorithm>
 #include <cctype>
@@ -87,7 +87,7 @@ class SlowFont {
         return letters;
     }
 
-    // With `limit` where lines end, from the start of the axis.
+    // Lines end at `limit`, counted from the start of the axis.
     std::vector<Placed> Place(const std::string& text, int x, int y, UINT format, int limit, bool upward) {
         const std::vector<Letter> letters = Read(text);
         std::vector<Placed> placed;

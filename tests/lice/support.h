@@ -1,6 +1,6 @@
 // tests/lice/support.h
-// What the tests of drawing share: random numbers that can be had again, and surfaces of any shape whose whole memory,
-// borders and padding included, is compared with that of a copy on which a slow reference drew.
+// What the tests of drawing share: random numbers that can be had again, and surfaces of any shape, whose whole memory
+// is compared with that of a copy.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -34,7 +34,7 @@ class Random {
     T Of(const T (&choices)[n]) {
         return choices[In(0, static_cast<int>(n) - 1)];
     }
-    // Mostly the opacities with forms of their own, else any, up to far outside of 0 to 1.
+    // Mostly opacities that have a fast form, else any, up to far outside of 0 to 1.
     float Alpha() {
         if (Chance(2)) return Of({1.0f, 0.5f, 0.25f, 0.75f, 0.501f});
         return Chance(8) ? In(-40.0f, 40.0f) : In(-0.1f, 1.1f);
@@ -49,8 +49,8 @@ class Random {
     testing::ScopedTrace trace_;
 };
 
-// A surface on the heap with `border` pixels before and after it. With border 0 its block is exactly as large as its
-// pixels need, so that a sanitizer sees the first one read beyond. Copies are surfaces of their own.
+// A surface on the heap with `border` pixels before and after it. Without a border its block ends with its last pixel,
+// so that a sanitizer sees what is read beyond. Copies are surfaces of their own.
 class TestSurface : public LICE_IBitmap {
   public:
     struct Shape {
@@ -92,7 +92,7 @@ class TestSurface : public LICE_IBitmap {
     }
     bool Has(int64_t x, int64_t y) const { return x >= 0 && y >= 0 && x < BackingWidth() && y < BackingHeight(); }
 
-    // Whether borders and padding are those of `before`, a copy from before something was drawn.
+    // Whether borders and padding are still those of `before`, an older copy.
     bool KeptOutside(TestSurface before) {
         for (int y = 0; y < BackingHeight(); ++y)
             for (int x = 0; x < BackingWidth(); ++x) before.At(x, y) = At(x, y);
