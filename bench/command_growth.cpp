@@ -12,6 +12,7 @@
 #include "commands/commands.h"
 #include "module/entry.h"
 #include "simhost/calls.h"
+#include "tests/support/sources.h"
 
 namespace {
 
@@ -37,9 +38,9 @@ std::unique_ptr<simhost::Host> Scene(int items, bool onlyOne) {
     auto host = std::make_unique<simhost::Host>();
     host->preferences.sortsAtOnce = false;       // the host's own sorting is not what is measured
     host->resourcePath = "nowhere/that/exists";  // the log line is lost, and nobody minds
-    host->onMessage = [](const std::string&, const std::string&, int) { return 6; };
-    host->onInput = [](const simhost::ShownInput&) { return "nome"; };
-    const simhost::SourceRef tone = simhost::Silence(8000, 1, 8000);
+    host->dialogs.onMessage = [](const std::string&, const std::string&, int) { return 6; };
+    host->dialogs.onInput = [](const simhost::ShownInput&) { return "nome"; };
+    const simhost::SourceRef tone = Silence(8000, 1, 8000);
     for (const char* name : {"Voz", "Som"}) {
         simhost::Track& track = AddTrack(host->project, name);
         track.selected = true;
@@ -55,7 +56,7 @@ std::unique_ptr<simhost::Host> Scene(int items, bool onlyOne) {
 
 int64_t Calls(const simhost::Host& host) {
     int64_t sum = 0;
-    for (const simhost::Function& function : simhost::Functions) sum += host.CallCount(function.name);
+    for (const simhost::Function& function : simhost::Functions) sum += host.calls.Count(function.name);
     return sum;
 }
 

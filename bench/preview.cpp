@@ -115,7 +115,7 @@ struct Studio {
 void Recompute(benchmark::State& state, int pieces) {
     Studio studio(pieces);
     TimeHostFunctions();
-    studio.host.FailFrom("Main_OnCommand", 1);
+    studio.host.calls.FailFrom("Main_OnCommand", 1);
     AbrirFatiador();
     inHost = {};
     callsOfHost = 0;

@@ -8,6 +8,7 @@
 #include "module/entry.h"
 #include "simhost/host.h"
 #include "slicer/autosplit.h"
+#include "tests/support/sources.h"
 
 namespace {
 
@@ -15,12 +16,12 @@ constexpr int Rate = 8000;
 
 // So many items, one behind another, each of so many bursts of 80 ms with pauses of 120 ms.
 void Slice(benchmark::State& state, int items, int pieces) {
-    std::vector<simhost::Segment> segments;
+    std::vector<Segment> segments;
     for (int i = 0; i < pieces; ++i) {
         segments.push_back({Rate * 80 / 1000, 0.5});
         segments.push_back({Rate * 120 / 1000, 0.0});
     }
-    const simhost::SourceRef speech = simhost::Bursts(Rate, 1, segments);
+    const simhost::SourceRef speech = Bursts(Rate, 1, segments);
     for (auto _ : state) {
         state.PauseTiming();
         auto host = std::make_unique<simhost::Host>();

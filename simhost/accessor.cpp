@@ -13,7 +13,7 @@ AudioAccessor* api::CreateTakeAudioAccessor(MediaItem_Take* handle) {
     Take* take = host.Know(handle);
     if (!take || !take->source) return nullptr;
     Accessor& kept = *host.accessors.emplace_back(std::make_unique<Accessor>());
-    kept = {*take, handle, host.accessorStart, take->item->length, {}};
+    kept = {*take, handle, take->item->length, {}};
     return static_cast<AudioAccessor*>(kept.identity.Handle(Kind::Accessor, &kept));
 }
 
@@ -24,12 +24,12 @@ void api::DestroyAudioAccessor(AudioAccessor* handle) {
 }
 
 double api::GetAudioAccessorStartTime(AudioAccessor* handle) {
-    const auto* accessor = static_cast<Accessor*>(Host::Current().Owner(handle, Kind::Accessor));
-    return accessor ? accessor->start : 0.0;
+    Host::Current().Owner(handle, Kind::Accessor);
+    return 0.0;
 }
 
 // Where there is nothing to read, the buffer stays as it was: the caller must not take it for silence.
-int api::GetAudioAccessorSamples(AudioAccessor* handle, int rate, int channels, double startSeconds, int frames,
+int api::GetAudioAccessorSamples(AudioAccessor* handle, int rate, int channels, double start, int frames,
                                  double* interleaved) {
     Host& host = Host::Current();
     const auto* accessor = static_cast<Accessor*>(host.Owner(handle, Kind::Accessor));
@@ -42,7 +42,6 @@ int api::GetAudioAccessorSamples(AudioAccessor* handle, int rate, int channels, 
         host.Violate("the accessor's take is gone");
         return -1;
     }
-    const double start = startSeconds - accessor->start;
     const double left = std::ceil((accessor->length - start) * rate - 1e-3);  // frames up to the item's end
     if (accessor->playback.source->IsMidi() || !(left > 0) || !(start + static_cast<double>(frames) / rate > 0))
         return 0;
@@ -50,7 +49,7 @@ int api::GetAudioAccessorSamples(AudioAccessor* handle, int rate, int channels, 
     if (left < frames)
         std::fill(interleaved + static_cast<int64_t>(left) * channels,
                   interleaved + static_cast<int64_t>(frames) * channels, 0.0);
-    if (host.onRead) host.onRead(frames);
+    if (host.calls.onRead) host.calls.onRead(frames);
     return 1;
 }
 

@@ -8,7 +8,6 @@ namespace simhost {
 struct Accessor {
     Playback playback;
     const void* takeHandle;
-    double start;   // the accessor's time at the item's start
     double length;  // of the item
     Identity identity;
 };

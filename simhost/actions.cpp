@@ -12,11 +12,11 @@ static void UnselectTracks(Host& host) {
 }
 
 static void ZoomToItems(Host& host) {
-    if (host.toggles[acao::ZoomNosItens] == 0) {
-        host.project.view = host.viewBeforeZoom;
+    if (host.actions.toggles[acao::ZoomNosItens] == 0) {
+        host.project.view = host.screen.beforeZoom;
         return;
     }
-    host.viewBeforeZoom = host.project.view;
+    host.screen.beforeZoom = host.project.view;
     if (const auto& items = host.project.tracks.Selected(); !items.empty()) host.project.view = SpanOf(items);
 }
 
@@ -29,12 +29,12 @@ static void ScaleView(Host& host, double factor) {
 // Heights that tracks have of their own change alike.
 static void ZoomVertically(Host& host, int times, int over) {
     const auto zoomed = [=](int height) { return std::clamp(height * times / over, 30, 600); };
-    host.laneHeight = zoomed(host.laneHeight);
+    host.screen.laneHeight = zoomed(host.screen.laneHeight);
     for (int i = 0; Track* track = host.project.tracks.At(i); ++i)
         if (track->height > 0) track->height = zoomed(static_cast<int>(std::min(track->height, 600.0)));
 }
 
-static const Action Actions[] = {
+static const Action HostActions[] = {
     {acao::Tocar, "Play", Play},
     {acao::Parar, "Stop", Stop},
     {acao::Gravar, "Record", Record},
@@ -76,47 +76,50 @@ static const Action Actions[] = {
 };
 
 const Action* FindAction(int number) {
-    for (const Action& action : Actions)
+    for (const Action& action : HostActions)
         if (action.number == number) return &action;
     return nullptr;
 }
 
 bool Host::RunAction(const std::string& idText) {
-    const int number = ActionNumber(idText);
+    const int number = extension.ActionNumber(idText);
     if (!number) return false;
-    actionsRun.push_back(number);
+    actions.run.push_back(number);
     return RunRegistered(number);
 }
 
 // A hook may run actions itself, or register more, so the list is walked by index.
 bool Host::RunRegistered(int number) {
-    for (size_t i = 0; i < registrations.size(); ++i) {
-        if (registrations[i].name != "hookcommand2") continue;
+    for (size_t i = 0; i < extension.registrations.size(); ++i) {
+        const Registration& r = extension.registrations[i];
         using Hook = bool (*)(KbdSectionInfo*, int, int, int, int, HWND);
-        if (reinterpret_cast<Hook>(registrations[i].info)(nullptr, number, 0, 0, 0, mainWindow)) return true;
+        if (r.name == "hookcommand2" && reinterpret_cast<Hook>(r.info)(nullptr, number, 0, 0, 0, mainWindow))
+            return true;
     }
     return false;
 }
 
+static void Run(Host& host, const Action& action) {
+    if (action.toggles) host.actions.toggles[action.number] ^= 1;
+    if (action.run) action.run(host);
+    const auto outside = host.actions.outside.find(action.number);
+    if (outside != host.actions.outside.end()) outside->second();
+    if (!action.edit) return;
+    host.undo.Begin();
+    if (action.edit(host))
+        host.undo.End(action.name);
+    else
+        host.undo.Drop();
+}
+
 void Host::RunAction(int number) {
-    actionsRun.push_back(number);
-    if (const Action* action = FindAction(number)) {
-        if (action->toggles) toggles[number] ^= 1;
-        if (action->run) action->run(*this);
-        if (const auto outside = onAction.find(number); outside != onAction.end()) outside->second();
-        if (!action->edit) return;
-        BeginBlock();
-        if (action->edit(*this))
-            EndBlock(action->name);
-        else
-            --blockDepth_;
-        return;
-    }
-    for (const Script& script : scripts)
+    actions.run.push_back(number);
+    if (const Action* action = FindAction(number)) return Run(*this, *action);
+    for (const Script& script : scripts.added)
         if (script.number == number) {
             const Script copy = script;  // it may take itself out
-            scriptsRun.push_back(copy);
-            if (scriptRunner) scriptRunner(copy);
+            scripts.run.push_back(copy);
+            if (scripts.runner) scripts.runner(copy);
             return;
         }
     if (!RunRegistered(number)) Violate("there is no action " + std::to_string(number));
@@ -127,15 +130,16 @@ void api::Main_OnCommand(int command, int) {
 }
 
 int api::GetToggleCommandState(int command) {
-    Host& host = Host::Current();
-    if (command == acao::Gravar) return host.playState & 4 ? 1 : 0;
-    for (size_t i = 0; i < host.registrations.size(); ++i) {
-        if (host.registrations[i].name != "toggleaction") continue;
-        const int state = reinterpret_cast<int (*)(int)>(host.registrations[i].info)(command);
+    const Host& host = Host::Current();
+    if (command == acao::Gravar) return host.transport.state & Transport::Recording ? 1 : 0;
+    for (size_t i = 0; i < host.extension.registrations.size(); ++i) {
+        const Registration& r = host.extension.registrations[i];
+        if (r.name != "toggleaction") continue;
+        const int state = reinterpret_cast<int (*)(int)>(r.info)(command);
         if (state != -1) return state;
     }
-    const auto found = host.toggles.find(command);
-    return found == host.toggles.end() ? -1 : found->second;
+    const auto found = host.actions.toggles.find(command);
+    return found == host.actions.toggles.end() ? -1 : found->second;
 }
 
 }  // namespace simhost

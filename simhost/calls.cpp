@@ -24,41 +24,41 @@ static std::string Named(const void* handle, Kind kind) {
     return std::string(NameOf(kind)) + ' ' + (owner ? NameOf(*static_cast<const T*>(owner)) : '(' + why + ')');
 }
 
-static std::string Told(bool value) {
+static std::string Spelled(bool value) {
     return value ? "true" : "false";
 }
-static std::string Told(int value) {
+static std::string Spelled(int value) {
     return std::to_string(value);
 }
-static std::string Told(double value) {  // the shortest that reads back the same
+static std::string Spelled(double value) {  // the shortest that reads back the same
     char text[32];
     return {text, std::to_chars(text, text + sizeof text, value).ptr};
 }
-static std::string Told(const char* text) {
+static std::string Spelled(const char* text) {
     return text ? '"' + std::string(text) + '"' : "null";
 }
-static std::string Told(ReaProject*) {
+static std::string Spelled(ReaProject*) {
     return "0";
 }
-static std::string Told(MediaTrack* t) {
+static std::string Spelled(MediaTrack* t) {
     return Named<Track>(t, Kind::Track);
 }
-static std::string Told(MediaItem* i) {
+static std::string Spelled(MediaItem* i) {
     return Named<Item>(i, Kind::Item);
 }
-static std::string Told(MediaItem_Take* t) {
+static std::string Spelled(MediaItem_Take* t) {
     return Named<Take>(t, Kind::Take);
 }
-static std::string Told(PCM_source* s) {
+static std::string Spelled(PCM_source* s) {
     return Named<Take>(s, Kind::Source);
 }
-static std::string Told(AudioAccessor*) {
+static std::string Spelled(AudioAccessor*) {
     return "accessor";
 }
-static std::string Told(HWND) {
+static std::string Spelled(HWND) {
     return "window";
 }
-static std::string Told(const void* pointer) {
+static std::string Spelled(const void* pointer) {
     return pointer ? "&" : "null";
 }
 
@@ -68,36 +68,38 @@ class Call {
   public:
     explicit Call(int index)
         : host_(Host::Current()),
-          counter_(host_.counters_[index]),
-          outer_(host_.running_),
+          calls_(host_.calls),
+          counter_(calls_.counters_[index]),
+          outer_(calls_.running_),
           changes_(Functions[index].changes) {
         ++counter_.calls;
-        host_.running_ = Functions[index].name;
+        calls_.running_ = Functions[index].name;
         fails_ = counter_.failsFrom && counter_.calls >= counter_.failsFrom;
     }
     ~Call() {
-        host_.running_ = outer_;
-        host_.changes += changes_;
+        calls_.running_ = outer_;
+        host_.screen.changes += changes_;
     }
 
     bool Fails() const { return fails_; }
     int Result() const { return counter_.result; }
     template <class... Values>
     void TraceCall(const Values&... values) {
-        if (!host_.tracing) return;
-        std::string line = std::string(host_.running_) + '(';
-        ((line += (line.back() == '(' ? "" : ", ") + Told(values)), ...);
-        line_ = host_.trace.size();
-        host_.trace.push_back(line + ')');
+        if (!calls_.tracing) return;
+        std::string line = std::string(calls_.running_) + '(';
+        ((line += (line.back() == '(' ? "" : ", ") + Spelled(values)), ...);
+        line_ = calls_.trace.size();
+        calls_.trace.push_back(line + ')');
     }
     template <class Value>
     void TraceResult(const Value& value) {
-        if (line_ < host_.trace.size()) host_.trace[line_] += " -> " + Told(value);
+        if (line_ < calls_.trace.size()) calls_.trace[line_] += " -> " + Spelled(value);
     }
 
   private:
     Host& host_;
-    Host::Counter& counter_;
+    Calls& calls_;
+    Calls::Counter& counter_;
     const char* outer_;
     bool changes_, fails_;
     size_t line_ = static_cast<size_t>(-1);  // of the trace, unless nothing is traced
@@ -136,18 +138,40 @@ enum Index {
 #undef NUMBER
 };
 
-// As the name says it; what can both ask and set counts as changing.
-static constexpr bool Changes(std::string_view name) {
-    if (name.starts_with("GetSet")) return true;
-    for (const std::string_view start :
-         {"Color", "Count", "Create", "Destroy", "Enum", "Get", "Is", "Undo_Can", "Validate", "get", "projectconfig"})
-        if (name.starts_with(start)) return false;
-    return true;
-}
+// Which of the functions may change what there is to see. Each stands in one of the lists, or it does not compile.
+// clang-format off
+#define CHANGING(F) \
+    F(AddProjectMarker2) F(AddRemoveReaScript) F(DeleteProjectMarker) F(DeleteTrackMediaItem) F(GetSetProjectInfo) \
+    F(GetSetProjectInfo_String) F(GetSet_ArrangeView2) F(GetSet_LoopTimeRange) F(InsertTrackAtIndex) F(Main_OnCommand) \
+    F(MoveMediaItemToTrack) F(PreventUIRefresh) F(ReorderSelectedTracks) F(SelectAllMediaItems) F(SetActiveTake) \
+    F(SetEditCurPos) F(SetMediaItemInfo_Value) F(SetMediaItemPosition) F(SetMediaItemSelected) \
+    F(SetMediaItemTakeInfo_Value) F(SetMediaTrackInfo_Value) F(SetOnlyTrackSelected) F(SetProjectMarker3) \
+    F(SetTrackSelected) F(SplitMediaItem) F(TrackList_AdjustWindows) F(Undo_BeginBlock2) F(Undo_DoUndo2) \
+    F(Undo_EndBlock2) F(UpdateArrange) F(UpdateTimeline)
+#define ASKING(F) \
+    F(ColorToNative) F(CountMediaItems) F(CountProjectMarkers) F(CountSelectedMediaItems) F(CountSelectedTracks) \
+    F(CountTakes) F(CountTrackMediaItems) F(CountTracks) F(CreateTakeAudioAccessor) F(DestroyAudioAccessor) \
+    F(EnumProjectMarkers) F(EnumProjectMarkers3) F(EnumProjects) F(GetActiveTake) F(GetAudioAccessorSamples) \
+    F(GetAudioAccessorStartTime) F(GetCursorPosition) F(GetLastMarkerAndCurRegion) F(GetMainHwnd) F(GetMediaItem) \
+    F(GetMediaItemInfo_Value) F(GetMediaItemTakeInfo_Value) F(GetMediaItemTake_Source) F(GetMediaItem_Track) \
+    F(GetMediaSourceLength) F(GetMediaSourceNumChannels) F(GetMediaSourceSampleRate) F(GetMediaTrackInfo_Value) \
+    F(GetOS) F(GetPlayState) F(GetResourcePath) F(GetSelectedMediaItem) F(GetSelectedTrack) F(GetTake) \
+    F(GetToggleCommandState) F(GetTrack) F(GetTrackMediaItem) F(GetUserInputs) F(IsMediaItemSelected) \
+    F(ShowMessageBox) F(Undo_CanUndo2) F(ValidatePtr) F(get_config_var) F(projectconfig_var_addr) \
+    F(projectconfig_var_getoffs)
+// clang-format on
+namespace changes {
+#define YES(name) constexpr bool name = true;
+#define NO(name) constexpr bool name = false;
+CHANGING(YES)
+ASKING(NO)
+#undef YES
+#undef NO
+}  // namespace changes
 
 const Function Functions[FunctionCount] = {
 #define ROW(result, name, parameters) \
-    {#name, reinterpret_cast<void*>(&Entry<Index_##name, &api::name>::Run), Changes(#name)},
+    {#name, reinterpret_cast<void*>(&Entry<Index_##name, &api::name>::Run), changes::name},
     FUNCOES_DO_HOST(ROW)
 #undef ROW
 };
@@ -158,19 +182,21 @@ int FunctionIndex(const std::string& name) {
     return -1;
 }
 
-int64_t Host::CallCount(const std::string& function) const {
+Calls::Calls() : counters_(FunctionCount) {}
+
+int64_t Calls::Count(const std::string& function) const {
     const int index = FunctionIndex(function);
     return index < 0 ? 0 : counters_[index].calls;
 }
 
-void Host::FailFrom(const std::string& function, int64_t n, int result) {
+void Calls::FailFrom(const std::string& function, int64_t n, int result) {
     const int index = FunctionIndex(function);
-    if (index < 0) return Violate("FailFrom: there is no function " + function);
+    if (index < 0) return Host::Current().Violate("FailFrom: there is no function " + function);
     counters_[index].failsFrom = counters_[index].calls + n;
     counters_[index].result = result;
 }
 
-void Host::StopFailing() {
+void Calls::StopFailing() {
     for (Counter& counter : counters_) counter.failsFrom = 0;
 }
 

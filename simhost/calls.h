@@ -15,7 +15,7 @@ FUNCOES_DO_HOST(DECLARE)
 struct Function {
     const char* name;
     void* address;
-    bool changes;  // it may, by its name
+    bool changes;  // it may change what there is to see
 };
 constexpr int FunctionCount = 0
 #define COUNT(result, name, parameters) +1

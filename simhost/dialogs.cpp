@@ -6,33 +6,33 @@
 namespace simhost {
 
 int api::ShowMessageBox(const char* text, const char* title, int type) {
-    Host& host = Host::Current();
-    if (!text || !title) host.Violate("a message without text or title");
+    Dialogs& dialogs = Host::Current().dialogs;
+    if (!text || !title) Host::Current().Violate("a message without text or title");
     ShownMessage shown{text ? text : "", title ? title : "", type, type == 4 ? 7 : 1};
-    if (host.onMessage) {
-        shown.answer = host.onMessage(shown.text, shown.title, type);
-    } else if (!host.messageAnswers.empty()) {
-        shown.answer = host.messageAnswers.front();
-        host.messageAnswers.pop_front();
+    if (dialogs.onMessage) {
+        shown.answer = dialogs.onMessage(shown.text, shown.title, type);
+    } else if (!dialogs.messageAnswers.empty()) {
+        shown.answer = dialogs.messageAnswers.front();
+        dialogs.messageAnswers.pop_front();
     }
-    host.messages.push_back(shown);
+    dialogs.messages.push_back(shown);
     return shown.answer;
 }
 
 bool api::GetUserInputs(const char* title, int count, const char* captions, char* values, int valuesSize) {
-    Host& host = Host::Current();
+    Dialogs& dialogs = Host::Current().dialogs;
     if (!title || !captions || !values || count < 1 || valuesSize < 1 || !std::memchr(values, 0, valuesSize)) {
-        host.Violate("a dialog needs a title, captions, a field, and a buffer that holds a text");
+        Host::Current().Violate("a dialog needs a title, captions, a field, and a buffer that holds a text");
         return false;
     }
     ShownInput shown{title, captions, values, std::nullopt};
-    if (host.onInput) {
-        shown.answer = host.onInput(shown);
-    } else if (!host.inputAnswers.empty()) {
-        shown.answer = host.inputAnswers.front();
-        host.inputAnswers.pop_front();
+    if (dialogs.onInput) {
+        shown.answer = dialogs.onInput(shown);
+    } else if (!dialogs.inputAnswers.empty()) {
+        shown.answer = dialogs.inputAnswers.front();
+        dialogs.inputAnswers.pop_front();
     }
-    host.inputs.push_back(shown);
+    dialogs.inputs.push_back(shown);
     if (!shown.answer) return false;
     const size_t length = shown.answer->copy(values, valuesSize - 1);
     values[length] = 0;

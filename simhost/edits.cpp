@@ -19,18 +19,11 @@ static std::vector<Track*> SelectedTracks(Host& host) {
 }
 
 bool RemoveByFocus(Host& host) {
-    using Focus = Preferences::Focus;
-    if (host.preferences.deleteFocus == Focus::Items) {
-        const std::vector<Item*> items = SelectedItems(host);
-        for (Item* item : items) host.project.tracks.Remove(*item);
-        return !items.empty();
-    }
-    if (host.preferences.deleteFocus == Focus::Tracks) {
-        const std::vector<Track*> tracks = SelectedTracks(host);
-        for (Track* track : tracks) host.project.tracks.Remove(*track);
-        return !tracks.empty();
-    }
-    return false;  // the stand-in has no envelope points
+    const auto remove = [&host](const auto& things) {
+        for (auto* thing : things) host.project.tracks.Remove(*thing);
+        return !things.empty();
+    };
+    return host.preferences.deletesTracks ? remove(SelectedTracks(host)) : remove(SelectedItems(host));
 }
 
 // The selected items that the cursor stands in.

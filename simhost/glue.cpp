@@ -43,9 +43,7 @@ int64_t FramesIn(double seconds, int rate) {
 class Rendered : public Source {
   public:
     Rendered(const Take& take, int channels, double seconds)
-        : Source(take.source->SampleRate(), channels, FramesIn(seconds, take.source->SampleRate())),
-          playback_(take),
-          volume_(take.volume) {}
+        : Source(take.source->SampleRate(), channels, FramesIn(seconds, take.source->SampleRate())), playback_(take) {}
 
   protected:
     // Mono is the mean of all channels; stereo drops those beyond the second. What cannot be read is silence.
@@ -58,15 +56,14 @@ class Rendered : public Source {
         for (; read && frames > 0; --frames, from += wide, out += channels)
             for (int c = 0; c < wide; ++c)
                 if (channels == 1)
-                    *out += volume_ * from[c] / wide;
+                    *out += from[c] / wide;
                 else if (c < channels)
-                    out[c] = volume_ * from[c];
+                    out[c] = from[c];
         return true;
     }
 
   private:
     Playback playback_;
-    double volume_;
 };
 
 }  // namespace

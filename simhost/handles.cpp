@@ -24,7 +24,7 @@ void* Identity::Handle(Kind kind, void* owner) {
     return reinterpret_cast<void*>(Mark | id_ << 4 | static_cast<uint64_t>(kind_));
 }
 
-void Identity::Take(Identity& other, void* newOwner) {
+void Identity::Inherit(Identity& other, void* newOwner) {
     Die();
     id_ = other.id_;
     kind_ = other.kind_;

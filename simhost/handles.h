@@ -17,8 +17,8 @@ class Identity {
     Identity& operator=(const Identity&) { return *this; }
     ~Identity() { Die(); }
 
-    void* Handle(Kind kind, void* owner);        // the first call fixes both
-    void Take(Identity& other, void* newOwner);  // newOwner goes on under the other's handle
+    void* Handle(Kind kind, void* owner);           // the first call fixes both
+    void Inherit(Identity& other, void* newOwner);  // newOwner goes on under the other's handle
 
   private:
     void Die();

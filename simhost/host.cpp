@@ -22,27 +22,46 @@ static bool Contains(const std::vector<std::string>& names, const std::string& n
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-static void* GetFunc(const char* name) {
+static void* GetFunc(const char* wanted) {
+    Extension& extension = Host::Current().extension;
+    const std::string name = wanted ? wanted : "";
+    const int index = Contains(extension.forgotten, name) ? -1 : FunctionIndex(name);
+    if (index >= 0) return Functions[index].address;
+    extension.unknown.push_back(name);
+    return nullptr;
+}
+
+// The command number, or 1; 0 when it is refused.
+static int Register(const char* what, void* info) {
     Host& host = Host::Current();
-    void* function = host.Function(name);
-    if (!function) host.unknownNames.push_back(name ? name : "");
-    return function;
+    const std::string name = what ? what : "";
+    if (Contains(host.extension.refused, name)) return 0;
+    const bool command = name == "command_id";
+    if (!command && name != "gaccel" && name != "hookcommand2" && name != "toggleaction" && !name.starts_with("API_") &&
+        !name.starts_with("APIdef_")) {
+        host.Violate("Register: there is nothing to register as \"" + name + '"');
+        return 0;
+    }
+    if (!info) {
+        host.Violate("Register: nothing is given for \"" + name + '"');
+        return 0;
+    }
+    const int number = command ? ++host.actions.lastNumber : 1;
+    host.extension.registrations.push_back({name, info, number});
+    return number;
 }
 
-static int Register(const char* name, void* info) {
-    return Host::Current().Register(name ? name : "", info);
-}
-
-Host::Host() : record_{VersaoDoHost, nullptr, simhost::Register, GetFunc}, counters_(FunctionCount) {
+Host::Host() : record_{VersaoDoHost, nullptr, Register, GetFunc} {
     if (current) Abort("a second host while the first one lives");
     current = this;
-    SetConfigInt("promptendrec", 1);
-    projectConfigVars["projrenderresample"].resize(sizeof(int));
-    for (const int number : {acao::AlternarTakesEmPistas, acao::ZoomNosItens, acao::Opcao1161}) toggles[number] = 0;
-    toggles[acao::AlternarLinhasDeGrade] = 1;  // grid lines are shown
-    for (const char* key : {"RENDER_SETTINGS", "RENDER_BOUNDSFLAG", "RENDER_CHANNELS", "RENDER_SRATE",
-                            "RENDER_STARTPOS", "RENDER_ENDPOS", "RENDER_TAILFLAG", "RENDER_TAILMS", "RENDER_ADDTOPROJ",
-                            "RENDER_DITHER", "RENDER_RESAMPLEMODE", "PROJECT_SRATE"})
+    settings.SetNumber("promptendrec", 1);
+    settings.project["projrenderresample"].resize(sizeof(int));
+    for (const int number : {acao::AlternarTakesEmPistas, acao::ZoomNosItens, acao::Opcao1161})
+        actions.toggles[number] = 0;
+    actions.toggles[acao::AlternarLinhasDeGrade] = 1;  // grid lines are shown
+    for (const char* key :
+         {"RENDER_SETTINGS", "RENDER_BOUNDSFLAG", "RENDER_CHANNELS", "RENDER_SRATE", "RENDER_STARTPOS", "RENDER_ENDPOS",
+          "RENDER_TAILFLAG", "RENDER_TAILMS", "RENDER_ADDTOPROJ", "RENDER_DITHER", "RENDER_RESAMPLEMODE"})
         project.numbers[key] = 0;
     for (const char* key : {"RENDER_FILE", "RENDER_PATTERN", "RENDER_FORMAT", "RENDER_FORMAT2"}) project.texts[key];
 }
@@ -56,40 +75,13 @@ Host& Host::Current() {
     return *current;
 }
 
-int Host::Register(const std::string& name, void* info) {
-    if (Contains(refused, name)) return 0;
-    int number = 1;
-    if (name == "command_id")
-        number = ++lastNumber_;
-    else if (name != "gaccel" && name != "hookcommand2" && name != "toggleaction" && !name.starts_with("API_") &&
-             !name.starts_with("APIdef_")) {
-        Violate("Register: there is nothing to register as \"" + name + '"');
-        return 0;
-    }
-    if (!info) {
-        Violate("Register: nothing is given for \"" + name + '"');
-        return 0;
-    }
-    registrations.push_back({name, info, number});
-    return number;
-}
-
-void Host::Forget(const std::string& function) {
-    forgotten_.push_back(function);
-}
-
-void* Host::Function(const char* name) const {
-    const int index = name && !Contains(forgotten_, name) ? FunctionIndex(name) : -1;
-    return index < 0 ? nullptr : Functions[index].address;
-}
-
-void* Host::ApiFunction(const std::string& name) const {
+void* Extension::Function(const std::string& name) const {
     for (const Registration& r : registrations)
         if (r.name == "API_" + name) return r.info;
     return nullptr;
 }
 
-int Host::ActionNumber(const std::string& idText) const {
+int Extension::ActionNumber(const std::string& idText) const {
     const char* id = idText.c_str() + idText.starts_with('_');
     for (const Registration& r : registrations)
         if (r.name == "command_id" && !std::strcmp(static_cast<const char*>(r.info), id)) return r.number;
@@ -97,7 +89,8 @@ int Host::ActionNumber(const std::string& idText) const {
 }
 
 void Host::Violate(const std::string& sentence) {
-    if (violationCount_++ == 0) firstViolation_ = (running_ ? std::string(running_) + ": " : std::string()) + sentence;
+    if (violationCount_++ == 0)
+        firstViolation_ = (calls.Running() ? std::string(calls.Running()) + ": " : "") + sentence;
 }
 
 void Host::ForgetViolations() {
@@ -106,8 +99,8 @@ void Host::ForgetViolations() {
 }
 
 bool Host::Check() {
-    if (blockDepth_ > 0) Violate("an undo block was left open");
-    if (refreshHeldOff != 0) Violate("the refresh is still held off, " + std::to_string(refreshHeldOff) + " times");
+    if (undo.Open()) Violate("an undo block was left open");
+    if (screen.heldOff != 0) Violate("the refresh is still held off, " + std::to_string(screen.heldOff) + " times");
     if (!accessors.empty()) Violate("an audio accessor was not destroyed");
     return violationCount_ == 0;
 }

@@ -9,16 +9,10 @@
 //     ReaperPluginEntry(nullptr, host.Record());
 //     host.RunAction("_QUILMO_ABRIR_PAINEL");
 #pragma once
-#include <deque>
 #include <functional>
-#include <map>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
 
 #include "host/api.h"
-#include "simhost/project.h"
+#include "simhost/undo.h"
 
 namespace simhost {
 
@@ -28,7 +22,7 @@ struct Preferences {
     int undoPoints = 200;               // the undo memory: older points vanish, in silence
     double splitCrossfade = 0;          // seconds of automatic crossfade at each split; 0: none
     bool sortsAtOnce = true;            // else items keep their places on the track until the next refresh or block end
-    enum class Focus { Items, Tracks, Envelope } deleteFocus = Focus::Items;  // what action 40697 removes
+    bool deletesTracks = false;         // what has the focus, and action 40697 removes: tracks, or items
 };
 
 struct ShownMessage {
@@ -41,18 +35,100 @@ struct ShownInput {
     std::optional<std::string> answer;  // null: cancelled
 };
 
+// Dialogs are answered by a callback, if it is set, else from the queue, else by OK, no, cancel.
+struct Dialogs {
+    std::function<int(const std::string& text, const std::string& title, int type)> onMessage;
+    std::function<std::optional<std::string>(const ShownInput&)> onInput;
+    std::deque<int> messageAnswers;
+    std::deque<std::optional<std::string>> inputAnswers;
+    std::vector<ShownMessage> messages;  // shown so far
+    std::vector<ShownInput> inputs;
+};
+
 struct Registration {
     std::string name;  // as given to Register
     void* info;
     int number;  // what Register returned
 };
 
-struct Accessor;
+// What the extension looked up and registered.
+struct Extension {
+    std::vector<std::string> forgotten;                 // names that GetFunc does not know any more
+    std::vector<std::string> unknown;                   // names that GetFunc was asked in vain
+    std::vector<std::string> refused;                   // names to which Register answers 0
+    std::vector<Registration> registrations;            // in order, without the refused
+    void* Function(const std::string& name) const;      // what was registered as "API_name", or null
+    int ActionNumber(const std::string& idText) const;  // of a "command_id", a leading "_" or not; 0 unknown
+};
+
+// Numbered actions: those of the host, of extensions and of scripts.
+struct Actions {
+    std::vector<int> run;                          // every number, in order
+    std::map<int, int> toggles;                    // what GetToggleCommandState says; 1013 follows the transport
+    std::map<int, std::function<void()>> outside;  // what they do outside the project: write files, open windows
+    int lastNumber = 119999;                       // of the command numbers given so far
+};
 
 struct Script {
     int number;
     std::string path, text;  // text: as it was when the script was added
 };
+
+// Scripts in the action list.
+struct Scripts {
+    std::vector<Script> added, run;             // not yet removed; every run
+    std::function<void(const Script&)> runner;  // null: runs are only recorded
+};
+
+// Playing and recording; there is no clock but Elapse.
+struct Transport {
+    enum State { Playing = 1, Paused = 2, Recording = 4 };
+    int state = 0;
+    double position = 0, recordStart = 0;
+    SourceRef recorded;  // what a recording records; null: a tone
+    void Elapse(double seconds);
+};
+
+// What there is to see beside the project.
+struct Screen {
+    int heldOff = 0;       // PreventUIRefresh's sum
+    int64_t changes = 0;   // grows with each call that may have changed what there is to see
+    int laneHeight = 110;  // of each track, in pixels, as the vertical zoom leaves it
+    TimeRange beforeZoom;  // the view that action 41622 goes back to
+};
+
+// Settings that callers write to where they lie in memory; no address changes while a size stays.
+struct Settings {
+    std::map<std::string, std::vector<char>> host, project;
+    int Number(const std::string& name) const;  // of the host's; 0 when it is not there or not 4 bytes
+    void SetNumber(const std::string& name, int value);
+};
+
+// The 76 functions watched and disturbed.
+class Calls {
+  public:
+    Calls();
+    bool tracing = false;
+    std::vector<std::string> trace;              // one line a call, e.g. SplitMediaItem(item A, 4) -> item A
+    std::function<void(int64_t frames)> onRead;  // after each read through an accessor
+    int64_t Count(const std::string& function) const;
+    // From its n-th call from now on (1: the next) the function does nothing and gives null, false, or the number.
+    void FailFrom(const std::string& function, int64_t n, int result = 0);
+    void StopFailing();
+    const char* Running() const { return running_; }  // the function being called; null between calls
+
+  private:
+    friend class Call;  // calls.cpp
+    struct Counter {
+        int64_t calls = 0;
+        int64_t failsFrom = 0;  // 0: never
+        int result = 0;
+    };
+    std::vector<Counter> counters_;  // one for each function
+    const char* running_ = nullptr;
+};
+
+struct Accessor;
 
 class Host {
   public:
@@ -64,26 +140,25 @@ class Host {
 
     Project project;
     Preferences preferences;
-    std::string resourcePath = ".", os = "Win64";
+    Undo undo{*this};
+    Transport transport;
+    Screen screen;
+    Settings settings;
+    Dialogs dialogs;
+    Actions actions;
+    Scripts scripts;
+    Extension extension;
+    Calls calls;
+    std::string resourcePath = ".";
     HWND mainWindow = nullptr;
+    std::vector<std::unique_ptr<Accessor>> accessors;  // accessor.h; not destroyed yet
 
-    // --- the extension's side
-    reaper_plugin_info_t* Record() { return &record_; }
-    int Register(const std::string& name, void* info);
-    void Forget(const std::string& function);           // GetFunc no longer knows it
-    std::vector<std::string> unknownNames;              // asked of GetFunc in vain
-    std::vector<std::string> refused;                   // names to which Register answers 0
-    std::vector<Registration> registrations;            // in order, without the refused
-    void* ApiFunction(const std::string& name) const;   // what was registered as "API_name", or null
-    int ActionNumber(const std::string& idText) const;  // of a registered "command_id", a leading "_" or not; 0 unknown
-    void* Function(const char* name) const;             // one of the 76, as GetFunc gives it, or null
+    reaper_plugin_info_t* Record() { return &record_; }  // what the extension's entry is given
+    // As the user does. False: nothing takes the id; an unknown number is a violation.
+    bool RunAction(const std::string& idText);
+    void RunAction(int number);
 
-    // --- running things as the user does
-    bool RunAction(const std::string& idText);  // false when nothing takes it
-    void RunAction(int number);                 // numbered, registered or a script; an unknown number is a violation
-    std::vector<int> actionsRun;                // every number, in order
-
-    // --- what went wrong
+    // What went wrong.
     void Violate(const std::string& sentence);  // the current function's name is put in front
     const std::string& FirstViolation() const { return firstViolation_; }  // empty: none
     int ViolationCount() const { return violationCount_; }
@@ -91,59 +166,7 @@ class Host {
     // Looks for what should be closed by now: undo blocks, refresh count, accessors. True when there is no violation.
     bool Check();
 
-    // --- watching and disturbing
-    bool tracing = false;
-    std::vector<std::string> trace;  // one line a call, e.g. SplitMediaItem(item A, 4) -> item A
-    int64_t CallCount(const std::string& function) const;
-    // From its n-th call from now on (1: the next) the function does nothing and gives null, false, or the number.
-    void FailFrom(const std::string& function, int64_t n, int result = 0);
-    void StopFailing();
-    std::function<void(int64_t frames)> onRead;  // after each read through an accessor
-
-    // --- dialogs: a callback, if set, else the script queue, else OK, no, cancel
-    std::deque<int> messageAnswers;
-    std::deque<std::optional<std::string>> inputAnswers;
-    std::function<int(const std::string& text, const std::string& title, int type)> onMessage;
-    std::function<std::optional<std::string>(const ShownInput&)> onInput;
-    std::vector<ShownMessage> messages;  // shown so far
-    std::vector<ShownInput> inputs;
-
-    // --- undo (undo.cpp says how): one point a block, also when the block changed nothing; inner blocks make none
-    void BeginBlock();
-    void EndBlock(const std::string& title);
-    bool BlockOpen() const { return blockDepth_ > 0; }
-    bool Undo();
-    bool Redo();
-    const char* UndoTitle() const;  // of the topmost point, or null
-    const char* RedoTitle() const;
-    std::vector<std::string> UndoHistory() const;  // titles, oldest first, up to the topmost
-    // Forgets all points; the project as it stands is what the first undo will give back. Without it, that is the
-    // project as it stood when the first block was opened.
-    void StartHistory();
-
-    int refreshHeldOff = 0;  // PreventUIRefresh's sum
-    int64_t changes = 0;     // grows with each call that may have changed what there is to see
-
-    // --- transport (transport.cpp); there is no clock but Elapse
-    int playState = 0;  // 1 playing, 2 paused, 4 recording
-    double playPosition = 0, recordStart = 0;
-    SourceRef recordingSource;  // what a recording records; null: a tone
-    void Elapse(double seconds);
-
-    // --- actions and settings
-    std::map<int, int> toggles;  // GetToggleCommandState of numbered actions; 1013 follows playState
-    TimeRange viewBeforeZoom;    // where action 41622 goes back to
-    int laneHeight = 110;        // of each track, in pixels, as the vertical zoom leaves it
-    std::map<std::string, std::vector<char>> configVars, projectConfigVars;  // no address changes while a size stays
-    int ConfigInt(const std::string& name) const;  // of configVars; 0 when it is not there or not 4 bytes
-    void SetConfigInt(const std::string& name, int value);
-    std::vector<Script> scripts, scriptsRun;                 // added and not yet removed; every run
-    int AddRemoveScript(bool add, const std::string& path);  // the command number, 0 when the file cannot be read
-    std::function<void(const Script&)> scriptRunner;         // null: runs are only recorded
-    // What numbered actions do outside the project: write files, open windows.
-    std::map<int, std::function<void()>> onAction;
-
-    // --- handles
+    // Handles of things, made when they are first asked for.
     ReaProject* Handle() { return static_cast<ReaProject*>(identity_.Handle(Kind::Project, this)); }
     static MediaTrack* Handle(Track& t) { return static_cast<MediaTrack*>(t.identity.Handle(Kind::Track, &t)); }
     static MediaItem* Handle(Item& i) { return static_cast<MediaItem*>(i.identity.Handle(Kind::Item, &i)); }
@@ -159,35 +182,13 @@ class Host {
     Take* Know(PCM_source* handle) { return static_cast<Take*>(Owner(handle, Kind::Source)); }
     void* Owner(const void* handle, Kind kind);
 
-    std::vector<std::unique_ptr<Accessor>> accessors;  // accessor.h; not destroyed yet
-    double accessorStart = 0;                          // what GetAudioAccessorStartTime says of those made from now on
-
   private:
-    friend class Call;  // calls.cpp
-    struct Point {
-        std::string title;
-        Project after;
-    };
-    void Restore(const Project& to);
     bool RunRegistered(int number);
 
     reaper_plugin_info_t record_;
     Identity identity_;
-    std::vector<std::string> forgotten_;
     std::string firstViolation_;
     int violationCount_ = 0;
-    const char* running_ = nullptr;  // the function being called; null between calls
-    struct Counter {
-        int64_t calls = 0;
-        int64_t failsFrom = 0;  // 0: never
-        int result = 0;
-    };
-    std::vector<Counter> counters_;  // one for each function
-    int blockDepth_ = 0;
-    std::optional<Project> base_;  // below the first point; none before the first block
-    std::deque<Point> points_;
-    size_t top_ = 0;           // points_[0..top_) can be undone, the rest redone
-    int lastNumber_ = 119999;  // of the command numbers given so far
 };
 
 }  // namespace simhost

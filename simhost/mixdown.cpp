@@ -34,8 +34,7 @@ Mix::Mix(std::vector<const Item*> items, const MixRange& range)
     std::stable_sort(items.begin(), items.end(),
                      [](const Item* a, const Item* b) { return a->position < b->position; });
     for (const Item* item : items) {
-        const Take& take = *item->Active();
-        players_.push_back({take, item->Fades(), OnFrame(item->position, range.rate), item->volume * take.volume});
+        players_.push_back({*item->Active(), item->Fades(), OnFrame(item->position, range.rate)});
         const double end = players_.back().End();
         latestEnd_.push_back(latestEnd_.empty() ? end : std::max(latestEnd_.back(), end));
     }
@@ -54,7 +53,7 @@ void Mix::FindRuns() {
         if (fall > 0) end = std::min(end, std::floor(FrameOf(p.End()) - fall) - 1);
         if (i > 0) begin = std::max(begin, FrameOf(latestEnd_[i - 1]));
         if (i + 1 < players_.size()) end = std::min(end, FrameOf(players_[i + 1].position));
-        if (!(p.volume == 1 && reading.Straight() && begin < end && start > -most && end < most)) continue;
+        if (!(reading.Straight() && begin < end && start > -most && end < most)) continue;
         const auto first = static_cast<int64_t>(begin);
         AddRun({first, static_cast<int64_t>(end), p.playback.source.get(),
                 reading.FirstFrame() + first - static_cast<int64_t>(start)});
@@ -177,10 +176,9 @@ bool Mix::Play(const Part& part, int from, int to, double* out) const {
     const auto fade = [&](int frame) {
         return player.fades.At(part.time + static_cast<double>(frame - part.begin) / SampleRate());
     };
-    const bool fades = fade(from) != 1 || fade(to - 1) != 1;
-    if (!fades && player.volume == 1) return true;
+    if (fade(from) == 1 && fade(to - 1) == 1) return true;
     for (int frame = from; frame < to; ++frame) {
-        const double gain = fades ? player.volume * fade(frame) : player.volume;
+        const double gain = fade(frame);
         for (int c = 0; c < Channels(); ++c) *out++ *= gain;
     }
     return true;

@@ -32,7 +32,7 @@ class Mix : public Source {
     struct Player {
         Playback playback;
         Fades fades;
-        double position, volume;
+        double position;
         double End() const { return position + fades.length; }
     };
     struct Part;

@@ -23,9 +23,9 @@ const Take* Item::Active() const {
     return const_cast<Item*>(this)->Active();
 }
 
-const std::string& Item::Name() const {
+std::string Item::Name() const {
     const Take* take = Active();
-    return take ? take->name : label;
+    return take ? take->name : std::string();
 }
 
 double Fades::At(double time) const {
@@ -276,13 +276,10 @@ Item* Split(Project& project, Item& item, double time, double crossfade) {
     right.selected = false;
     right.position = std::max(item.position, time - crossfade);
     right.length = item.End() - right.position;
-    right.snapOffset = 0;
-    right.fadeIn = 0;
-    right.autoFadeIn = crossfade > 0 ? crossfade : -1;
+    right.fadeIn = crossfade > 0 ? crossfade : -1;
     for (Box<Take>& take : right.takes) take->startOffset += (right.position - item.position) * take->playRate;
     item.length = time - item.position;
-    item.fadeOut = 0;
-    item.autoFadeOut = right.autoFadeIn;
+    item.fadeOut = right.fadeIn;
     return &project.tracks.Add(*item.track, std::move(right));
 }
 

@@ -27,8 +27,6 @@ struct Playback {
 
 struct Take : Playback {
     std::string name;
-    double volume = 1, pan = 0, pitch = 0;
-    double preservePitch = 1, channelMode = 0, colour = 0;
     bool volumeEnvelope = false;
 
     Item* item = nullptr;  // whose it is
@@ -42,29 +40,23 @@ struct Fades {
 };
 
 struct Item {
-    double position = 0, length = 0;  // position: TrackList::Reposition
-    double snapOffset = 0, volume = 1;
-    double fadeIn = 0, fadeOut = 0;
-    double autoFadeIn = -1, autoFadeOut = -1;  // -1: none; else they count instead of the two above
-    double fadeInDir = 0, fadeOutDir = 0, fadeInShape = 0, fadeOutShape = 0;
-    double mute = 0, lock = 0, loopSource = 0, allTakesPlay = 0;
-    double colour = 0, group = 0;
+    double position = 0, length = 0;   // position: TrackList::Reposition
+    double fadeIn = -1, fadeOut = -1;  // the automatic ones; -1: none
+    double fadeInDir = 0, fadeOutDir = 0;
+    double mute = 0, lock = 0, colour = 0;
     bool selected = false;  // TrackList::Select
     int activeTake = 0;
     std::vector<Box<Take>> takes;  // none: an item without a take
-    std::string label;             // the name of an item without a take
 
     Track* track = nullptr;  // whose it is
     uint64_t guid = 0;       // the same item before and after an undo
     Identity identity;
 
     double End() const { return position + length; }
-    simhost::Fades Fades() const { return {length, FadeIn(), FadeOut()}; }
-    double FadeIn() const { return autoFadeIn >= 0 ? autoFadeIn : fadeIn; }  // the one that counts
-    double FadeOut() const { return autoFadeOut >= 0 ? autoFadeOut : fadeOut; }
+    simhost::Fades Fades() const { return {length, fadeIn, fadeOut}; }
     Take* Active();  // null without a take
     const Take* Active() const;
-    const std::string& Name() const;  // the active take's, or the label
+    std::string Name() const;  // the active take's
 };
 
 struct Track {

@@ -4,25 +4,23 @@
 
 namespace simhost {
 
-int api::AddRemoveReaScript(bool add, int, const char* path, bool) {
-    return Host::Current().AddRemoveScript(add, path ? path : "");
-}
-
-int Host::AddRemoveScript(bool add, const std::string& path) {
-    for (auto script = scripts.begin(); script != scripts.end(); ++script)
-        if (script->path == path) {
-            const int number = script->number;
-            if (!add) scripts.erase(script);
-            return number;
-        }
-    if (!add) {
-        Violate("the script " + path + " is not in the action list");
-        return 0;
+// The command number; 0 when the file cannot be read, or is to be removed and was never added.
+int api::AddRemoveReaScript(bool add, int, const char* file, bool) {
+    Host& host = Host::Current();
+    std::vector<Script>& scripts = host.scripts.added;
+    const std::string path = file ? file : "";
+    const auto script =
+        std::find_if(scripts.begin(), scripts.end(), [&path](const Script& s) { return s.path == path; });
+    if (script != scripts.end()) {
+        const int number = script->number;
+        if (!add) scripts.erase(script);
+        return number;
     }
+    if (!add) host.Violate("the script " + path + " is not in the action list");
     std::string text;
-    if (!ReadTextFile(path, text)) return 0;
-    scripts.push_back({++lastNumber_, path, text});
-    return lastNumber_;
+    if (!add || !ReadTextFile(path, text)) return 0;
+    scripts.push_back({++host.actions.lastNumber, path, text});
+    return host.actions.lastNumber;
 }
 
 }  // namespace simhost

@@ -13,7 +13,7 @@ double api::GetCursorPosition() {
 void api::SetEditCurPos(double seconds, bool, bool seekPlay) {
     Host& host = Host::Current();
     host.project.cursor = std::max(0.0, seconds);
-    if (seekPlay && host.playState & 1) host.playPosition = host.project.cursor;
+    if (seekPlay && host.transport.state & Transport::Playing) host.transport.position = host.project.cursor;
 }
 
 static void GetSetRange(bool set, TimeRange& range, double* start, double* end) {
@@ -47,7 +47,7 @@ double api::GetSetProjectInfo(ReaProject* project, const char* key, double value
         return 0.0;
     }
     // Two names for one setting: as a number here, and as a place in memory through projectconfig_var_addr.
-    std::vector<char>& resample = host.projectConfigVars[ResampleSetting];
+    std::vector<char>& resample = host.settings.project[ResampleSetting];
     if (found->first == "RENDER_RESAMPLEMODE" && resample.size() == sizeof(int)) {
         int mode = value >= -2147483648.0 && value <= 2147483647.0 ? static_cast<int>(value) : 0;
         if (set) std::memcpy(resample.data(), &mode, sizeof mode);
@@ -82,23 +82,23 @@ ReaProject* api::EnumProjects(int index, char* path, int pathSize) {
 }
 
 void* api::get_config_var(const char* name, int* size) {
-    Host& host = Host::Current();
-    const auto found = host.configVars.find(name ? name : "");
-    const bool known = found != host.configVars.end();
+    auto& settings = Host::Current().settings.host;
+    const auto found = settings.find(name ? name : "");
+    const bool known = found != settings.end();
     if (size) *size = known ? static_cast<int>(found->second.size()) : 0;
     return known ? found->second.data() : nullptr;
 }
 
-int Host::ConfigInt(const std::string& name) const {
-    const auto found = configVars.find(name);
+int Settings::Number(const std::string& name) const {
+    const auto found = host.find(name);
     int value = 0;
-    if (found != configVars.end() && found->second.size() == sizeof value)
+    if (found != host.end() && found->second.size() == sizeof value)
         std::memcpy(&value, found->second.data(), sizeof value);
     return value;
 }
 
-void Host::SetConfigInt(const std::string& name, int value) {
-    std::vector<char>& bytes = configVars[name];
+void Settings::SetNumber(const std::string& name, int value) {
+    std::vector<char>& bytes = host[name];
     bytes.resize(sizeof value);
     std::memcpy(bytes.data(), &value, sizeof value);
 }
@@ -110,7 +110,7 @@ void* api::projectconfig_var_addr(ReaProject* project, int offset) {
     Host& host = Host::Current();
     if (!host.Know(project)) return nullptr;
     int at = FirstOffset;
-    for (auto& [name, bytes] : host.projectConfigVars) {
+    for (auto& [name, bytes] : host.settings.project) {
         if (at == offset) return bytes.data();
         at += OffsetStep;
     }
@@ -120,7 +120,7 @@ void* api::projectconfig_var_addr(ReaProject* project, int offset) {
 
 int api::projectconfig_var_getoffs(const char* name, int* size) {
     int at = FirstOffset;
-    for (const auto& [known, bytes] : Host::Current().projectConfigVars) {
+    for (const auto& [known, bytes] : Host::Current().settings.project) {
         if (name && known == name) {
             if (size) *size = static_cast<int>(bytes.size());
             return at;
@@ -140,7 +140,7 @@ HWND api::GetMainHwnd() {
 }
 
 const char* api::GetOS() {
-    return Host::Current().os.c_str();
+    return "Win64";
 }
 
 const char* api::GetResourcePath() {

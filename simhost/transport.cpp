@@ -1,4 +1,4 @@
-// Playing and recording. Time passes only in Elapse.
+// Playing and recording.
 #include <cmath>
 
 #include "simhost/actions.h"
@@ -6,75 +6,76 @@
 
 namespace simhost {
 
-static constexpr int Playing = 1, Paused = 2, Recording = 4;
-
 int api::GetPlayState() {
-    return Host::Current().playState;
+    return Host::Current().transport.state;
 }
 
-void Host::Elapse(double seconds) {
-    if (playState & Playing) playPosition += seconds;
+void Transport::Elapse(double seconds) {
+    if (state & Playing) position += seconds;
 }
 
 // Each armed track gets what was recorded, unless the user is asked and says no.
 static void KeepRecording(Host& host) {
-    const double length = host.playPosition - host.recordStart;
-    if (!(length > 0)) return;
-    if (host.ConfigInt("promptendrec") != 0 && api::ShowMessageBox("Save recorded media?", "Recording", 4) != 6) return;
-    host.BeginBlock();
+    const double start = host.transport.recordStart, end = host.transport.position;
+    if (!(end > start)) return;
+    if (host.settings.Number("promptendrec") != 0 && api::ShowMessageBox("Save recorded media?", "Recording", 4) != 6)
+        return;
+    host.undo.Begin();
     for (int i = 0; i < host.project.tracks.Count(); ++i) {
         Track& track = *host.project.tracks.At(i);
         if (track.armed == 0) continue;
-        SourceRef source = host.recordingSource;
-        if (!source) source = Sine(48000, 2, std::llround(length * 48000), 440, 0.25);
-        host.project.tracks.Add(track, MakeItem("rec", host.recordStart, host.playPosition, source));
+        SourceRef source = host.transport.recorded;
+        if (!source) source = Sine(48000, 2, std::llround((end - start) * 48000), 440, 0.25);
+        host.project.tracks.Add(track, MakeItem("rec", start, end, source));
     }
-    host.EndBlock("Recorded media");
+    host.undo.End("Recorded media");
 }
 
 void Stop(Host& host) {
-    const bool recorded = host.playState & Recording;
-    host.playState = 0;
+    const bool recorded = host.transport.state & Transport::Recording;
+    host.transport.state = 0;
     if (recorded) KeepRecording(host);
 }
 
 static void Start(Host& host, int state) {
-    host.playState = state;
-    host.playPosition = host.recordStart = host.project.cursor;
+    host.transport.state = state;
+    host.transport.position = host.transport.recordStart = host.project.cursor;
 }
 
 void Play(Host& host) {
-    if (host.playState & Paused)
-        host.playState = (host.playState & ~Paused) | Playing;
-    else if (!(host.playState & Playing))
-        Start(host, Playing);
+    int& state = host.transport.state;
+    if (state & Transport::Paused)
+        state = (state & ~Transport::Paused) | Transport::Playing;
+    else if (!(state & Transport::Playing))
+        Start(host, Transport::Playing);
 }
 
 void Record(Host& host) {
-    if (host.playState & Recording)
+    if (host.transport.state & Transport::Recording)
         Stop(host);
     else
-        Start(host, Playing | Recording);
+        Start(host, Transport::Playing | Transport::Recording);
 }
 
 void PlayPause(Host& host) {
-    if (host.playState & Playing)
-        host.playState = (host.playState & ~Playing) | Paused;
+    int& state = host.transport.state;
+    if (state & Transport::Playing)
+        state = (state & ~Transport::Playing) | Transport::Paused;
     else
         Play(host);
 }
 
 void PlayStop(Host& host) {
-    if (host.playState & Playing)
+    if (host.transport.state & Transport::Playing)
         Stop(host);
     else
         Play(host);
 }
 
 void PlayStopMovingCursor(Host& host) {
-    const bool stops = host.playState & Playing;
+    const bool stops = host.transport.state & Transport::Playing;
     PlayStop(host);
-    if (stops) host.project.cursor = host.playPosition;
+    if (stops) host.project.cursor = host.transport.position;
 }
 
 }  // namespace simhost

@@ -1,7 +1,5 @@
-// Undo by snapshots of the whole project. A point holds the project as its block left it; undoing goes back to what the
-// point below holds. So an edit made outside any block belongs to the next point, and goes when that goes. A block that
-// changed nothing makes a point too. A block within a block belongs to the outer one, whose title counts.
-// Then the calls that refresh the screen.
+#include "simhost/undo.h"
+
 #include <unordered_map>
 #include <unordered_set>
 
@@ -9,52 +7,53 @@
 
 namespace simhost {
 
-void Host::StartHistory() {
-    base_ = project;
+void Undo::Start() {
+    base_ = host_.project;
     points_.clear();
     top_ = 0;
 }
 
-void Host::BeginBlock() {
-    if (blockDepth_++ == 0 && !base_) base_ = project;
+void Undo::Begin() {
+    if (depth_++ == 0 && !base_) base_ = host_.project;
 }
 
-void Host::EndBlock(const std::string& title) {
-    if (blockDepth_ == 0) return Violate("no undo block is open to be closed as \"" + title + '"');
-    if (--blockDepth_ > 0) return;
-    project.tracks.Sort();
+void Undo::End(const std::string& title) {
+    if (depth_ == 0) return host_.Violate("no undo block is open to be closed as \"" + title + '"');
+    if (--depth_ > 0) return;
+    host_.project.tracks.Sort();
     points_.resize(top_);
-    points_.push_back({title, project});
-    while (points_.size() > static_cast<size_t>(preferences.undoPoints)) {
+    points_.push_back({title, host_.project});
+    while (points_.size() > static_cast<size_t>(host_.preferences.undoPoints)) {
         base_ = std::move(points_.front().after);
         points_.pop_front();
     }
     top_ = points_.size();
 }
 
-bool Host::Undo() {
-    if (blockDepth_ > 0) Violate("undo while an undo block is open");
-    if (top_ == 0 || blockDepth_ > 0) return false;
+bool Undo::Back() {
+    if (depth_ > 0) host_.Violate("undo while an undo block is open");
+    if (top_ == 0 || depth_ > 0) return false;
     --top_;
     Restore(top_ == 0 ? *base_ : points_[top_ - 1].after);
     return true;
 }
 
-bool Host::Redo() {
-    if (top_ == points_.size() || blockDepth_ > 0) return false;
+bool Undo::Redo() {
+    if (top_ == points_.size() || depth_ > 0) return false;
     Restore(points_[top_++].after);
     return true;
 }
 
 // Items come back under new handles; a track that was there before keeps its own.
-void Host::Restore(const Project& to) {
+void Undo::Restore(const Project& to) {
+    Project& project = host_.project;
     TrackList tracks = to.tracks;
     std::unordered_map<uint64_t, Track*> before;
     for (int i = 0; i < project.tracks.Count(); ++i) before[project.tracks.At(i)->guid] = project.tracks.At(i);
     for (int i = 0; i < tracks.Count(); ++i)
         if (const auto old = before.find(tracks.At(i)->guid); old != before.end())
-            tracks.At(i)->identity.Take(old->second->identity, tracks.At(i));
-    if (!preferences.undoRestoresSelection) {
+            tracks.At(i)->identity.Inherit(old->second->identity, tracks.At(i));
+    if (!host_.preferences.undoRestoresSelection) {
         std::unordered_set<uint64_t> selected;
         for (const Item* item : project.tracks.Selected()) selected.insert(item->guid);
         for (Item* item : tracks.Items()) tracks.Select(*item, selected.contains(item->guid));
@@ -63,15 +62,15 @@ void Host::Restore(const Project& to) {
     project.markers = to.markers;
 }
 
-const char* Host::UndoTitle() const {
+const char* Undo::Title() const {
     return top_ > 0 ? points_[top_ - 1].title.c_str() : nullptr;
 }
 
-const char* Host::RedoTitle() const {
+const char* Undo::RedoTitle() const {
     return top_ < points_.size() ? points_[top_].title.c_str() : nullptr;
 }
 
-std::vector<std::string> Host::UndoHistory() const {
+std::vector<std::string> Undo::Titles() const {
     std::vector<std::string> history;
     for (size_t i = 0; i < top_; ++i) history.push_back(points_[i].title);
     return history;
@@ -79,30 +78,30 @@ std::vector<std::string> Host::UndoHistory() const {
 
 void api::Undo_BeginBlock2(ReaProject* project) {
     Host& host = Host::Current();
-    if (host.Know(project)) host.BeginBlock();
+    if (host.Know(project)) host.undo.Begin();
 }
 
 void api::Undo_EndBlock2(ReaProject* project, const char* title, int flags) {
     Host& host = Host::Current();
     if (!title || !*title) host.Violate("an undo block without a title");
     if (flags != -1) host.Violate("an undo block that holds only some of the changes");
-    if (host.Know(project)) host.EndBlock(title ? title : "");
+    if (host.Know(project)) host.undo.End(title ? title : "");
 }
 
 const char* api::Undo_CanUndo2(ReaProject* project) {
     Host& host = Host::Current();
-    return host.Know(project) ? host.UndoTitle() : nullptr;
+    return host.Know(project) ? host.undo.Title() : nullptr;
 }
 
 int api::Undo_DoUndo2(ReaProject* project) {
     Host& host = Host::Current();
-    return host.Know(project) && host.Undo();
+    return host.Know(project) && host.undo.Back();
 }
 
 void api::PreventUIRefresh(int delta) {
     Host& host = Host::Current();
-    host.refreshHeldOff += delta;
-    if (host.refreshHeldOff < 0) host.Violate("the refresh is released more often than it was held off");
+    host.screen.heldOff += delta;
+    if (host.screen.heldOff < 0) host.Violate("the refresh is released more often than it was held off");
 }
 
 void api::UpdateArrange() {

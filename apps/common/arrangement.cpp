@@ -124,7 +124,7 @@ std::vector<Peak> Peaks(const Item& item, const Take* take, double from, double 
             peaks[i].low = std::min(peaks[i].low, *low);
             peaks[i].high = std::max(peaks[i].high, *high);
         }
-        const double factor = item.Fades().At(start + step / 2) * item.volume * take->volume;
+        const double factor = item.Fades().At(start + step / 2);
         peaks[i] = {peaks[i].low * factor, peaks[i].high * factor};
     }
     return peaks;
@@ -160,7 +160,7 @@ void PaintTake(const Canvas& c, const Item& item, const Take* take, RECT place, 
         c.Fill(left + i, y(peaks[i].high), 1, y(peaks[i].low) - y(peaks[i].high) + 1, wave, 0.9f * strength);
     if (take && take->volumeEnvelope) c.Fill(left, y(0.5), width, 2, EnvelopeColour, strength);
     if (title && width > 24)
-        Write(c, BaseName(take ? take->name : item.label), {left + 5, top + 1, place.right - 3, top + title}, text, 11);
+        Write(c, BaseName(take ? take->name : ""), {left + 5, top + 1, place.right - 3, top + title}, text, 11);
 }
 
 void PaintItem(const Canvas& c, const Item& item, int top, int height) {
@@ -174,8 +174,8 @@ void PaintItem(const Canvas& c, const Item& item, int top, int height) {
         const RECT place = {left, top + height * i / lanes, left + width, top + height * (i + 1) / lanes};
         PaintTake(c, item, active ? item.Active() : &*item.takes[i], place, active ? strength : 0.5f * strength);
     }
-    PaintFade(c, item.position, item.position + item.FadeIn(), top, top + height - 1);
-    PaintFade(c, item.End(), item.End() - item.FadeOut(), top, top + height - 1);
+    PaintFade(c, item.position, item.position + std::max(0.0, item.fadeIn), top, top + height - 1);
+    PaintFade(c, item.End(), item.End() - std::max(0.0, item.fadeOut), top, top + height - 1);
     // Of an item that is only a sliver, its edges would be all that one sees.
     const bool sliver = width < 4;
     if (item.selected && sliver) c.Fill(left, top, width, 2, BrightText);

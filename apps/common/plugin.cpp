@@ -5,7 +5,7 @@ bool Plugin::Load(simhost::Host& host, std::string* error) {
     entry_ = FindEntry(&module, error);
     if (!entry_) return false;
     if (entry_(module, host.Record()) == 1)
-        autoSplit = reinterpret_cast<decltype(autoSplit)>(host.ApiFunction("Quilmo_AutoSplit"));
+        autoSplit = reinterpret_cast<decltype(autoSplit)>(host.extension.Function("Quilmo_AutoSplit"));
     if (!autoSplit) *error = "o modulo recusou o host, ou nao registrou Quilmo_AutoSplit";
     return autoSplit;
 }

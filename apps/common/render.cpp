@@ -17,7 +17,7 @@ static bool Write(const simhost::Project& project, const RenderedFile& file, std
 }
 
 void RenderToFiles(simhost::Host& host) {
-    host.onAction[acao::RenderizarProjeto] = host.onAction[acao::RenderizarComUltimas] = [&host] {
+    host.actions.outside[acao::RenderizarProjeto] = host.actions.outside[acao::RenderizarComUltimas] = [&host] {
         std::string error;
         for (const RenderedFile& file : FilesToRender(host.project))
             if (!Write(host.project, file, &error)) return host.Violate("the render failed: " + error);

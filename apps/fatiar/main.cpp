@@ -54,9 +54,9 @@ static std::vector<Result> Slice(simhost::Host& host, const Options& options) {
     Expect(plugin.Load(host, &error), error);
     {
         Progress progress("lendo", total);
-        host.onRead = [&progress](int64_t frames) { progress.Advance(frames); };
+        host.calls.onRead = [&progress](int64_t frames) { progress.Advance(frames); };
         plugin.autoSplit(options.closeGaps, options.blockMs, options.thresholdDb);
-        host.onRead = nullptr;
+        host.calls.onRead = nullptr;
     }
     ExpectNoMisuse(host);
     std::vector<Result> results;

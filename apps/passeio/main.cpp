@@ -66,7 +66,7 @@ class Walk {
     template <class Deed>
     void CutAnew(const char* step, Deed deed);
     void TellPieces(const char* step);
-    bool InPreview() const { return host_.UndoTitle() && host_.UndoTitle() == std::string("Fatiador Preview"); }
+    bool InPreview() const { return host_.undo.Title() && host_.undo.Title() == std::string("Fatiador Preview"); }
 
     const fs::path folder_, home_;
     simhost::Host host_;
@@ -122,7 +122,8 @@ void Walk::OpenPanel() {
 
 void Walk::Slice() {
     user_.Click("AUTO FATIADOR");
-    Expect(host_.messages.empty(), host_.messages.empty() ? "" : "o painel recusou: " + host_.messages[0].text);
+    Expect(host_.dialogs.messages.empty(),
+           host_.dialogs.messages.empty() ? "" : "o painel recusou: " + host_.dialogs.messages[0].text);
     Expect(InPreview(), "AUTO FATIADOR nao fatiou");
     TellPieces("AUTO FATIADOR (-37 dB)");
     Photograph("fatiador.png");
@@ -130,9 +131,9 @@ void Walk::Slice() {
 
 template <class Deed>
 void Walk::CutAnew(const char* step, Deed deed) {
-    const int64_t undone = host_.CallCount("Undo_DoUndo2");
+    const int64_t undone = host_.calls.Count("Undo_DoUndo2");
     deed();
-    Expect(host_.CallCount("Undo_DoUndo2") == undone + 1 && InPreview(), std::string(step) + " nao fatiou de novo");
+    Expect(host_.calls.Count("Undo_DoUndo2") == undone + 1 && InPreview(), std::string(step) + " nao fatiou de novo");
     TellPieces(step);
 }
 

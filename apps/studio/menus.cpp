@@ -10,10 +10,10 @@ namespace {
 constexpr int FirstCommand = 100, FirstRegistered = 1000;  // the entries' numbers: the studio's, the extensions'
 
 void Undo(StudioWindow& studio) {
-    studio.Host().Undo();
+    studio.Host().undo.Back();
 }
 void Redo(StudioWindow& studio) {
-    studio.Host().Redo();
+    studio.Host().undo.Redo();
 }
 
 constexpr struct Command {
@@ -69,7 +69,7 @@ void Menus::Build() {
     }
     menu = CreatePopupMenu();
     number = FirstRegistered;
-    for (const simhost::Registration& r : studio_.Host().registrations) {
+    for (const simhost::Registration& r : studio_.Host().extension.registrations) {
         if (r.name == "gaccel") {
             const auto& [accel, text] = *static_cast<gaccel_register_t*>(r.info);
             const std::string entry = std::string(text) + '\t' + static_cast<char>(accel.key);
@@ -94,8 +94,8 @@ void Menus::NameUndo() {
         const UINT flags = MF_BYCOMMAND | (title ? MF_ENABLED : MF_GRAYED);
         ModifyMenuA(GetMenu(studio_.Host().mainWindow), number, flags, number, text.c_str());
     };
-    name("Desfazer", studio_.Host().UndoTitle(), "Ctrl+Z", NumberOf(Undo));
-    name("Refazer", studio_.Host().RedoTitle(), "Ctrl+Y", NumberOf(Redo));
+    name("Desfazer", studio_.Host().undo.Title(), "Ctrl+Z", NumberOf(Undo));
+    name("Refazer", studio_.Host().undo.RedoTitle(), "Ctrl+Y", NumberOf(Redo));
 }
 
 bool Menus::TakeKey(MSG& message) {
@@ -105,8 +105,9 @@ bool Menus::TakeKey(MSG& message) {
 void Menus::Run(int number) {
     simhost::Host& host = studio_.Host();
     if (number >= FirstRegistered) {
-        const auto& accelerator = *static_cast<gaccel_register_t*>(host.registrations[number - FirstRegistered].info);
-        for (const simhost::Registration& r : host.registrations)
+        const auto& accelerator =
+            *static_cast<gaccel_register_t*>(host.extension.registrations[number - FirstRegistered].info);
+        for (const simhost::Registration& r : host.extension.registrations)
             if (r.name == "command_id" && static_cast<WORD>(r.number) == accelerator.accel.cmd)
                 return host.RunAction(r.number);
     } else if (number >= FirstCommand) {

@@ -1,6 +1,7 @@
 #include "apps/studio/render.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 
@@ -9,7 +10,6 @@
 #include "apps/studio/dialogs.h"
 #include "apps/studio/wave_file.h"
 #include "host/actions.h"
-#include "simhost/picture.h"
 // Needs windows.h first.
 #include <shellapi.h>
 
@@ -26,14 +26,14 @@ void Render(simhost::Host& host) {
     for (const RenderedFile& file : files) {
         std::string error = "'" + file.path + "' nao pode ser gravado: este programa nao grava MP3";
         if (file.kind != RenderKind::Wav || !WriteWaveFile(file.path, host.project, file.range, &error)) {
-            host.onMessage(error, Title, MB_ICONWARNING);
+            host.dialogs.onMessage(error, Title, MB_ICONWARNING);
             return;
         }
     }
     std::string done;
     for (size_t i = 0; i < files.size() && i < MostNames; ++i) done += '\n' + files[i].path;
     if (files.size() > MostNames) done += "\n...";
-    host.onMessage("Gravado:" + done, Title, MB_ICONINFORMATION);
+    host.dialogs.onMessage("Gravado:" + done, Title, MB_ICONINFORMATION);
 }
 
 void AskSettings(simhost::Project& project) {
@@ -41,8 +41,8 @@ void AskSettings(simhost::Project& project) {
     double &rate = project.numbers["RENDER_SRATE"], &channels = project.numbers["RENDER_CHANNELS"];
     std::vector<Field> fields = {{"Pasta", folder},
                                  {"Nome ($region)", pattern},
-                                 {"Taxa (Hz; 0: 44100)", simhost::Number(rate)},
-                                 {"Canais (0: 2)", simhost::Number(channels)}};
+                                 {"Taxa (Hz; 0: 44100)", std::to_string(std::lround(rate))},
+                                 {"Canais (0: 2)", std::to_string(std::lround(channels))}};
     if (!AskFields(Title, fields)) return;
     folder = fields[0].value;
     pattern = fields[1].value;
@@ -59,7 +59,7 @@ void ShowFolder(const simhost::Host& host) {
     if (std::filesystem::is_directory(Wide(folder), unknown))
         ShellExecuteW(host.mainWindow, L"explore", Wide(folder).c_str(), nullptr, nullptr, SW_SHOW);
     else
-        host.onMessage("Nada foi gravado ainda.", Title, MB_ICONINFORMATION);
+        host.dialogs.onMessage("Nada foi gravado ainda.", Title, MB_ICONINFORMATION);
 }
 
 }  // namespace
@@ -73,7 +73,8 @@ void RenderBeside(simhost::Project& project, const std::string& recording, const
 }
 
 void AnswerRenderActions(simhost::Host& host) {
-    host.onAction[acao::RenderizarProjeto] = host.onAction[acao::RenderizarComUltimas] = [&host] { Render(host); };
-    host.onAction[acao::AbrirConfigRender] = [&host] { AskSettings(host.project); };
-    host.onAction[acao::AbrirPastaDoRender] = [&host] { ShowFolder(host); };
+    host.actions.outside[acao::RenderizarProjeto] =
+        host.actions.outside[acao::RenderizarComUltimas] = [&host] { Render(host); };
+    host.actions.outside[acao::AbrirConfigRender] = [&host] { AskSettings(host.project); };
+    host.actions.outside[acao::AbrirPastaDoRender] = [&host] { ShowFolder(host); };
 }

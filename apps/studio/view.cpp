@@ -16,8 +16,8 @@ double View::Seconds() const {
 ArrangementLayout View::Layout() const {
     ArrangementLayout layout;
     layout.columnFrames = 4096;  // an hour of sound has to be painted while the wheel turns
-    layout.laneHeight = host_.laneHeight;
-    layout.takesInLanes = host_.toggles[acao::AlternarTakesEmPistas] != 0;
+    layout.laneHeight = host_.screen.laneHeight;
+    layout.takesInLanes = host_.actions.toggles[acao::AlternarTakesEmPistas] != 0;
     // Tracks may have gone since the user scrolled.
     layout.scrolled = std::clamp(scrolled_, 0, std::max(0, ArrangementHeight(host_.project, layout) - height_));
     return layout;

@@ -32,13 +32,13 @@ StudioWindow::StudioWindow(const std::string& resourceFolder) {
     if (!window_) throw std::runtime_error("o sistema nao deu uma janela");
     host_.mainWindow = window_;
     host_.resourcePath = resourceFolder;
-    host_.onMessage = ShowMessage;
-    host_.onInput = AskInputs;
-    host_.scriptRunner = [](const simhost::Script&) {
+    host_.dialogs.onMessage = ShowMessage;
+    host_.dialogs.onInput = AskInputs;
+    host_.scripts.runner = [](const simhost::Script&) {
         ShowMessage("A exportacao roda um script Lua, que este programa nao sabe rodar no Windows.", Title,
                     MB_ICONINFORMATION);
     };
-    host_.onAction[acao::AlternarMediaExplorer] = [this] { Choose(); };  // the media explorer
+    host_.actions.outside[acao::AlternarMediaExplorer] = [this] { Choose(); };  // the media explorer
     AnswerRenderActions(host_);
     menus_.Build();
     ShowWindow(window_, SW_SHOW);
@@ -64,14 +64,14 @@ void StudioWindow::Open(const std::string& path) {
         return;
     }
     const std::string file = path.substr(path.find_last_of("\\/") + 1), name = file.substr(0, file.find_last_of('.'));
-    host_.BeginBlock();
+    host_.undo.Begin();
     host_.project.tracks.SelectAll(false);
     simhost::Track& track = AddTrack(host_.project, name);
     simhost::Item item = simhost::MakeItem(name, 0, source->Length(), source);
     item.selected = true;
     host_.project.tracks.Add(track, std::move(item));
     SelectTrack(&track, false);
-    host_.EndBlock("Abrir " + file);
+    host_.undo.End("Abrir " + file);
     RenderBeside(host_.project, path, *source);
     view_.ScrollDownTo(ArrangementHeight(host_.project, view_.Layout()));  // the new track's place
     ShowAll();
@@ -130,27 +130,28 @@ void StudioWindow::Tick() {
     const ULONGLONG now = GetTickCount64();
     Transport(static_cast<double>(now - lastTick_) / 1000);
     lastTick_ = now;
-    if (host_.changes != shown_) Refresh();
+    if (host_.screen.changes != shown_) Refresh();
 }
 
 void StudioWindow::Transport(double seconds) {
-    if (!(host_.playState & 1)) {
+    if (!(host_.transport.state & 1)) {
         if (heardAt_ >= 0) player_.Stop();
         heardAt_ = -1;
         return;
     }
-    if (host_.playPosition != heardAt_) player_.Start(host_.playPosition);  // it began, or somebody moved it
-    host_.Elapse(heardAt_ < 0 ? 0 : seconds);
-    heardAt_ = host_.playPosition;
+    if (host_.transport.position != heardAt_)
+        player_.Start(host_.transport.position);  // it began, or somebody moved it
+    host_.transport.Elapse(heardAt_ < 0 ? 0 : seconds);
+    heardAt_ = host_.transport.position;
     player_.Feed(host_.project);
     if (view_.Follow(heardAt_)) Stale();
-    if (!(host_.playState & 4) && heardAt_ > ProjectEnd(host_.project)) host_.RunAction(acao::Parar);
+    if (!(host_.transport.state & 4) && heardAt_ > ProjectEnd(host_.project)) host_.RunAction(acao::Parar);
     InvalidateRect(window_, nullptr, FALSE);
 }
 
 void StudioWindow::Refresh() {
     if (!window_) return;
-    shown_ = host_.changes;
+    shown_ = host_.screen.changes;
     view_.ScrollTo(host_.project.view.start);  // holds the view to what can be painted
     const simhost::TimeRange view = host_.project.view;
     const ArrangementLayout layout = view_.Layout();
@@ -175,18 +176,19 @@ void StudioWindow::Paint() {
     PAINTSTRUCT paint;
     const HDC dc = BeginPaint(window_, &paint);
     BitBlt(dc, 0, 0, picture_.getWidth(), picture_.getHeight(), picture_.getDC(), 0, 0, SRCCOPY);
-    const int column = view_.ColumnOf(host_.playPosition);
+    const int column = view_.ColumnOf(host_.transport.position);
     const auto fill = [dc](RECT place, COLORREF colour) {
         SetDCBrushColor(dc, colour);
         FillRect(dc, &place, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     };
     const RECT lanes{0, view_.Layout().rulerHeight, picture_.getWidth(), picture_.getHeight()};
-    if (host_.playState & 4)
+    if (host_.transport.state & 4)
         for (int i = 0; const simhost::Track* track = host_.project.tracks.At(i); ++i) {
-            RECT place = view_.PlaceOf(*track, host_.recordStart, host_.playPosition);
+            RECT place = view_.PlaceOf(*track, host_.transport.recordStart, host_.transport.position);
             if (track->armed && IntersectRect(&place, &place, &lanes)) fill(place, RecordColour);
         }
-    if (host_.playState && !view_.InHeader(column)) fill({column, 0, column + 1, picture_.getHeight()}, PlayColour);
+    if (host_.transport.state && !view_.InHeader(column))
+        fill({column, 0, column + 1, picture_.getHeight()}, PlayColour);
     if (host_.project.tracks.Count() == 0) {
         SetBkMode(dc, TRANSPARENT);
         SetTextColor(dc, HintColour);

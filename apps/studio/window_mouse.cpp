@@ -56,9 +56,9 @@ void StudioWindow::SelectTrack(simhost::Track* track, bool adding) {
 
 void StudioWindow::ChooseTake(simhost::Item& item, int take) {
     if (take == item.activeTake) return;
-    host_.BeginBlock();
+    host_.undo.Begin();
     item.activeTake = take;
-    host_.EndBlock("Escolher tomada");
+    host_.undo.End("Escolher tomada");
 }
 
 void StudioWindow::Drag(POINT at) {
@@ -85,7 +85,7 @@ void StudioWindow::Release(POINT at, bool adding) {
     }
     if (!adding) {
         host_.project.cursor = view_.TimeAt(at.x);
-        if (host_.playState & 1) host_.playPosition = host_.project.cursor;
+        if (host_.transport.state & 1) host_.transport.position = host_.project.cursor;
     }
     Stale();
 }

@@ -134,7 +134,7 @@ static constexpr struct {
 // What extensions registered stands beside the host's own calls.
 static void OfferRegistered(Host& host, lua_State* l) {
     const std::string prefix = "APIdef_";
-    for (const Registration& r : host.registrations) {
+    for (const Registration& r : host.extension.registrations) {
         if (!r.name.starts_with(prefix)) continue;
         const std::string name = r.name.substr(prefix.size());
         const auto* result = static_cast<const char*>(r.info);
@@ -142,18 +142,18 @@ static void OfferRegistered(Host& host, lua_State* l) {
         const auto shape = std::find_if(std::begin(Shapes), std::end(Shapes), [&](const auto& s) {
             return !std::strcmp(s.result, result) && !std::strcmp(s.arguments, arguments);
         });
-        if (shape == std::end(Shapes) || !host.ApiFunction(name)) {
+        if (shape == std::end(Shapes) || !host.extension.Function(name)) {
             host.Violate(name + ": scripts cannot call it by its definition");
             continue;
         }
-        lua_pushlightuserdata(l, host.ApiFunction(name));
+        lua_pushlightuserdata(l, host.extension.Function(name));
         lua_pushcclosure(l, shape->call, 1);
         lua_setfield(l, -2, name.c_str());
     }
 }
 
 void RunScriptsWithLua(Host& host) {
-    host.scriptRunner = [&host](const Script& script) {
+    host.scripts.runner = [&host](const Script& script) {
         lua_State* l = luaL_newstate();
         luaL_openlibs(l);
         luaL_newlib(l, Calls);

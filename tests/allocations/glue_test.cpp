@@ -6,9 +6,9 @@
 
 TEST_F(Cena, ColarMeiaHoraNaoAGuarda) {
     constexpr int taxa = 8000, segundos = 1800;
-    std::vector<simhost::Segment> fala;
+    std::vector<Segment> fala;
     for (int i = 0; i < segundos; ++i) fala.insert(fala.end(), {{taxa * 7 / 10, 0.5}, {taxa * 3 / 10, 0.0}});
-    Faixa("Voz", {{"fala", 0, segundos, simhost::Bursts(taxa, 1, fala)}});
+    Faixa("Voz", {{"fala", 0, segundos, Bursts(taxa, 1, fala)}});
     const int64_t antes = BytesAllocated();
     for (const bool fechar : {false, true}) {
         host.project.tracks.SelectAll(true);

@@ -28,7 +28,7 @@ TEST_F(SemAlocar, NenhumPasseAlocaDepoisDoPrimeiro) {
     Selecionar({"A", "B"});
     Abrir();
     EXPECT_EQ(AlocacoesDeUmPasseio(), 0) << "main page";
-    host.playState = 1;
+    host.transport.state = 1;
     EXPECT_EQ(AlocacoesDeUmPasseio(), 0) << "main page, playing";
     ModoFatiadorAtivo = true;
     EXPECT_EQ(AlocacoesDeUmPasseio(), 0) << "slicer page";

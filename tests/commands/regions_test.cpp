@@ -31,9 +31,9 @@ TEST_F(Regioes, CriaDaSelecaoELimpaAsSelecoes) {
            {{"Voz: a 1-2 * | b 3-5 *", "Voz: a 1-2 | b 3-5 [R1 Refrao 1-5]"}});
     Contar(CriarOuRenomearRegiao, "Criar Regiao", {{"Voz: a 1-2 * {time 4-8}", "Voz: a 1-2 [R1 4-8]"}});
     Contar(CriarOuRenomearRegiao, "", {{"Voz: a 1-2 *"}});
-    ASSERT_EQ(host.inputs.size(), 1u);
-    EXPECT_EQ(host.inputs[0].title, "Nova Regiao");
-    EXPECT_EQ(host.inputs[0].captions, "Nome da regiao:,extrawidth=220");
+    ASSERT_EQ(host.dialogs.inputs.size(), 1u);
+    EXPECT_EQ(host.dialogs.inputs[0].title, "Nova Regiao");
+    EXPECT_EQ(host.dialogs.inputs[0].captions, "Nome da regiao:,extrawidth=220");
 }
 
 TEST_F(Regioes, RenomeiaADoCursorESoONome) {
@@ -45,11 +45,11 @@ TEST_F(Regioes, RenomeiaADoCursorESoONome) {
     CriarOuRenomearRegiao();
     EXPECT_EQ(RetratoCompleto(), "Voz: a 1-2 * [R1 Novo nome 2-6 #030201] {cursor 3}");
     EXPECT_EQ(Historico(), "Renomear Regiao");
-    EXPECT_EQ(host.inputs.at(1).before, "Velho");
+    EXPECT_EQ(host.dialogs.inputs.at(1).before, "Velho");
     host.project.markers[0].name = std::string(2000, 'x');  // longer than the dialog's text
     CancelarTexto();
     CriarOuRenomearRegiao();
-    EXPECT_EQ(host.inputs.at(2).before, std::string(511, 'x'));
+    EXPECT_EQ(host.dialogs.inputs.at(2).before, std::string(511, 'x'));
 }
 
 TEST_F(Regioes, ApagaUmaSoOuTodasENenhumMarcador) {
@@ -64,7 +64,7 @@ TEST_F(Regioes, ApagaUmaSoOuTodasENenhumMarcador) {
     for (const int resposta : {7, 6, 6}) ResponderMensagem(resposta);
     Contar(LimparRegioes, "", {{todas, nullptr, pergunta}});
     Contar(LimparRegioes, "Limpar Todas as Regioes", {{todas, "[M1 m 3] [M2 n 7]", pergunta}});
-    host.FailFrom("DeleteProjectMarker", 2);  // a host that keeps a region must not hold the command for ever
+    host.calls.FailFrom("DeleteProjectMarker", 2);  // a host that keeps a region must not hold the command for ever
     Contar(LimparRegioes, "Limpar Todas as Regioes", {{todas, "[M1 m 3] [R2 b 4-5] [R3 c 4-6] [M2 n 7]", pergunta}});
 }
 

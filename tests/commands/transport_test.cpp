@@ -53,18 +53,18 @@ TEST_F(Transporte, SaltaParaABordaMaisProxima) {
 }
 
 TEST_F(Transporte, PreparaSoOQueEstaLigado) {
-    host.toggles = {{acao::AlternarLinhasDeGrade, 0}, {acao::Opcao1161, 0}};
-    host.SetConfigInt("promptendrec", 1);
+    host.actions.toggles = {{acao::AlternarLinhasDeGrade, 0}, {acao::Opcao1161, 0}};
+    host.settings.SetNumber("promptendrec", 1);
     PrepararHost();
     EXPECT_EQ(Acoes(), "DesligarSnap");
-    EXPECT_EQ(host.ConfigInt("promptendrec"), 0);
+    EXPECT_EQ(host.settings.Number("promptendrec"), 0);
 
-    host.actionsRun.clear();
-    host.toggles = {{acao::AlternarLinhasDeGrade, 1}, {acao::Opcao1161, 1}};
-    host.configVars["promptendrec"] = {7, 7};  // of another size: left alone
+    host.actions.run.clear();
+    host.actions.toggles = {{acao::AlternarLinhasDeGrade, 1}, {acao::Opcao1161, 1}};
+    host.settings.host["promptendrec"] = {7, 7};  // of another size: left alone
     PrepararHost();
     EXPECT_EQ(Acoes(), "DesligarSnap AlternarLinhasDeGrade DesligarOpcao1161");
-    EXPECT_EQ(host.configVars["promptendrec"], (std::vector<char>{7, 7}));
+    EXPECT_EQ(host.settings.host["promptendrec"], (std::vector<char>{7, 7}));
 }
 
 }  // namespace

@@ -34,13 +34,13 @@ TEST_F(Trim, AParteQueFicaSegueSempre) {
 }
 
 TEST_F(Trim, OQueOHostNaoApagaNaoMoveNada) {
-    host.FailFrom("DeleteTrackMediaItem", 1);
+    host.calls.FailFrom("DeleteTrackMediaItem", 1);
     Contar(TrimDireita, FechouDireita,
            {{"Voz: A 0-10 * | B 12-14 {cursor 4}", "Voz: A 0-4 * | A 4-10 @4 | B 12-14 {cursor 4}"}});
     Contar(TrimEsquerda, FechouEsquerda,
            {{"Voz: A 0-10 * | B 12-14 {cursor 4}", "Voz: A 0-4 * | A 4-10 @4 | B 12-14 {cursor 4}"}});
-    host.StopFailing();
-    host.FailFrom("DeleteTrackMediaItem", 2);  // the second of three stays, and follows the first
+    host.calls.StopFailing();
+    host.calls.FailFrom("DeleteTrackMediaItem", 2);  // the second of three stays, and follows the first
     Contar(ExcluirRipple, "Excluir Ripple Manual", {{"Voz: A 0-2 * | B 3-4 * | C 6-7", "Voz: B 1-2 * | C 4-5"}});
 }
 
@@ -53,9 +53,9 @@ TEST_F(Trim, RecusaSemMexerEmNada) {
                 {"Voz: A 1-10 * {cursor 10}", nullptr, fora},
                 {"Voz: A 1-10 * | B 12-14 * {cursor 4}", nullptr, varios},
                 {"Voz: A 1-10 | B 12-14 {cursor 4}", nullptr, "Erro: Nenhum item selecionado."}});
-        host.FailFrom("SplitMediaItem", 1);  // only the block is left
+        host.calls.FailFrom("SplitMediaItem", 1);  // only the block is left
         Contar(trim, trim == TrimEsquerda ? FechouEsquerda : FechouDireita, {{"Voz: A 0-10 * {cursor 4}"}});
-        host.StopFailing();
+        host.calls.StopFailing();
     }
 }
 

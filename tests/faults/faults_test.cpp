@@ -48,15 +48,15 @@ class Falhas : public Cena {
   protected:
     void SetUp() override {
         Cena::SetUp();
-        host.onMessage = [](const std::string&, const std::string&, int) { return 6; };
-        host.onInput = [](const simhost::ShownInput&) { return "nome"; };
-        host.toggles[acao::AlternarTakesEmPistas] = host.toggles[acao::Opcao1161] = 1;
+        host.dialogs.onMessage = [](const std::string&, const std::string&, int) { return 6; };
+        host.dialogs.onInput = [](const simhost::ShownInput&) { return "nome"; };
+        host.actions.toggles[acao::AlternarTakesEmPistas] = host.actions.toggles[acao::Opcao1161] = 1;
     }
 
     // Runs the test on each command in each situation.
     template <class F>
     void ParaCadaCaso(F testar) {
-        const auto fala = simhost::Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
+        const auto fala = Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
         for (const char* situacao : Situacoes) {
             Projeto(situacao);
             for (int i = 0; i < host.project.tracks.ItemCount(); ++i)
@@ -71,26 +71,28 @@ class Falhas : public Cena {
     }
     // The project, and nothing left of the run before.
     void Recomecar(const simhost::Project& projeto) {
-        while (host.BlockOpen()) host.EndBlock("Resto");
-        host.StopFailing();
+        while (host.undo.Open()) host.undo.End("Resto");
+        host.calls.StopFailing();
         host.ForgetViolations();
         host.project = projeto;
-        host.StartHistory();
+        host.undo.Start();
         host.accessors.clear();
-        host.scripts.clear();
-        host.refreshHeldOff = host.playState = 0;
+        host.scripts.added.clear();
+        host.screen.heldOff = host.transport.state = 0;
         RestaurarEstadoFatiador();
     }
     std::vector<int64_t> Chamadas() const {
         std::vector<int64_t> chamadas;
-        for (const simhost::Function& f : simhost::Functions) chamadas.push_back(host.CallCount(f.name));
+        for (const simhost::Function& f : simhost::Functions) chamadas.push_back(host.calls.Count(f.name));
         return chamadas;
     }
     // What the command opens it closes, also when the host does not hear of the one or the other.
     void Rodar(const Comando& comando, const std::string& falha = "") {
         const std::vector<int64_t> antes = Chamadas();
         comando.rodar();
-        const auto vezes = [&](const char* nome) { return host.CallCount(nome) - antes[simhost::FunctionIndex(nome)]; };
+        const auto vezes = [&](const char* nome) {
+            return host.calls.Count(nome) - antes[simhost::FunctionIndex(nome)];
+        };
         EXPECT_EQ(vezes("Undo_BeginBlock2"), vezes("Undo_EndBlock2"));
         EXPECT_EQ(vezes("PreventUIRefresh") % 2, 0);
         if (falha != "CreateTakeAudioAccessor") {
@@ -116,7 +118,7 @@ TEST_F(Falhas, FuncaoQueFalhaDaEnesimaVezEmDiante) {
                     if (nome == "AddRemoveReaScript" && resultado) continue;  // that would be an action's number
                     SCOPED_TRACE(comando.nome + (", " + nome) + " from " + std::to_string(vez) + " on");
                     Recomecar(projeto);
-                    host.FailFrom(nome, vez, resultado);
+                    host.calls.FailFrom(nome, vez, resultado);
                     Rodar(comando, nome);
                 }
         Recomecar(projeto);
@@ -155,7 +157,7 @@ TEST_F(Falhas, RespostasAbsurdas) {
             sorte.seed(semente);
             ParaCadaCaso([&](const Comando& comando, const simhost::Project&) {
                 SCOPED_TRACE(std::string(comando.nome) + ", " + std::to_string(valor) + ", " + std::to_string(semente));
-                host.FailFrom("Main_OnCommand", 1);  // which would render as much audio as that
+                host.calls.FailFrom("Main_OnCommand", 1);  // which would render as much audio as that
                 Rodar(comando);
             });
         }

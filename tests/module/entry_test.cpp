@@ -26,7 +26,7 @@ class Entrada : public Cena {
         reaper_plugin_info_t registro = *host.Record();
         registro.caller_version = versao;
         registro.Register = [](const char* nome, void* valor) {
-            const int numero = simhost::Host::Current().Register(nome, valor);
+            const int numero = simhost::Host::Current().Record()->Register(nome, valor);
             return std::string(nome) == "command_id" ? 0x1D00C : numero;  // more than a key's command field holds
         };
         return ReaperPluginEntry(nullptr, &registro);
@@ -51,11 +51,11 @@ std::string Definicao(const void* bloco) {
 TEST_F(Entrada, RegistraTudoNaOrdemEDizUmaLinha) {
     ASSERT_EQ(Carregar(), 1);
     std::string nomes;
-    for (const simhost::Registration& r : host.registrations) nomes += r.name + ' ';
+    for (const simhost::Registration& r : host.extension.registrations) nomes += r.name + ' ';
     EXPECT_EQ(nomes,
               "API_Quilmo_Teste APIdef_Quilmo_Teste API_Quilmo_AutoSplit APIdef_Quilmo_AutoSplit "
               "API_Quilmo_AbrirPainel APIdef_Quilmo_AbrirPainel command_id gaccel hookcommand2 toggleaction ");
-    const auto valor = [this](int i) { return host.registrations.at(i).info; };
+    const auto valor = [this](int i) { return host.extension.registrations.at(i).info; };
     EXPECT_EQ(reinterpret_cast<double (*)(double, double)>(valor(0))(2.5, -1.0), 1.5);
     EXPECT_EQ(Definicao(valor(1)),
               "double|double,double|a,b|Funcao de teste: soma dois numeros (prova de conceito da extensao Quilmo).|");
@@ -73,9 +73,9 @@ TEST_F(Entrada, RegistraTudoNaOrdemEDizUmaLinha) {
 }
 
 TEST_F(Entrada, RegistroRecusadoNaoImpedeACarga) {
-    host.refused = {"API_Quilmo_Teste", "APIdef_Quilmo_AbrirPainel"};
+    host.extension.refused = {"API_Quilmo_Teste", "APIdef_Quilmo_AbrirPainel"};
     ASSERT_EQ(Carregar(), 1);
-    EXPECT_EQ(host.registrations.size(), 8u);
+    EXPECT_EQ(host.extension.registrations.size(), 8u);
     EXPECT_NE(Log().find("Teste(API=0,def=1) AutoSplit(API=1,def=1) AbrirPainel(API=1,def=0)"), std::string::npos);
 }
 
@@ -84,14 +84,14 @@ TEST_F(Entrada, RecusaSemDeixarRastro) {
     for (const int versao : {525, 527, 0, -526}) EXPECT_EQ(Carregar(versao), 0) << versao;
     EXPECT_EQ(host::CountTracks, nullptr) << "nothing was looked up";
     for (const char* nome : {"AddProjectMarker2", "projectconfig_var_getoffs"}) {
-        host.Forget(nome);
+        host.extension.forgotten.push_back(nome);
         EXPECT_EQ(Carregar(), 0) << nome;
         EXPECT_NE(host::CountTracks, nullptr) << "the look-up goes on behind a name that is missing";
         Quilmo_AbrirPainel();  // whoever finds the exports by name does no harm
         EXPECT_FALSE(Quilmo_AutoSplit(true, 55, -37));
         EXPECT_FALSE(JanelaPainelAberta());
     }
-    EXPECT_TRUE(host.registrations.empty());
+    EXPECT_TRUE(host.extension.registrations.empty());
     EXPECT_EQ(Log(), "");
 }
 

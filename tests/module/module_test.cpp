@@ -9,8 +9,8 @@
 #include "slicer/autosplit.h"
 #include "tests/support/kept.h"
 #include "tests/support/module_file.h"
+#include "tests/support/sources.h"
 
-using simhost::Segment;
 using simhost::SourceRef;
 
 namespace {
@@ -36,7 +36,7 @@ SourceRef Misto(int taxa, int canais, int64_t quadros, uint64_t semente) {
         trechos.push_back({n, static_cast<double>(sorteia(8)) / 256.0, static_cast<int>(sorteia(canais + 1)) - 1});
         feitos += n;
     }
-    return simhost::Bursts(taxa, canais, trechos);
+    return Bursts(taxa, canais, trechos);
 }
 
 std::vector<Caso> Casos() {
@@ -47,12 +47,12 @@ std::vector<Caso> Casos() {
         {"six channels at 96000, long block", Misto(96000, 6, 96000 * 20, 4), 0.1, 20, true, 400, -40},
         {"11025, not a whole number of frames", Misto(11025, 1, 11025 * 10, 5), 2.0 / 3, 9.87654321, true, 0, -36.5},
         {"8000, the item longer than its source", Misto(8000, 2, 8000 * 5, 6), 3, 8.5, true, 55, -48},
-        {"a level at the threshold", simhost::Bursts(48000, 1, {{24000, 0.1}, {24000, 0.0999}, {24000, 0.1}}), 0, 1.5,
-         true, 55, -20},
-        {"noise", simhost::Noise(44100, 2, 44100 * 5, 7, 0.01886), 0, 5, true, 10, -34.5},
+        {"a level at the threshold", Bursts(48000, 1, {{24000, 0.1}, {24000, 0.0999}, {24000, 0.1}}), 0, 1.5, true, 55,
+         -20},
+        {"noise", Noise(44100, 2, 44100 * 5, 7, 0.01886), 0, 5, true, 10, -34.5},
         {"a tone", simhost::Sine(48000, 1, 48000 * 2, 19, 0.02), 0, 2, true, 10, -34.5},
-        {"all silent", simhost::Silence(48000, 2, 48000), 0, 1, true, 55, -37},
-        {"everything sounds", simhost::Silence(48000, 2, 48000), 0, 1, true, 55, -INFINITY},
+        {"all silent", Silence(48000, 2, 48000), 0, 1, true, 55, -37},
+        {"everything sounds", Silence(48000, 2, 48000), 0, 1, true, 55, -INFINITY},
         {"nothing can", Misto(48000, 2, 48000, 8), 0, 1, true, 55, NAN},
     };
 }
@@ -63,7 +63,7 @@ std::string Pecas(simhost::Host& host) {
     for (const simhost::Item* item : host.project.tracks.Items()) {
         char linha[200];
         std::snprintf(linha, sizeof linha, "%.17g %.17g %.17g %g %g\n", item->position, item->length,
-                      item->Active()->startOffset, item->autoFadeIn, item->autoFadeOut);
+                      item->Active()->startOffset, item->fadeIn, item->fadeOut);
         texto += linha;
     }
     return texto;
@@ -91,7 +91,7 @@ TEST(Modulo, FatiaIgualEmTodaPlataforma) {
             faixa, simhost::MakeItem("A", caso.inicio, caso.inicio + caso.comprimento, caso.fonte));
         item.length = caso.comprimento;
         host.project.tracks.Select(item, true);
-        auto* fatiar = reinterpret_cast<decltype(&Quilmo_AutoSplit)>(host.ApiFunction("Quilmo_AutoSplit"));
+        auto* fatiar = reinterpret_cast<decltype(&Quilmo_AutoSplit)>(host.extension.Function("Quilmo_AutoSplit"));
         ASSERT_NE(fatiar, nullptr);
         EXPECT_TRUE(fatiar(caso.fechar, caso.blocoMs, caso.thresholdDb));
         EXPECT_TRUE(host.Check()) << host.FirstViolation();

@@ -47,7 +47,7 @@ class ExportarDeVerdade : public Cena {
             // MP3 pads its ends, so only its whole seconds are said.
             const bool exato = arquivo.path().extension() == ".wav";
             nomes.insert(arquivo.path().filename().string() + ' ' +
-                         simhost::Number(exato ? audio->Length() : std::floor(audio->Length())) + 's');
+                         Numero(exato ? audio->Length() : std::floor(audio->Length())) + 's');
         }
         std::string todos;
         for (const std::string& nome : nomes) todos += (todos.empty() ? "" : " | ") + nome;
@@ -87,7 +87,7 @@ TEST_F(ExportarDeVerdade, ComRegioesUmArquivoParaCada) {
     // Also on a host that cannot sleep; nobody waits after the last try.
     for (const std::string sono :
          {"reaper.sleep = nil", "local n = 0; reaper.sleep = function() n = n + 1; assert(n < 3) end"}) {
-        host.scriptRunner = [rodar = host.scriptRunner, sono](simhost::Script script) {
+        host.scripts.runner = [rodar = host.scripts.runner, sono](simhost::Script script) {
             script.text = sono + "\n" + script.text;
             rodar(script);
         };
@@ -106,11 +106,11 @@ TEST_F(ExportarDeVerdade, SemNomeVaiComADataEAHora) {
 
 TEST_F(ExportarDeVerdade, OQueFalhaNoHostEViolacao) {
     simhost::Registration torta = {"APIdef_Torta", const_cast<char*>("long\0int\0a\0"), 1};
-    host.registrations.push_back(torta);
-    host.scriptRunner({1, "", ""});
+    host.extension.registrations.push_back(torta);
+    host.scripts.runner({1, "", ""});
     EsperarViolacao("Torta: scripts cannot call it by its definition");
-    host.registrations.pop_back();
-    host.scriptRunner({1, "", "reaper.GetMediaItem(0)"});
+    host.extension.registrations.pop_back();
+    host.scripts.runner({1, "", "reaper.GetMediaItem(0)"});
     EsperarViolacao("the script failed: ");
     host.project.texts["RENDER_FILE"] = (casa / "nenhuma").string();
     host.RunAction(acao::RenderizarProjeto);

@@ -51,7 +51,7 @@ TEST_F(Painel, ComODiscoCheioTudoSegueENadaRodaPelaMetade) {
         }
         EXPECT_FALSE(ModoFatiadorAtivo);
         EXPECT_EQ(Mensagens(), "Quilmo: Nao foi possivel criar o script temporario de render.");
-        EXPECT_TRUE(host.scripts.empty() && host.scriptsRun.empty());
+        EXPECT_TRUE(host.scripts.added.empty() && host.scripts.run.empty());
         EXPECT_FALSE(std::filesystem::exists(script));
 
         Abrir();
@@ -61,8 +61,8 @@ TEST_F(Painel, ComODiscoCheioTudoSegueENadaRodaPelaMetade) {
         EXPECT_TRUE(ModoFatiadorAtivo);
         Fechar();
         RenderPreLeigo();
-        EXPECT_EQ(host.scriptsRun.size(), 1u);
-        host.scriptsRun.clear();
+        EXPECT_EQ(host.scripts.run.size(), 1u);
+        host.scripts.run.clear();
     }
 }
 

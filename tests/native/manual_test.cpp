@@ -15,14 +15,14 @@ TEST_F(Cena, OExemploDoManualFazOQueEleDiz) {
     ASSERT_TRUE(std::regex_search(texto, bloco, std::regex("```lua\n([^`]*)```")));
     std::ofstream(arquivo) << "assert(not reaper.Quilmo_Teste or reaper.Quilmo_Teste(2, 3) == 5)\n" << bloco[1];
     simhost::RunScriptsWithLua(host);
-    const int acao = host.AddRemoveScript(true, arquivo);
+    const int acao = host::AddRemoveReaScript(true, 0, arquivo.c_str(), true);
 
     std::string erro;
     Faixa("Voz", {{"fala", 0, 13.7, simhost::OpenAudioFile(SOURCE_FOLDER "/data/fala.flac", &erro)}});
     host.RunAction(acao);
     Selecionar({"fala"});
     host.RunAction(acao);
-    host.registrations.clear();
+    host.extension.registrations.clear();
     host.RunAction(acao);
     EXPECT_EQ(
         Mensagens(),

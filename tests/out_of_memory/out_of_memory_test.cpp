@@ -24,8 +24,8 @@ class SemMemoria : public Painel {
     void SetUp() override {
         Painel::SetUp();
         WatchHostCalls();
-        host.onMessage = [](const std::string&, const std::string&, int) { return 6; };
-        host.onInput = [](const simhost::ShownInput&) { return "nome"; };
+        host.dialogs.onMessage = [](const std::string&, const std::string&, int) { return 6; };
+        host.dialogs.onInput = [](const simhost::ShownInput&) { return "nome"; };
     }
     static void Cenario() {
         Projeto("1 (selected): a 0.5-3 * | b 2.5-5 * | c 6-9 / 2: d 1-3.5 [M1 m 0] [R1 r 0-2] {cursor 1.5}");
@@ -37,8 +37,8 @@ class SemMemoria : public Painel {
         return texto;
     }
     void Inteiro() {
-        EXPECT_FALSE(host.BlockOpen());
-        EXPECT_EQ(host.refreshHeldOff, 0);
+        EXPECT_FALSE(host.undo.Open());
+        EXPECT_EQ(host.screen.heldOff, 0);
         EXPECT_TRUE(host.accessors.empty());
         EXPECT_FALSE(PreviewEmObra);
     }
@@ -98,11 +98,11 @@ TEST_F(SemMemoria, ComandosFechamOQueAbriram) {
 }
 
 TEST_F(SemMemoria, PortasNaoDeixamPassarNada) {
-    const auto fala = simhost::Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
+    const auto fala = Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
     const auto cenario = [&] {
         Projeto("1: a 0-3.5 *");
         Dados(ItemChamado("a")).takes[0]->source = fala;
-        host.StartHistory();
+        host.undo.Start();
         RemoveFile(host.resourcePath + "/quilmo_extension_log.txt");
     };
     bool cortou = true;
@@ -144,7 +144,7 @@ TEST_F(SemMemoria, OPainelAbreDepoisDeCadaFalha) {
 
 // Through the window: the mode is entered, cut anew and left by either way out. Whatever failed, VOLTAR leads back.
 TEST_F(SemMemoria, OModoSegueInteiro) {
-    const auto fala = simhost::Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
+    const auto fala = Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
     Abrir();
     const POINT entrar = Achar("AUTO FATIADOR").Meio();
     ModoFatiadorAtivo = true;
@@ -154,7 +154,7 @@ TEST_F(SemMemoria, OModoSegueInteiro) {
         RestaurarEstadoFatiador();
         Projeto("1: a 0-3.5 *");
         Dados(ItemChamado("a")).takes[0]->source = fala;
-        host.StartHistory();
+        host.undo.Start();
         original = Retrato();
     };
     const auto clicar = [](POINT onde) {  // without the tests' own requests

@@ -233,14 +233,14 @@ TEST_F(Paginas, CadaWidgetDeCadaPagina) {
     Dados(ItemChamado("A")).mute = true;
     estado(", itens mudos");
     Dados(ItemChamado("A")).mute = false;
-    host.playState = 1;
+    host.transport.state = 1;
     estado(", tocando");
-    host.playState = 5;
+    host.transport.state = 5;
     for (const bool pisca : {false, true}) {
         PiscaLigado = pisca;
         estado(pisca ? ", gravando, aceso" : ", gravando, apagado");
     }
-    host.playState = 0;
+    host.transport.state = 0;
     StatusExecutado("MuteClip");
     estado(", depois de MUTE");
     Mover("MUTE");

@@ -90,7 +90,7 @@ TEST_F(Linhas, ZoomRepeteEnquantoSeguro) {
     for (const Button botao : {Button::Left, Button::Right}) {
         const std::string uma = botao == Button::Left ? "AproximarVertical" : "AfastarVertical",
                           tres = uma + " " + uma + " " + uma;
-        host.actionsRun.clear();
+        host.actions.run.clear();
         Mover("zoom_vert");
         Apertar(botao);
         EXPECT_EQ(Acoes(), uma) << "once at the press";
@@ -113,9 +113,9 @@ TEST_F(Linhas, ZoomRepeteEnquantoSeguro) {
 
 // A click whose command does nothing still reports; a bare action wipes the line.
 TEST_F(Linhas, StatusDizOUltimoComando) {
-    host.toggles[acao::Gravar] = 1;
-    host.playState = 4;
-    host.actionsRun.clear();
+    host.actions.toggles[acao::Gravar] = 1;
+    host.transport.state = 4;
+    host.actions.run.clear();
     Clicar("PLAY / PAUSE");
     EXPECT_EQ(Acoes(), "") << "a recording is not paused";
     EXPECT_STREQ(StatusMsg, "Executado: Play/Pause");

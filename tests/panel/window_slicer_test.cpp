@@ -16,9 +16,9 @@ class PainelFatiador : public Painel {
         driver::Pump();
         EXPECT_STREQ(StatusMsg, "") << "outside the mode there is nothing to cancel";
         SetForegroundWindow(JanelaPainel);
-        Faixa("Voz", {{"A", 0, 4, simhost::Bursts(8000, 1, {{8000, 0.5}, {16000, 0}, {8000, 0.5}})}});
+        Faixa("Voz", {{"A", 0, 4, Bursts(8000, 1, {{8000, 0.5}, {16000, 0}, {8000, 0.5}})}});
         Selecionar({"A"});
-        host.StartHistory();
+        host.undo.Start();
         inteiro = Retrato();
         AbrirFatiador();
         driver::Pump();

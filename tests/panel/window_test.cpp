@@ -17,10 +17,10 @@ SIZE Cliente() {
 }
 
 TEST_F(Painel, AbreJuntoAoHostEVoltaAFrente) {
-    const auto marca = [this] { return ToggleActionProc(host.ActionNumber("QUILMO_ABRIR_PAINEL")); };
+    const auto marca = [this] { return ToggleActionProc(host.extension.ActionNumber("QUILMO_ABRIR_PAINEL")); };
     const auto preparou = [this] {
         const bool sim = Acoes().find("DesligarSnap") != std::string::npos;
-        host.actionsRun.clear();
+        host.actions.run.clear();
         return sim;
     };
     EXPECT_EQ(marca(), 0);

@@ -176,6 +176,11 @@ TEST(Gdi, HeightsOfFonts) {
     }
 }
 
+bool Within(const RECT& outer, const RECT& inner) {
+    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
+           inner.bottom <= outer.bottom;
+}
+
 class GdiText : public testing::Test {
   protected:
     GdiText() {
@@ -228,23 +233,15 @@ TEST_F(GdiText, AlignsWithinTheRectangle) {
     const RECT box{30, 20, 170, 100};
     const RECT measured = Measure("Hoje");
     const RECT plain = Draw("Hoje", box, DT_SINGLELINE);
-    EXPECT_GE(plain.left, 28);
-    EXPECT_GE(plain.top, 20);
-    EXPECT_LE(plain.bottom, 20 + metrics.tmHeight);
+    EXPECT_TRUE(Within({28, 20, 170, 20 + metrics.tmHeight}, plain));
     const LONG spareX = 140 - measured.right, spareY = 80 - measured.bottom;
-    const struct {
-        UINT format;
-        LONG dx, dy;
-    } rows[] = {{DT_CENTER, spareX / 2, 0},
-                {DT_RIGHT, spareX, 0},
-                {DT_VCENTER, 0, spareY / 2},
-                {DT_BOTTOM, 0, spareY},
-                {DT_RIGHT | DT_BOTTOM, spareX, spareY},
-                {DT_CENTER | DT_VCENTER, spareX / 2, spareY / 2}};
-    for (const auto& row : rows) {
-        const RECT ink = Draw("Hoje", box, row.format | DT_SINGLELINE);
-        EXPECT_NEAR(ink.left - plain.left, row.dx, 1) << row.format;
-        EXPECT_NEAR(ink.top - plain.top, row.dy, 1) << row.format;
+    for (const UINT format :
+         {DT_CENTER, DT_RIGHT, DT_VCENTER, DT_BOTTOM, DT_RIGHT | DT_BOTTOM, DT_CENTER | DT_VCENTER}) {
+        const LONG dx = format & DT_CENTER ? spareX / 2 : format & DT_RIGHT ? spareX : 0;
+        const LONG dy = format & DT_VCENTER ? spareY / 2 : format & DT_BOTTOM ? spareY : 0;
+        const RECT ink = Draw("Hoje", box, format | DT_SINGLELINE);
+        EXPECT_NEAR(ink.left - plain.left, dx, 1) << format;
+        EXPECT_NEAR(ink.top - plain.top, dy, 1) << format;
         EXPECT_EQ(ink.right - ink.left, plain.right - plain.left);
         EXPECT_EQ(ink.bottom - ink.top, plain.bottom - plain.top);
     }
@@ -253,15 +250,10 @@ TEST_F(GdiText, AlignsWithinTheRectangle) {
 
 TEST_F(GdiText, StaysInTheRectangleTheRegionAndTheSurface) {
     const RECT narrow{50, 40, 60, 48};
-    const RECT ink = Draw("HHHHHH", narrow, DT_SINGLELINE);
-    EXPECT_GE(ink.left, 50);
-    EXPECT_LE(ink.right, 60);
-    EXPECT_LE(ink.bottom, 48);
+    EXPECT_TRUE(Within(narrow, Draw("HHHHHH", narrow, DT_SINGLELINE)));
     EXPECT_GT(Draw("HHHHHH", narrow, DT_SINGLELINE | DT_NOCLIP).right, 80);
     IntersectClipRect(canvas.dc, 52, 0, 58, 200);
-    const RECT region = Draw("HHHHHH", narrow, DT_SINGLELINE | DT_NOCLIP);
-    EXPECT_GE(region.left, 52);
-    EXPECT_LE(region.right, 58);
+    EXPECT_TRUE(Within({52, 0, 58, 200}, Draw("HHHHHH", narrow, DT_SINGLELINE | DT_NOCLIP)));
     SelectClipRgn(canvas.dc, nullptr);
     for (const RECT outside : {RECT{-30, -12, 20, 8}, RECT{190, 110, 400, 300}, RECT{-100000, 0, 100000, 20}})
         Draw("HHHHHHHH", outside, DT_SINGLELINE | DT_CENTER | DT_NOCLIP);

@@ -27,18 +27,18 @@ class UsuarioAleatorio : public Painel {
         if (const char* pedidos = std::getenv("QUILMO_EVENTS")) eventos = std::atoi(pedidos);
         std::printf("QUILMO_SEED=%u QUILMO_EVENTS=%d\n", acaso.seed, eventos);  // at once: a fault may end the program
         std::fflush(stdout);
-        host.onMessage = [this](const std::string&, const std::string&, int) {
+        host.dialogs.onMessage = [this](const std::string&, const std::string&, int) {
             ++mensagens;
             MomentoModal(true);
             return acaso.Of({1, 2, 6, 6, 7});
         };
-        host.onInput = [this](const simhost::ShownInput&) -> std::optional<std::string> {
+        host.dialogs.onInput = [this](const simhost::ShownInput&) -> std::optional<std::string> {
             ++mensagens;
             MomentoModal(true);
             if (acaso.Chance(3)) return std::nullopt;
             return std::string(acaso.Of({0, 1, 7, 700}), acaso.Of({'a', '%', '"', '\xE3', '\n'}));
         };
-        host.recordingSource = UmaFonte();
+        host.transport.recorded = UmaFonte();
         EsperarMenu();
         Abrir();
         fatiador = Achar("AUTO FATIADOR").Meio();
@@ -52,16 +52,16 @@ class UsuarioAleatorio : public Painel {
         const int canais = acaso.In(1, 2);
         switch (acaso.In(1, 16)) {
             case 1:
-                return simhost::Midi(4);
+                return Midi(4);
             case 2:
-                return simhost::Unreadable(Taxa, canais, Taxa);
+                return Unreadable(Taxa, canais, Taxa);
             case 3:
-                return simhost::Silence(Taxa, canais, acaso.In(0, Taxa));
+                return Silence(Taxa, canais, acaso.In(0, Taxa));
             default:
-                std::vector<simhost::Segment> trechos;
+                std::vector<Segment> trechos;
                 for (int n = acaso.In(1, 6); n > 0; --n)
                     trechos.push_back({acaso.In(1, Taxa / 3), acaso.Chance(2) ? 0.0 : 0.5});
-                return simhost::Bursts(Taxa, canais, trechos);
+                return Bursts(Taxa, canais, trechos);
         }
     }
     simhost::TrackList& Faixas() { return host.project.tracks; }
@@ -127,7 +127,7 @@ class UsuarioAleatorio : public Painel {
         ProjetoNovo();
         alocacoes = AllocationsAlive();
         for (int n = acaso.In(0, 8); n > 0; --n) MaisUmItem();
-        host.StartHistory();
+        host.undo.Start();
     }
 
     // --- Events
@@ -194,20 +194,20 @@ class UsuarioAleatorio : public Painel {
         hostMexeu = true;
         switch (acaso.In(1, 10)) {
             case 1:
-                host.Undo();
+                host.undo.Back();
                 return;
             case 2:
-                host.Redo();
+                host.undo.Redo();
                 return;
             case 3:
-                return host.Elapse(acaso.In(1, 10) * 0.1);
+                return host.transport.Elapse(acaso.In(1, 10) * 0.1);
             case 4:
                 return host.RunAction(
                     acaso.Of({acao::Tocar, acao::Gravar, acao::Parar, acao::RemoverItens, acao::DuplicarFaixas}));
             case 5:
-                host.BeginBlock();
+                host.undo.Begin();
                 MexerNoProjeto();
-                return host.EndBlock("Edit");
+                return host.undo.End("Edit");
             case 6:
                 return MexerNoProjeto();
             default:

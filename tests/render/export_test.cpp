@@ -20,7 +20,7 @@ class Exportar : public Cena {
     }
     bool HaScriptNoDisco() { return fs::exists(DeUtf8(script)); }
 
-    std::vector<char>& reamostragem = host.projectConfigVars["projrenderresample"];
+    std::vector<char>& reamostragem = host.settings.project["projrenderresample"];
     const std::string script = host.resourcePath + PathSeparator + "~quilmo_desktop_temp.lua";
 };
 
@@ -39,27 +39,27 @@ TEST_F(Exportar, NomeDoProjetoChegaInteiroAoScript) {
     };
     for (const auto& [caminho, nome] : casos) {
         host.project.path = caminho;
-        host.scriptsRun.clear();
+        host.scripts.run.clear();
         RenderPreLeigo();
-        ASSERT_EQ(host.scriptsRun.size(), 1u);
-        std::string texto = host.scriptsRun[0].text;
+        ASSERT_EQ(host.scripts.run.size(), 1u);
+        std::string texto = host.scripts.run[0].text;
         std::erase(texto, '\r');  // a text file, whose lines end as the system's do
         const std::string cabecalho = std::string("local proj_name_cpp = \"") + nome +
                                       "\"\nlocal proj_name = (proj_name_cpp ~= \"\") and proj_name_cpp or "
                                       "os.date(\"Gravacao_%Y-%m-%d_%Hh%M\")\n";
         EXPECT_EQ(texto.substr(0, cabecalho.size()), cabecalho);
     }
-    EXPECT_EQ(host.scriptsRun[0].path, script);
+    EXPECT_EQ(host.scripts.run[0].path, script);
     EXPECT_FALSE(HaScriptNoDisco());
-    EXPECT_TRUE(host.scripts.empty()) << "the action is taken out again";
+    EXPECT_TRUE(host.scripts.added.empty()) << "the action is taken out again";
     EXPECT_EQ(reamostragem, (std::vector<char>{9, 0, 0, 0}));
 }
 
 TEST_F(Exportar, RecusasNaoDeixamNada) {
-    host.FailFrom("AddRemoveReaScript", 1);
+    host.calls.FailFrom("AddRemoveReaScript", 1);
     RenderPreLeigo();
     EXPECT_FALSE(HaScriptNoDisco());
-    host.StopFailing();
+    host.calls.StopFailing();
     reamostragem = {3, 0};
     SetEnvironment("TEMP", host.resourcePath + "/nao/existe");
     RenderPreLeigo();
@@ -67,7 +67,7 @@ TEST_F(Exportar, RecusasNaoDeixamNada) {
               "Quilmo: Nao foi possivel registrar o script temporario de render. | "
               "Quilmo: Nao foi possivel criar o script temporario de render.");
     EXPECT_EQ(reamostragem, (std::vector<char>{3, 0})) << "of another size: left alone";
-    EXPECT_TRUE(host.scriptsRun.empty());
+    EXPECT_TRUE(host.scripts.run.empty());
 }
 
 }  // namespace

@@ -24,14 +24,14 @@ TEST_F(Render, ColaSoQuandoHaVarios) {
         << "the scene's sources are stereo";
     EXPECT_EQ(Rodar(BounceInteligente, "1: a 0-1"), "");
     Projeto("1:");
-    NovoItem(FaixaChamada("1"), {"mono", 0, 1, simhost::Silence(8000, 1, 8000)});
+    NovoItem(FaixaChamada("1"), {"mono", 0, 1, Silence(8000, 1, 8000)});
     Selecionar({"mono"});
     BounceInteligente();
     EXPECT_EQ(Acoes(), "RenderTakeMono");
 }
 
 TEST_F(Render, FicaAUltimaTakeSemOsEfeitosDaFaixa) {
-    host.toggles[acao::AlternarTakesEmPistas] = 1;
+    host.actions.toggles[acao::AlternarTakesEmPistas] = 1;
     Projeto("1: a 0-1 * / 2: b 0-1");
     StereoRender();
     EXPECT_EQ(Acoes(), "RenderTakeStereo AlternarTakesEmPistas") << "takes in lanes go off when they are on";

@@ -61,7 +61,7 @@ const BadCaller BadCallers[] = {
      [] { host::DeleteTrackMediaItem(FaixaChamada("Outra"), ItemChamado("A")); }},
     {"GetMediaItemInfo_Value: unknown key \"D_POSITON\"",
      [] { host::GetMediaItemInfo_Value(ItemChamado("A"), "D_POSITON"); }},
-    {"SetMediaTrackInfo_Value: \"IP_TRACKNUMBER\" cannot be set",
+    {"SetMediaTrackInfo_Value: unknown key \"IP_TRACKNUMBER\"",
      [] { host::SetMediaTrackInfo_Value(FaixaChamada("Voz"), "IP_TRACKNUMBER", 2); }},
     {"GetSetProjectInfo: unknown setting \"RENDER_BOUND\"",
      [] { host::GetSetProjectInfo(nullptr, "RENDER_BOUND", 1, true); }},
@@ -99,7 +99,7 @@ const BadCaller BadCallers[] = {
      [] { simhost::Host::Current().Record()->Register("acao", Foreign<void*>()); }},
     {"Register: nothing is given for \"gaccel\"",
      [] { simhost::Host::Current().Record()->Register("gaccel", nullptr); }},
-    {"FailFrom: there is no function CountItems", [] { simhost::Host::Current().FailFrom("CountItems", 1); }},
+    {"FailFrom: there is no function CountItems", [] { simhost::Host::Current().calls.FailFrom("CountItems", 1); }},
 };
 
 }  // namespace
@@ -108,15 +108,15 @@ TEST_F(Strict, EveryKindOfBadCallerIsCaughtAndNamed) {
     for (const BadCaller& bad : BadCallers) {
         SCOPED_TRACE(bad.sentence);
         host.project.tracks = {};
-        host.StartHistory();
+        host.undo.Start();
         Faixa("Voz", {{"A", 2, 6}});
         Faixa("Outra");
         ASSERT_TRUE(host.Check()) << "before the misuse: " << host.FirstViolation();
         bad.misuse();
         EXPECT_FALSE(host.Check());
         EXPECT_TRUE(host.FirstViolation().starts_with(bad.sentence)) << host.FirstViolation();
-        if (host.BlockOpen()) host.EndBlock("x");
-        host.refreshHeldOff = 0;
+        if (host.undo.Open()) host.undo.End("x");
+        host.screen.heldOff = 0;
         host.accessors.clear();
         host.ForgetViolations();
     }
@@ -125,55 +125,55 @@ TEST_F(Strict, EveryKindOfBadCallerIsCaughtAndNamed) {
 TEST_F(Strict, FunctionsFailFromTheAskedCallOn) {
     MediaTrack* voice = Faixa("Voz", {{"A", 0, 8}});
     EXPECT_EQ(host::SplitMediaItem(ItemChamado("A"), 9), nullptr);  // outside
-    host.FailFrom("SplitMediaItem", 2);                             // counted from here
+    host.calls.FailFrom("SplitMediaItem", 2);                       // counted from here
     EXPECT_NE(host::SplitMediaItem(ItemChamado("A"), 6), nullptr);
     EXPECT_EQ(host::SplitMediaItem(ItemChamado("A"), 4), nullptr);
     EXPECT_EQ(host::SplitMediaItem(ItemChamado("A"), 2), nullptr);
-    EXPECT_EQ(host.CallCount("SplitMediaItem"), 4);
-    host.FailFrom("DeleteTrackMediaItem", 1);
-    host.FailFrom("AddProjectMarker2", 1, -1);
-    host.FailFrom("SelectAllMediaItems", 1);
+    EXPECT_EQ(host.calls.Count("SplitMediaItem"), 4);
+    host.calls.FailFrom("DeleteTrackMediaItem", 1);
+    host.calls.FailFrom("AddProjectMarker2", 1, -1);
+    host.calls.FailFrom("SelectAllMediaItems", 1);
     EXPECT_FALSE(host::DeleteTrackMediaItem(voice, ItemChamado("A")));
     EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 0, 1, "", -1, 0), -1);
     host::SelectAllMediaItems(nullptr, true);
     EXPECT_EQ(RetratoCompleto(), "Voz: A 0-6 | A 6-8 @6");
-    host.StopFailing();
+    host.calls.StopFailing();
     EXPECT_NE(host::SplitMediaItem(ItemChamado("A"), 2), nullptr);
 }
 
 TEST_F(Strict, TheTraceTellsCallsInOrder) {
     Faixa("Voz", {{"A", 2, 6}});
     MediaItem* item = ItemChamado("A");
-    host.tracing = true;
-    const int64_t changes = host.changes;
+    host.calls.tracing = true;
+    const int64_t changes = host.screen.changes;
     host::SetMediaItemInfo_Value(item, "D_POSITION", 0.1);
     host::DeleteTrackMediaItem(host::GetMediaItem_Track(item), item);
     host::CountTakes(item);
     host::UpdateArrange();
-    EXPECT_EQ(host.changes - changes, 3) << "questions change nothing";
-    host.tracing = false;
+    EXPECT_EQ(host.screen.changes - changes, 3) << "questions change nothing";
+    host.calls.tracing = false;
     host::UpdateArrange();
     const std::vector<std::string> told = {
         "SetMediaItemInfo_Value(item A, \"D_POSITION\", 0.1) -> true", "GetMediaItem_Track(item A) -> track Voz",
         "DeleteTrackMediaItem(track Voz, item A) -> true", "CountTakes(item (dead)) -> 0", "UpdateArrange()"};
-    EXPECT_EQ(host.trace, told);
+    EXPECT_EQ(host.calls.trace, told);
     EsperarViolacao("CountTakes");
 }
 
 // The names are looked up one by one, and a host may lack any of them.
 TEST_F(Strict, UnknownNamesAndRefusalsAreAnswered) {
     EXPECT_EQ(host.Record()->GetFunc("CountTracksX"), nullptr);
-    EXPECT_EQ(host.unknownNames, std::vector<std::string>{"CountTracksX"});
-    host.Forget("CountTracks");
+    EXPECT_EQ(host.extension.unknown, std::vector<std::string>{"CountTracksX"});
+    host.extension.forgotten.push_back("CountTracks");
     EXPECT_EQ(host.Record()->GetFunc("CountTracks"), nullptr);
-    host.refused = {"API_Outra"};
+    host.extension.refused = {"API_Outra"};
     EXPECT_EQ(host.Record()->Register("API_Outra", &host), 0);
-    EXPECT_EQ(host.ApiFunction("Outra"), nullptr);
-    EXPECT_NE(host.ApiFunction("Quilmo_Teste"), nullptr);
-    EXPECT_EQ(host.ActionNumber("_QUILMO_ABRIR_PAINEL"), host.ActionNumber("QUILMO_ABRIR_PAINEL"));
-    EXPECT_GT(host.ActionNumber("QUILMO_ABRIR_PAINEL"), 65535);  // numbers do not fit a key's 16 bits
+    EXPECT_EQ(host.extension.Function("Outra"), nullptr);
+    EXPECT_NE(host.extension.Function("Quilmo_Teste"), nullptr);
+    EXPECT_EQ(host.extension.ActionNumber("_QUILMO_ABRIR_PAINEL"), host.extension.ActionNumber("QUILMO_ABRIR_PAINEL"));
+    EXPECT_GT(host.extension.ActionNumber("QUILMO_ABRIR_PAINEL"), 65535);  // numbers do not fit a key's 16 bits
     EXPECT_FALSE(host.RunAction("_OUTRA"));
-    EXPECT_EQ(host::GetToggleCommandState(host.ActionNumber("QUILMO_ABRIR_PAINEL")), 0);
+    EXPECT_EQ(host::GetToggleCommandState(host.extension.ActionNumber("QUILMO_ABRIR_PAINEL")), 0);
 }
 
 TEST_F(Strict, DialogsAreAnsweredFromTheQueuesThenByCaution) {
@@ -189,7 +189,7 @@ TEST_F(Strict, DialogsAreAnsweredFromTheQueuesThenByCaution) {
     EXPECT_STREQ(text, "long");
     EXPECT_FALSE(host::GetUserInputs("Nome", 1, "Nome:", text, sizeof text));
     EXPECT_STREQ(text, "long");
-    EXPECT_EQ(host.inputs[0].before, "abc");
+    EXPECT_EQ(host.dialogs.inputs[0].before, "abc");
 }
 
 TEST_F(Strict, AScriptIsReadWhenAddedAndRunUnderItsNumber) {
@@ -199,13 +199,13 @@ TEST_F(Strict, AScriptIsReadWhenAddedAndRunUnderItsNumber) {
     const int number = host::AddRemoveReaScript(true, 0, path.c_str(), true);
     ASSERT_NE(number, 0);
     std::string ran;
-    host.scriptRunner = [&](const simhost::Script& script) {
+    host.scripts.runner = [&](const simhost::Script& script) {
         ran = script.text;
         host::AddRemoveReaScript(false, 0, script.path.c_str(), true);  // a script may take itself out
     };
     host::Main_OnCommand(number, 0);
     EXPECT_EQ(ran, "print(1)");
-    EXPECT_TRUE(host.scripts.empty());
+    EXPECT_TRUE(host.scripts.added.empty());
     host::Main_OnCommand(number, 0);
     EsperarViolacao("there is no action");
 }
@@ -216,7 +216,7 @@ TEST_F(Strict, SettingsKeepTheirStorage) {
     auto* prompt = static_cast<int*>(host::get_config_var("promptendrec", &size));
     ASSERT_EQ(size, 4);
     *prompt = 0;
-    EXPECT_EQ(host.ConfigInt("promptendrec"), 0);
+    EXPECT_EQ(host.settings.Number("promptendrec"), 0);
     EXPECT_EQ(host::get_config_var("other", &size), nullptr);
     EXPECT_EQ(size, 0);
 

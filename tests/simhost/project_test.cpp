@@ -80,11 +80,11 @@ TEST_F(Arrangement, ASplitSharesTheItemOut) {
     EXPECT_EQ(host::SplitMediaItem(left, 6), nullptr);
     MediaItem* right = host::SplitMediaItem(left, 3);
     EXPECT_FALSE(host::IsMediaItemSelected(right));
-    EXPECT_EQ(Retrato(), "Voz: A 2-3 x2 /0.1 | A 3-6 @2 x2 \\0.2");
+    EXPECT_EQ(Retrato(), "Voz: A 2-3 x2 ~/0.1 | A 3-6 @2 x2 ~\\0.2");
 
     host.preferences.splitCrossfade = 0.01;
     host::SplitMediaItem(left, 2.5);
-    EXPECT_EQ(Retrato(), "Voz: A 2-2.5 x2 /0.1 ~\\0.01 | A 2.49-3 @0.98 x2 ~/0.01 | A 3-6 @2 x2 \\0.2");
+    EXPECT_EQ(Retrato(), "Voz: A 2-2.5 x2 ~/0.1 ~\\0.01 | A 2.49-3 @0.98 x2 ~/0.01 | A 3-6 @2 x2 ~\\0.2");
 }
 
 TEST_F(Arrangement, UndoGivesTheProjectBackUnderNewHandles) {
@@ -114,11 +114,11 @@ TEST_F(Arrangement, UndoGivesTheProjectBackUnderNewHandles) {
     EXPECT_EQ(host::GetMediaItem_Track(ItemChamado("A")), track);
     EXPECT_EQ(Selecionados(), "A");
 
-    EXPECT_STREQ(host.RedoTitle(), "cut");
-    EXPECT_TRUE(host.Redo());
+    EXPECT_STREQ(host.undo.RedoTitle(), "cut");
+    EXPECT_TRUE(host.undo.Redo());
     EXPECT_EQ(Retrato(), "Voz: A 2-4 | A 4-6 @2 [R1 r 1-2]");
     Block("new", [] {});
-    EXPECT_EQ(host.RedoTitle(), nullptr);
+    EXPECT_EQ(host.undo.RedoTitle(), nullptr);
 }
 
 TEST_F(Arrangement, PreferencesChangeWhatUndoGives) {
@@ -204,7 +204,7 @@ TEST_F(Arrangement, ActionsEditWhatIsSelectedAndNotLocked) {
         EXPECT_EQ(Retrato(), row.picture);
         EXPECT_EQ(Historico(), row.undo);
     }
-    host.preferences.deleteFocus = simhost::Preferences::Focus::Tracks;
+    host.preferences.deletesTracks = true;
     host::Main_OnCommand(acao::RemoverItens, 0);
     EXPECT_EQ(Retrato(), "");
 }
@@ -216,7 +216,7 @@ TEST_F(Arrangement, TransportAndViewFollowTheirActions) {
     EXPECT_EQ(RetratoCompleto(), "Voz: A 2-6 {time 1-3} {loop 1-3}");
     for (const int action : {acao::IrAoFim, acao::TirarSelecaoDeTempo, acao::Tocar}) host::Main_OnCommand(action, 0);
     EXPECT_EQ(RetratoCompleto(), "Voz: A 2-6 {cursor 6} {play 1}");
-    host.Elapse(2);
+    host.transport.Elapse(2);
     host::Main_OnCommand(acao::TocarOuPausar, 0);
     EXPECT_EQ(host::GetPlayState(), 2);
     host::Main_OnCommand(acao::TocarOuPausar, 0);
@@ -241,16 +241,16 @@ TEST_F(Arrangement, ARecordingEndsInItemsOnArmedTracks) {
     host::Main_OnCommand(acao::Gravar, 0);
     EXPECT_EQ(host::GetToggleCommandState(acao::Gravar), 1);
     EXPECT_EQ(host::GetPlayState(), 5);
-    host.Elapse(2.5);
+    host.transport.Elapse(2.5);
     host::Main_OnCommand(acao::Parar, 0);  // asks, as long as nobody has switched that off, and nobody says yes
     EXPECT_EQ(Mensagens(), "Recording: Save recorded media?");
     EXPECT_EQ(Retrato(), "Voz (armed): / Guitarra:");
 
-    host.SetConfigInt("promptendrec", 0);
+    host.settings.SetNumber("promptendrec", 0);
     host::Main_OnCommand(acao::Gravar, 0);
-    host.Elapse(2.5);
+    host.transport.Elapse(2.5);
     host::Main_OnCommand(acao::PararGravacao, 0);
     EXPECT_EQ(RetratoCompleto(), "Voz (armed): rec 3-5.5 / Guitarra: {cursor 5.5}");
     EXPECT_EQ(Historico(), "Recorded media");
-    EXPECT_EQ(host.messages.size(), 1u);
+    EXPECT_EQ(host.dialogs.messages.size(), 1u);
 }

@@ -7,8 +7,8 @@
 #include <limits>
 #include <random>
 
-#include "simhost/picture.h"
 #include "tests/slicer/plain_analysis.h"
+#include "tests/support/portrait.h"
 
 namespace {
 
@@ -67,7 +67,7 @@ class Analise : public testing::Test {
     std::string Texto(double comprimento, double limiar, double bloco) {
         std::string texto;
         for (const auto& [inicio, fim] : Analisar(comprimento, limiar, bloco))
-            texto += (texto.empty() ? "" : " | ") + simhost::Number(inicio) + '-' + simhost::Number(fim);
+            texto += (texto.empty() ? "" : " | ") + Numero(inicio) + '-' + Numero(fim);
         return texto;
     }
 

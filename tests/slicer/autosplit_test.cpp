@@ -11,27 +11,28 @@ constexpr int Taxa = 48000;
 
 // Silence and sound at half scale in turn, changing at these seconds; the last of them is the end.
 simhost::SourceRef Fala(std::initializer_list<double> bordas) {
-    std::vector<simhost::Segment> trechos;
+    std::vector<Segment> trechos;
     double antes = 0, nivel = 0;
     for (const double borda : bordas) {
         if (borda > antes) trechos.push_back({std::llround((borda - antes) * Taxa), nivel});
         antes = borda;
         nivel = 0.5 - nivel;
     }
-    return simhost::Bursts(Taxa, 2, trechos);
+    return Bursts(Taxa, 2, trechos);
 }
 
 class Fatias : public Cena {
   protected:
     bool Fatiar(bool fechar) {  // with a block of no length, for which 55 ms stand
-        return reinterpret_cast<decltype(&Quilmo_AutoSplit)>(host.ApiFunction("Quilmo_AutoSplit"))(fechar, -1, -37.0);
+        return reinterpret_cast<decltype(&Quilmo_AutoSplit)>(host.extension.Function("Quilmo_AutoSplit"))(fechar, -1,
+                                                                                                          -37.0);
     }
     // The only track in the project, with all its items selected.
     void SoEstaFaixa(const std::vector<ItemDeCena>& itens) {
         while (host.project.tracks.Count() > 0) host.project.tracks.Remove(*host.project.tracks.At(0));
         Faixa("Voz", itens);
         host::SelectAllMediaItems(nullptr, true);
-        host.StartHistory();
+        host.undo.Start();
     }
 };
 
@@ -64,9 +65,7 @@ TEST_F(Fatias, SoOSomFica) {
          true,
          "A 0-2 ~/0.005 ~\\0.005 | B 1.995-3.993 ~/0.005 ~\\0.005 | C 3.5-5 ~/0.005 ~\\0.005"},
         // MIDI and a source that cannot be read count as silence.
-        {{{"M", 0, 2, simhost::Midi(4)}, {"U", 3, 5, simhost::Unreadable(Taxa, 2, 96000)}},
-         false,
-         "M 0-2 midi | U 3-5"},
+        {{{"M", 0, 2, Midi(4)}, {"U", 3, 5, Unreadable(Taxa, 2, 96000)}}, false, "M 0-2 midi | U 3-5"},
     };
     for (const auto& caso : casos) {
         SoEstaFaixa(caso.itens);
@@ -95,10 +94,10 @@ TEST_F(Fatias, CadaFaixaFechaSozinhaEONaoSelecionadoFica) {
 // The accessor is gone before the first cut, cuts go from right to left, and all of it is one undo block.
 TEST_F(Fatias, OrdemDasChamadas) {
     SoEstaFaixa({{"A", 10, 11.2, Fala({0.2, 0.4, 0.8, 1, 1.2})}});
-    host.tracing = true;
+    host.calls.tracing = true;
     EXPECT_TRUE(Fatiar(true));
     std::string chamadas;  // without the things that they name, and without what came back
-    for (const std::string& linha : host.trace)
+    for (const std::string& linha : host.calls.trace)
         if (std::regex_search(linha, std::regex("^\\w*(Audio|Source|Split|SetMedia|Delete|Undo|Prevent|Update)")))
             chamadas += std::regex_replace(linha, std::regex("(item|track|take|source) \\w+(, )?| -> .*"), "") + ' ';
     EXPECT_EQ(chamadas,

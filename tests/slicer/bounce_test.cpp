@@ -21,13 +21,13 @@ TEST_F(Bounce, AbreAteAsAlcasESeEncolheDeVolta) {
     };
     for (const auto& caso : casos) {
         Projeto("Voz:");
-        const auto fonte = simhost::Silence(8000, 2, static_cast<int64_t>(caso.fonte * 8000));
+        const auto fonte = Silence(8000, 2, static_cast<int64_t>(caso.fonte * 8000));
         simhost::Take& take =
             *Dados(NovoItem(FaixaChamada("Voz"), {"A", caso.posicao, caso.posicao + 4, fonte})).takes[0];
         take.startOffset = caso.inicioNaFonte;
         take.playRate = caso.taxa;
         Selecionar({"A"});
-        host.StartHistory();
+        host.undo.Start();
         SCOPED_TRACE(Retrato());
         EXPECT_TRUE(BounceEntrada(10.0));
         EXPECT_TRUE(BounceEntradaAtivo);

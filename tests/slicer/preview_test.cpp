@@ -21,13 +21,13 @@ class Previa : public Painel {
         Painel::SetUp();
         Abrir();
         faixa = Faixa("Voz");
-        const auto fonte = simhost::Bursts(
-            8000, 1, {{24000, 0}, {16000, 0.5}, {8000, 0}, {8000, 0.01}, {8000, 0}, {8000, 0.5}, {80000, 0}});
+        const auto fonte =
+            Bursts(8000, 1, {{24000, 0}, {16000, 0.5}, {8000, 0}, {8000, 0.01}, {8000, 0}, {8000, 0.5}, {80000, 0}});
         NovoItem(faixa, {"curto", 10, 12});
         Dados(NovoItem(faixa, {"A", 10, 16, fonte})).takes[0]->startOffset = 3;
         NovoItem(faixa, {"B", 30, 31});
         Selecionar({"A"});
-        host.StartHistory();
+        host.undo.Start();
         original = RetratoCompleto();
     }
     void Entrar() {
@@ -42,15 +42,15 @@ class Previa : public Painel {
         EXPECT_EQ(Historico(), historico);
     }
     void PontoDeOutro(const char* titulo) {
-        host.BeginBlock();
-        host.EndBlock(titulo);
+        host.undo.Begin();
+        host.undo.End(titulo);
     }
     std::string UltimosGravados() {
         std::string texto;
         ReadTextFile(host.resourcePath + "/presets_fatiador.ini", texto);
         return texto.substr(0, texto.find('\n'));
     }
-    int64_t Cortes() { return host.CallCount("GetAudioAccessorSamples"); }
+    int64_t Cortes() { return host.calls.Count("GetAudioAccessorSamples"); }
     void PisoMenos() { Clicar("DIMINUIR PISO"); }
 
     MediaTrack* faixa = nullptr;
@@ -64,14 +64,14 @@ TEST_F(Previa, RecusaAntesDeMexer) {
     Selecionar({"A", "B"});
     ResponderMensagem(7);
     AbrirFatiador();
-    EXPECT_EQ(host.messages.back().title, "Auto Fatiador");
-    EXPECT_EQ(host.messages.back().type, 4);
+    EXPECT_EQ(host.dialogs.messages.back().title, "Auto Fatiador");
+    EXPECT_EQ(host.dialogs.messages.back().type, 4);
     Conferir("-", "");
     Faixa("Som", {{"C", 0, 1}});
     Selecionar({"A", "C"});  // joined per track, two are still two
     ResponderMensagem(6);
     AbrirFatiador();
-    EXPECT_EQ(host.messages.back().text,
+    EXPECT_EQ(host.dialogs.messages.back().text,
               "Ainda ha mais de um item (itens em faixas diferentes?).\nSelecione apenas um item e tente de novo.");
     EXPECT_FALSE(ModoFatiadorAtivo);
     EXPECT_EQ(Historico().find("Fatiador"), std::string::npos);
@@ -125,22 +125,22 @@ TEST_F(Previa, AplicarGuardaOsCortesEODesfazerDoHost) {
     Clicar("VOLTAR");
     Conferir("-", ComPreview);
     EXPECT_EQ(Retrato(), cortado) << "what was applied is no preview any more";
-    host.Undo();
-    host.Undo();
+    host.undo.Back();
+    host.undo.Back();
     EXPECT_EQ(Retrato(), "Voz: curto 10-12 | A 10-16 @3 | B 30-31");
 }
 
 TEST_F(Previa, SemItemParaReconhecerFicaVazioAteEleVoltar) {
     Entrar();
     // Somebody deletes the item below the preview: nothing is left to select.
-    host.Undo();
-    host.BeginBlock();
+    host.undo.Back();
+    host.undo.Begin();
     host.project.tracks.Remove(*host.project.tracks.Selected()[0]);
-    host.EndBlock("Script");
+    host.undo.End("Script");
     PisoMenos();
     Conferir("modo bounce", "Fatiador Bounce Entrada | Script");
     EXPECT_EQ(Mensagens(), "");
-    host.Undo();
+    host.undo.Back();
     PisoMenos();
     Conferir("modo preview bounce", ComPreview);
     Clicar("VOLTAR");
@@ -155,7 +155,7 @@ TEST_F(Previa, OTopoDoHistoricoMandaNoDesfazer) {
     Clicar("VOLTAR");
     Conferir("-", std::string(ComPreview) + " | Script");
     EXPECT_EQ(Retrato(), cortado);
-    host.Undo();
+    host.undo.Back();
     Selecionar({"B"});
     Entrar();
     for (int i = 0; i < 66; ++i) PontoDeOutro("Fatiador Preview");
@@ -195,10 +195,10 @@ TEST_F(Previa, SliderCortaSoAoSoltar) {
 
 // A host may let messages in while it glues or reads: the cuts are not touched from two sides at once.
 TEST_F(Previa, NadaMaisMexeNosCortesEnquantoSaoFeitos) {
-    host.onAction[acao::ColarSelecao] = [] { AbrirFatiador(); };
+    host.actions.outside[acao::ColarSelecao] = [] { AbrirFatiador(); };
     Entrar();
-    host.onRead = [this](int64_t) {
-        host.onRead = nullptr;
+    host.calls.onRead = [this](int64_t) {
+        host.calls.onRead = nullptr;
         Soltar();
         PisoMenos();
         SetForegroundWindow(outra);
@@ -211,8 +211,8 @@ TEST_F(Previa, NadaMaisMexeNosCortesEnquantoSaoFeitos) {
     EXPECT_EQ(RetratoCompleto(), original);
 
     Entrar();
-    host.onRead = [this](int64_t) {
-        host.onRead = nullptr;
+    host.calls.onRead = [this](int64_t) {
+        host.calls.onRead = nullptr;
         SetForegroundWindow(outra);
         SetForegroundWindow(JanelaPainel);
     };

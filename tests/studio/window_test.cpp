@@ -78,7 +78,7 @@ TEST_F(Studio, MouseSelectsMovesTheCursorAndTheTimeSelection) {
 TEST_F(Studio, ClicksFindTakesInLanesAndTracksThatAreScrolled) {
     simhost::Item& item = *host.project.tracks.ItemAt(0);
     item.takes.push_back(item.takes[0]);
-    host.toggles[acao::AlternarTakesEmPistas] = 1;
+    host.actions.toggles[acao::AlternarTakesEmPistas] = 1;
     Drag(At(5, 130), At(5, 130));
     EXPECT_EQ(item.activeTake, 1);
     EXPECT_EQ(Entry(1, 0, true), "Desfazer: Escolher tomada\tCtrl+Z");
@@ -133,7 +133,7 @@ TEST_F(Studio, FilesDroppedGetATrackEachAndTheLastIsSelected) {
 
 TEST_F(Studio, EditsOfTheModuleAreUndoneAndRedoneByTheMenuThatNamesThem) {
     EXPECT_EQ(Entry(1, 0), "Desfazer: Abrir fala.wav\tCtrl+Z");
-    const auto autoSplit = reinterpret_cast<bool (*)(bool, int, double)>(host.ApiFunction("Quilmo_AutoSplit"));
+    const auto autoSplit = reinterpret_cast<bool (*)(bool, int, double)>(host.extension.Function("Quilmo_AutoSplit"));
     ASSERT_TRUE(autoSplit(false, 55, -37));
     EXPECT_EQ(host.project.tracks.ItemCount(), 2);
     const std::string undo = Entry(1, 0, true);
@@ -152,15 +152,17 @@ TEST_F(Studio, KeyAOpensThePanelAndSpacePlays) {
     key.hwnd = panel;  // also from there
     key.wParam = VK_SPACE;
     EXPECT_TRUE(window.TakeKey(key));
-    const double start = host.playPosition;
+    const double start = host.transport.position;
     for (int i = 0; i < 3; ++i) ASSERT_TRUE(driver::AwaitTimer(host.mainWindow, 1));
-    EXPECT_GT(host.playPosition, start);
+    EXPECT_GT(host.transport.position, start);
     DestroyWindow(panel);
 }
 
 TEST_F(Studio, RendersBesideTheRecordingWhatIsHeardAndSaysWhatItCannot) {
     std::vector<std::string> told;
-    host.onMessage = [&told](const std::string& text, const std::string&, int) { return told.push_back(text), 1; };
+    host.dialogs.onMessage = [&told](const std::string& text, const std::string&, int) {
+        return told.push_back(text), 1;
+    };
     host.project.timeSelection = {3.5, 5};  // the pause begins at 4
     host.project.numbers["RENDER_BOUNDSFLAG"] = 2;
     host.RunAction(acao::RenderizarProjeto);

@@ -51,12 +51,12 @@ void ProjetoVazio() {
     vazio.numbers = host.project.numbers;
     vazio.texts = host.project.texts;
     host.project = std::move(vazio);
-    host.messages.clear();
-    host.inputs.clear();
-    host.actionsRun.clear();
-    host.scriptsRun.clear();
-    host.playState = 0;
-    host.StartHistory();
+    host.dialogs.messages.clear();
+    host.dialogs.inputs.clear();
+    host.actions.run.clear();
+    host.scripts.run.clear();
+    host.transport.state = 0;
+    host.undo.Start();
 }
 
 MediaTrack* Faixa(const std::string& nome, const std::vector<ItemDeCena>& itens) {
@@ -125,23 +125,15 @@ void Marcador(const std::string& nome, double tempo) {
 }
 
 void ResponderMensagem(int resposta) {
-    Host::Current().messageAnswers.push_back(resposta);
+    Host::Current().dialogs.messageAnswers.push_back(resposta);
 }
 
 void ResponderTexto(const std::string& texto) {
-    Host::Current().inputAnswers.push_back(texto);
+    Host::Current().dialogs.inputAnswers.push_back(texto);
 }
 
 void CancelarTexto() {
-    Host::Current().inputAnswers.push_back(std::nullopt);
-}
-
-std::string Retrato() {
-    return Picture(Host::Current());
-}
-
-std::string RetratoCompleto() {
-    return Picture(Host::Current(), simhost::Show::Everything);
+    Host::Current().dialogs.inputAnswers.push_back(std::nullopt);
 }
 
 // What `dizer` says of each, parted by `entre`.
@@ -157,16 +149,16 @@ std::string Selecionados() {
 }
 
 std::string UltimoDesfazer() {
-    const char* titulo = Host::Current().UndoTitle();
+    const char* titulo = Host::Current().undo.Title();
     return titulo ? titulo : "";
 }
 
 std::string Historico() {
-    return Juntar(Host::Current().UndoHistory(), " | ", [](const std::string& titulo) { return titulo; });
+    return Juntar(Host::Current().undo.Titles(), " | ", [](const std::string& titulo) { return titulo; });
 }
 
 std::string Mensagens() {
-    return Juntar(Host::Current().messages, " | ", [](const auto& m) { return m.title + ": " + m.text; });
+    return Juntar(Host::Current().dialogs.messages, " | ", [](const auto& m) { return m.title + ": " + m.text; });
 }
 
 static std::string NomeDaAcao(int numero) {
@@ -181,7 +173,7 @@ static std::string NomeDaAcao(int numero) {
 }
 
 std::string Acoes() {
-    return Juntar(Host::Current().actionsRun, " ", NomeDaAcao);
+    return Juntar(Host::Current().actions.run, " ", NomeDaAcao);
 }
 
 void EsperarViolacao(const std::string& parte) {

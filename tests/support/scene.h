@@ -11,7 +11,8 @@
 
 #include "host/api.h"
 #include "simhost/host.h"
-#include "simhost/picture.h"
+#include "tests/support/portrait.h"
+#include "tests/support/sources.h"
 
 struct ItemDeCena {
     std::string nome;
@@ -52,13 +53,11 @@ void ResponderMensagem(int resposta);  // to the next message box without an ans
 void ResponderTexto(const std::string& texto);
 void CancelarTexto();
 
-std::string Retrato();          // simhost/picture.h: what undo covers
-std::string RetratoCompleto();  // selection, cursor, time selection, view and play state too
-std::string Selecionados();     // "A, B", in the host's order
-std::string UltimoDesfazer();   // the topmost undo point's title; empty when there is none
-std::string Historico();        // all of them, oldest first: "um | dois"
-std::string Mensagens();        // message boxes shown: "Erro: texto | Aviso: texto"
-std::string Acoes();            // names of the actions run: "Tocar Parar"
+std::string Selecionados();    // "A, B", in the host's order
+std::string UltimoDesfazer();  // the topmost undo point's title; empty when there is none
+std::string Historico();       // all of them, oldest first: "um | dois"
+std::string Mensagens();       // message boxes shown: "Erro: texto | Aviso: texto"
+std::string Acoes();           // names of the actions run: "Tocar Parar"
 
 // The expected violation, by a part of its sentence, has happened; it no longer fails the test.
 void EsperarViolacao(const std::string& parte);

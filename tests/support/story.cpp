@@ -49,7 +49,7 @@ void Projeto(const std::string& retrato) {
         if (m[1] == "cursor")
             Cursor(std::stod(m[2]));
         else if (m[1] == "play")
-            Host::Current().playState = std::stoi(m[2]);
+            Host::Current().transport.state = std::stoi(m[2]);
         else
             SelecaoDeTempo(std::stod(m[2]), std::stod(m[4]));
     });
@@ -63,7 +63,7 @@ void Projeto(const std::string& retrato) {
     });
     if (resto.find(':') != std::string::npos)
         for (const std::string& faixa : Partes(resto, " / ")) LerFaixa(faixa);
-    Host::Current().StartHistory();
+    Host::Current().undo.Start();
 }
 
 void Contar(void (*comando)(), const char* historico, const std::vector<Historia>& historias) {

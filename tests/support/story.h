@@ -1,6 +1,6 @@
 // tests/support/story.h
 // Stories: a project told as a picture, one command, and the picture afterwards. Pictures are those of
-// simhost/picture.h, with everything in them, so that what changed by mistake shows too.
+// tests/support/portrait.h, with everything in them, so that what changed by mistake shows too.
 #pragma once
 #include "tests/support/scene.h"
 

@@ -1,19 +1,19 @@
-#include "simhost/picture.h"
+#include "tests/support/portrait.h"
 
 #include <cstdio>
 
 #include "simhost/host.h"
 
-namespace simhost {
+using namespace simhost;
 
-std::string Number(double value) {
+std::string Numero(double value) {
     char text[32];
     std::snprintf(text, sizeof text, "%.9g", value);
     return std::string(text) == "-0" ? "0" : text;
 }
 
 static std::string Range(double start, double end) {
-    return Number(start) + '-' + Number(end);
+    return Numero(start) + '-' + Numero(end);
 }
 
 // A colour as ColorToNative makes it, red lowest, with the flag that it is in use.
@@ -25,77 +25,80 @@ static std::string Colour(double value) {
     return text;
 }
 
-static std::string Picture(const Item& item, Show show) {
+static std::string Portrait(const Item& item, bool complete) {
     const Take* take = item.Active();
     std::string text = item.Name() + ' ' + Range(item.position, item.End());
     const auto mark = [&text](bool present, const std::string& words) {
         if (present) text += ' ' + words;
     };
     if (take) {
-        mark(take->startOffset != 0, '@' + Number(take->startOffset));
-        mark(take->playRate != 1, 'x' + Number(take->playRate));
+        mark(take->startOffset != 0, '@' + Numero(take->startOffset));
+        mark(take->playRate != 1, 'x' + Numero(take->playRate));
     }
-    mark(item.volume != 1, "vol " + Number(item.volume));
     mark(item.takes.size() > 1,
          "take " + std::to_string(item.activeTake + 1) + '/' + std::to_string(item.takes.size()));
-    mark(item.fadeIn != 0, '/' + Number(item.fadeIn));
-    mark(item.fadeOut != 0, '\\' + Number(item.fadeOut));
-    mark(item.autoFadeIn >= 0, "~/" + Number(item.autoFadeIn));
-    mark(item.autoFadeOut >= 0, "~\\" + Number(item.autoFadeOut));
+    mark(item.fadeIn >= 0, "~/" + Numero(item.fadeIn));
+    mark(item.fadeOut >= 0, "~\\" + Numero(item.fadeOut));
     mark(item.mute != 0, "mute");
     mark(item.lock != 0, "lock");
-    mark(item.group != 0, "group " + Number(item.group));
     mark(take && take->volumeEnvelope, "envelope");
     mark(take && take->source && take->source->IsMidi(), "midi");
     mark(!take, "no take");
     mark(take && !take->source, "no source");
     mark(item.colour != 0, Colour(item.colour));
-    mark(show == Show::Everything && item.selected, "*");
+    mark(complete && item.selected, "*");
     return text;
 }
 
-static std::string Picture(const Track& track, Show show) {
+static std::string Portrait(const Track& track, bool complete) {
     std::string marks;
     const auto mark = [&marks](bool present, const std::string& words) {
         if (present) marks += (marks.empty() ? "" : ", ") + words;
     };
-    mark(track.armed != 0, "armed" + (track.armed != 1 ? ' ' + Number(track.armed) : ""));
+    mark(track.armed != 0, "armed" + (track.armed != 1 ? ' ' + Numero(track.armed) : ""));
     mark(track.fxEnabled == 0, "fx off");
-    mark(track.height != 0, "height " + Number(track.height));
+    mark(track.height != 0, "height " + Numero(track.height));
     mark(track.colour != 0, Colour(track.colour));
-    mark(show == Show::Everything && track.selected, "selected");
+    mark(complete && track.selected, "selected");
     std::string text = track.name + (marks.empty() ? "" : " (" + marks + ")") + ':';
     const char* bar = " ";
     for (const Box<Item>& item : track.items) {
-        text += bar + Picture(*item, show);
+        text += bar + Portrait(*item, complete);
         bar = " | ";
     }
     return text;
 }
 
-std::string Picture(Host& host, Show show) {
+static std::string Portrait(const Host& host, bool complete) {
     std::string text;
     const Project& project = host.project;
-    for (const Box<Track>& track : project.tracks.All()) text += (text.empty() ? "" : " / ") + Picture(*track, show);
+    for (const Box<Track>& track : project.tracks.All())
+        text += (text.empty() ? "" : " / ") + Portrait(*track, complete);
     const auto append = [&text](const std::string& words) { text += (text.empty() ? "" : " ") + words; };
     for (const Marker& marker : project.markers) {
         std::string words = (marker.isRegion ? "[R" : "[M") + std::to_string(marker.number) + ' ';
         if (!marker.name.empty()) words += marker.name + ' ';
-        words += marker.isRegion ? Range(marker.start, marker.end) : Number(marker.start);
+        words += marker.isRegion ? Range(marker.start, marker.end) : Numero(marker.start);
         if (marker.colour) words += ' ' + Colour(marker.colour);
         append(words + ']');
     }
-    if (show == Show::Content) return text;
+    if (!complete) return text;
     const Project fresh;
     const auto range = [&](const char* name, const TimeRange& now, const TimeRange& plain) {
         if (now != plain) append(std::string("{") + name + ' ' + Range(now.start, now.end) + '}');
     };
-    if (project.cursor != 0) append("{cursor " + Number(project.cursor) + '}');
+    if (project.cursor != 0) append("{cursor " + Numero(project.cursor) + '}');
     range("time", project.timeSelection, fresh.timeSelection);
     range("loop", project.loop, fresh.loop);
     range("view", project.view, fresh.view);
-    if (host.playState) append("{play " + std::to_string(host.playState) + '}');
+    if (host.transport.state) append("{play " + std::to_string(host.transport.state) + '}');
     return text;
 }
 
-}  // namespace simhost
+std::string Retrato() {
+    return Portrait(Host::Current(), false);
+}
+
+std::string RetratoCompleto() {
+    return Portrait(Host::Current(), true);
+}
