@@ -8,7 +8,7 @@
 #include "bench/cairo_page.h"
 #include "bench/ratios.h"
 #include "lice/lice.h"
-#include "panel/theme.h"
+#include "panel/rounded.h"
 
 namespace {
 

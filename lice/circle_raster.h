@@ -134,11 +134,12 @@ struct SmoothRaster {
         const int reach = static_cast<int>(r), fringe = Fringe(dots, reach);
         dots.Ends(reach, dots.paint.ia - fringe);
         EachStep(dots, [&](int i, int k, int inside, bool diagonal) {
+            if (!diagonal) {
+                dots.FourTimes(k, i, inside);
+                return dots.FourTimes(i, k, inside);
+            }
             dots.Pair(k, -i, inside);
             dots.Pair(i, k, inside);
-            if (diagonal) return;
-            dots.Pair(i, -k, inside);
-            dots.Pair(k, i, inside);
         });
     }
 

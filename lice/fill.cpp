@@ -4,19 +4,8 @@
 #include <cstring>
 
 #include "lice/paint.h"
+#include "lice/store_row.h"
 #include "lice/target.h"
-
-// The last store may overlap the one before.
-static void StoreRow(LICE_pixel* row, int w, LICE_pixel color) {
-    const FourPixels four = OneColor{color}.Four(0);
-    if (w < 4) {
-        for (int x = 0; x < w; ++x) row[x] = color;
-        return;
-    }
-    LICE_pixel* const last = row + w - 4;
-    for (; row < last; row += 4) StoreFour(row, four);
-    StoreFour(last, four);
-}
 
 // Long rows are copies of the first, since memcpy moves more at a time than SSE2 stores.
 static void StoreRows(LICE_pixel* first, ptrdiff_t step, int w, int h, LICE_pixel color) {

@@ -22,21 +22,28 @@ struct CornerDots {
         paint.Dot(middle[dy > 0][1] + dy * span + dx, weight);
     }
     void FourTimes(int dx, int dy, int weight) const {
-        Pair(dx, -dy, weight);
-        Pair(dx, dy, weight);
+        const ptrdiff_t down = dy * span;
+        Mix(middle[0][0] - down - dx, middle[0][1] - down + dx, middle[1][0] + down - dx, middle[1][1] + down + dx,
+            weight);
     }
     // The fringe of a whole radius has no weight there, and may lie off the surface.
     void Ends(int reach, int weight) const {
-        if (weight == 0) return;
         FourTimes(0, reach, weight);
-        for (const auto& [left, right] : middle) {
-            paint.Dot(left - reach, weight);
-            paint.Dot(right + reach, weight);
-        }
+        FourTimes(reach, 0, weight);
     }
     template <class Step>
     void EachStep(Step step) const {
         for (int i = 1; step(i);) ++i;
+    }
+
+  private:
+    void Mix(LICE_pixel* a, LICE_pixel* b, LICE_pixel* c, LICE_pixel* d, int weight) const {
+        if (weight == 0) return;
+        const FourPixels mixed = MixFour(FourPixels{*a, *b, *c, *d}, FourPixels{} + paint.color, weight);
+        *a = mixed[0];
+        *b = mixed[1];
+        *c = mixed[2];
+        *d = mixed[3];
     }
 };
 
@@ -53,21 +60,11 @@ struct RoundedOutline {
     // Sides on a scaled surface lie in the middle of their logical pixels.
     double inset = target.scales ? 1.0 - 256.0 / target.scale : 0;
 
-    // Whether the corners may be drawn as one circle: softly, as copies, all on the surface.
+    // Whether the corners may be drawn as one circle: softly, as copies, apart from each other, all on the surface.
     bool CornersMakeOneCircle() const {
         return aa && target.scale == 0 && (mode & LICE_BLIT_MODE_MASK) == LICE_BLIT_MODE_COPY && ia >= 1 && ia <= 256 &&
-               x >= 0 && y >= 0 && x + w < static_cast<float>(target.width) &&
+               w > 2 * r && h > 2 * r && x >= 0 && y >= 0 && x + w < static_cast<float>(target.width) &&
                y + h < static_cast<float>(target.height);
-    }
-
-    void DrawCornersAsOneCircle() const {
-        const int left = static_cast<int>(x + r), right = static_cast<int>(x + w - r);
-        const auto [upper, lower] =
-            std::minmax({target.RowOf(static_cast<int>(y + r)), target.RowOf(static_cast<int>(y + h - r))});
-        SmoothRaster{r}.Ring(CornerDots{{{}, color, ia},
-                                        {{target.Stored(left, upper), target.Stored(right, upper)},
-                                         {target.Stored(left, lower), target.Stored(right, lower)}},
-                                        target.span});
     }
 
     void DrawCornersAsArcs() const {
@@ -119,6 +116,17 @@ void LICE_RoundRect(LICE_IBitmap* dest, float x, float y, float w, float h, int 
     }
     const RoundedOutline outline = {dest, target, x, y, w, h, r, color, alpha, mode, aa};
     outline.DrawSides();
-    if (outline.CornersMakeOneCircle()) return outline.DrawCornersAsOneCircle();
-    outline.DrawCornersAsArcs();
+    if (!outline.CornersMakeOneCircle()) return outline.DrawCornersAsArcs();
+    LICE_RoundCorners(target, static_cast<int>(x), static_cast<int>(y), static_cast<int>(w), static_cast<int>(h),
+                      static_cast<int>(r), color, outline.ia);
+}
+
+void LICE_RoundCorners(const Target& target, int x, int y, int w, int h, int radius, LICE_pixel color, int ia) {
+    const int left = x + radius, right = x + w - radius;
+    const auto [upper, lower] = std::minmax({target.RowOf(y + radius), target.RowOf(y + h - radius)});
+    SmoothRaster{static_cast<float>(radius)}.Ring(
+        CornerDots{{{}, color, ia},
+                   {{target.Stored(left, upper), target.Stored(right, upper)},
+                    {target.Stored(left, lower), target.Stored(right, lower)}},
+                   target.span});
 }

@@ -7,6 +7,7 @@
 #include "panel/grid.h"
 #include "panel/observer.h"
 #include "panel/pass.h"
+#include "panel/rounded.h"
 #include "panel/slicer_watch.h"
 #include "panel/status.h"
 #include "slicer/presets.h"

@@ -1,9 +1,6 @@
 #include "panel/theme.h"
 
 #include <algorithm>
-#include <cmath>
-#include <iterator>
-#include <utility>
 
 #include "platform/font.h"
 
@@ -41,30 +38,4 @@ void EscreverTexto(LICE_IBitmap* bm, const char* texto, int altura, LICE_pixel c
     LICE_CachedFont* fonte = FontePainel(altura);
     fonte->SetTextColor(cor);
     fonte->DrawText(bm, texto, -1, &lugar, formato);
-}
-
-void PreencheArredondado(LICE_IBitmap* bm, int x, int y, int w, int h, int raio, LICE_pixel cor, float alfa) {
-    LICE_FilledRect partes[48];  // given to the raster when there is no room for one more row
-    int quantas = 0;
-    const auto desenhar = [&] { LICE_FillRects(bm, partes, std::exchange(quantas, 0), cor, LICE_BLIT_MODE_COPY); };
-    partes[quantas++] = {x, y + raio, w, h - 2 * raio, alfa};
-    for (int i = 0; i < raio; ++i) {
-        const int e = raio - i;
-        const double recuoExato = raio - std::sqrt(static_cast<double>(raio * raio - e * e));
-        const int recuo = static_cast<int>(std::ceil(recuoExato));
-        const double cobertura = recuo - recuoExato;  // of the pixel at each end of the row
-        if (quantas + 6 > static_cast<int>(std::size(partes))) desenhar();
-        for (const int linha : {y + i, y + h - 1 - i}) {
-            if (w - 2 * recuo > 0) partes[quantas++] = {x + recuo, linha, w - 2 * recuo, 1, alfa};
-            if (cobertura > 0.01 && recuo >= 1)
-                for (const int coluna : {x + recuo - 1, x + w - recuo})
-                    partes[quantas++] = {coluna, linha, 1, 1, static_cast<float>(alfa * cobertura)};
-        }
-    }
-    desenhar();
-}
-
-void ContornoArredondado(LICE_IBitmap* bm, int x, int y, int w, int h, int raio, LICE_pixel cor, float alfa) {
-    LICE_RoundRect(bm, static_cast<float>(x), static_cast<float>(y), static_cast<float>(w - 1),
-                   static_cast<float>(h - 1), raio, cor, alfa, LICE_BLIT_MODE_COPY, true);
 }

@@ -25,7 +25,3 @@ TextoAjustado AjustarTexto(const char* texto, int tamanho, float extra, int larg
 void EscreverTexto(LICE_IBitmap* bm, const char* texto, int altura, LICE_pixel cor, RECT lugar, UINT formato);
 inline constexpr UINT TextoAEsquerda = DT_NOPREFIX | DT_SINGLELINE | DT_VCENTER;  // 0x824
 inline constexpr UINT TextoNoCentro = TextoAEsquerda | DT_CENTER;                 // 0x825
-
-// Rounded rectangles: filled, with anti-aliased corners, and as an outline.
-void PreencheArredondado(LICE_IBitmap* bm, int x, int y, int w, int h, int raio, LICE_pixel cor, float alfa);
-void ContornoArredondado(LICE_IBitmap* bm, int x, int y, int w, int h, int raio, LICE_pixel cor, float alfa);

@@ -6,6 +6,7 @@
 
 #include "panel/icons.h"
 #include "panel/observer.h"
+#include "panel/rounded.h"
 
 static bool DentroDaCelula(const Celula& c, const EstadoMouse& mouse) {
     return mouse.x >= c.x && mouse.x <= c.x + c.w && mouse.y >= c.y && mouse.y <= c.y + c.h;
@@ -24,6 +25,10 @@ static CorBase CorDoEstado(CorBase cor, bool apertado, bool aceso) {
 
 static float Brilho(bool aceso) {
     return aceso ? 1.0f : 0.88f;
+}
+
+static float AlfaDoContorno(bool aceso) {
+    return aceso ? 0.12f : 0.03f;
 }
 
 static LICE_pixel CorDeFundo(CorBase cor, bool aceso) {
@@ -82,13 +87,10 @@ ResultadoBotao Botao(LICE_IBitmap* bm, const EstadoMouse& mouse, const Celula& c
     if (aspecto.ativo) cor = Somar(cor, 40);
     const bool fundoClaro = 0.299 * cor.r + 0.587 * cor.g + 0.114 * cor.b > 165;
 
-    PreencheArredondado(bm, c.x, c.y, c.w, c.h, RaioDoCanto, CorDeFundo(cor, sobre), 1.0f);
-    if (aspecto.ativo)
-        Contornar(bm, c, CorBranca, 0.4f);
-    else if (fundoClaro)
-        Contornar(bm, c, 0xFF000000, sobre ? 0.15f : 0.04f);
-    else
-        Contornar(bm, c, CorBranca, sobre ? 0.12f : 0.03f);
+    const bool contornoEscuro = fundoClaro && !aspecto.ativo;
+    const float alfa = aspecto.ativo ? 0.4f : fundoClaro ? (sobre ? 0.15f : 0.04f) : AlfaDoContorno(sobre);
+    FaceArredondada(bm, c.x, c.y, c.w, c.h, RaioDoCanto, CorDeFundo(cor, sobre),
+                    contornoEscuro ? 0xFF000000 : CorBranca, alfa);
 
     const LICE_pixel corDoTexto = fundoClaro ? CorTextoEscuro : CorBranca;
     const int d = apertado ? 1 : 0;  // what is pressed sinks by a pixel
@@ -140,7 +142,7 @@ ResultadoSlider SliderPainel(LICE_IBitmap* bm, const EstadoMouse& mouse, const c
     if (cheio > 2)
         PreencheArredondado(bm, c.x, c.y, cheio, c.h, std::min(RaioDoCanto, cheio / 2),
                             CorDeFundo(CorDoEstado(aspecto.cor, preso, aceso), aceso), 1.0f);
-    Contornar(bm, c, CorBranca, aceso ? 0.12f : 0.03f);
+    Contornar(bm, c, CorBranca, AlfaDoContorno(aceso));
     if (aspecto.rotulo && *aspecto.rotulo)
         RotuloNoCentro(bm, c, aspecto.rotulo, aceso ? CorBranca : 0xE0FFFFFF, preso ? 1 : 0);
     return resultado;

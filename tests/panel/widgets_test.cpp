@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 LICE_MemBitmap Tela(320, 100, 0);
@@ -46,6 +48,22 @@ TEST(Widgets, RotuloEncolheAteNoveEAiTransborda) {
     EXPECT_EQ(AjustarTexto(texto, 12, 0, 10).tamanho, 9);
     const struct { int largura, tamanho; } tamanhos[] = {{201, 16}, {200, 15}, {100, 15}, {99, 14}, {50, 14}, {49, 12}};
     for (const auto& caso : tamanhos) EXPECT_EQ(TamanhoDaFonte(caso.largura), caso.tamanho);
+}
+
+// The ink of a label, whatever the face: in the middle, and in the size of the font.
+TEST(Widgets, RotuloEscritoNoMeio) {
+    LICE_Clear(&Tela, 0);
+    EscreverTexto(&Tela, "HOH", 15, CorBranca, {40, 20, 240, 60}, TextoNoCentro);
+    RECT tinta{320, 100, 0, 0};
+    for (LONG y = 0; y < 100; ++y)
+        for (LONG x = 0; x < 320; ++x)
+            if (Tela.getBits()[y * Tela.getRowSpan() + x] != 0)
+                tinta = {std::min(tinta.left, x), std::min(tinta.top, y), std::max(tinta.right, x + 1),
+                         std::max(tinta.bottom, y + 1)};
+    EXPECT_NEAR(tinta.left + tinta.right, 280, 3);
+    EXPECT_NEAR(tinta.top + tinta.bottom, 80, 6);
+    EXPECT_NEAR(tinta.right - tinta.left, LarguraTexto("HOH", 15), 4);
+    EXPECT_NEAR(tinta.bottom - tinta.top, 10, 3);
 }
 
 class Slider : public testing::Test {
