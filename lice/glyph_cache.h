@@ -10,9 +10,10 @@ struct GlyphRecord {
     int offset = 0;  // of the mask in the store, plus 1; 0: not rendered yet; -1: nothing to draw
     int width = 0;   // of the mask, cropped to its ink
     int height = 0;
-    int advance = 0;    // of the pen
-    unsigned code = 0;  // the character; a combining mark from bit 20 on
-    int leftExtra = 0;  // columns of the mask left of the pen; negative: the mask starts right of it
+    int advance = 0;             // of the pen
+    unsigned code = 0;           // the character; a combining mark from bit 20 on
+    int leftExtra = 0;           // columns of the mask left of the pen; negative: the mask starts right of it
+    int inkTop = 0, inkEnd = 0;  // the rows of the mask with ink lie between
 };
 
 class GlyphCache {

@@ -69,7 +69,10 @@ bool DrawGlyphMask(LICE_IBitmap* bitmap, const GlyphRecord& glyph, const uint8_t
     const int mode = style.combineMode & ~LICE_BLIT_USE_ALPHA;
     if (style.bkMode == OPAQUE)
         LICE_FillRect(bitmap, drawX, drawY, w, h, style.bkColor, style.alpha, mode | LICE_BLIT_IGNORE_SCALING);
-    mask += static_cast<ptrdiff_t>(drawY - top) * glyph.width + (drawX - left);
-    DrawRows({mask, glyph.width, target.At(drawX, drawY), target.Down(), w, h}, style, mode);
+    const Extent ink = Extent{top + glyph.inkTop, glyph.inkEnd - glyph.inkTop}.Within(drawY, drawY + h);
+    mask += (ink.start - top) * glyph.width + (drawX - left);
+    if (ink.size > 0)
+        DrawRows({mask, glyph.width, target.At(drawX, ink.start), target.Down(), w, static_cast<int>(ink.size)}, style,
+                 mode);
     return true;
 }

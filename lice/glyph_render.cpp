@@ -81,6 +81,17 @@ struct Mask {
     }
 };
 
+// The first row with ink, and the one behind the last; equal where there is none.
+std::pair<int, int> InkRows(const Mask& mask) {
+    const auto blank = [&](int y) {
+        return std::all_of(&mask.At(0, y), &mask.At(0, y) + mask.w, [](uint8_t byte) { return byte == 0; });
+    };
+    int top = 0, end = mask.h;
+    while (end > 0 && blank(end - 1)) --end;
+    while (top < end && blank(top)) ++top;
+    return {top, end};
+}
+
 // Copies the cell's coverage and crops it: of a margin only the columns with ink stay. Gives the first column kept.
 int CopyCoverage(Mask& mask, const LICE_pixel* row, int span, const Cell& cell, bool invert) {
     int first = cell.leftMargin, end = cell.advance + cell.leftMargin;
@@ -119,7 +130,8 @@ GlyphRecord Rendered(HeapBuffer& masks, const TextStyle& style, HFONT font, unsi
         CopyCoverage(mask, scratch.getBits(), scratch.getRowSpan(), cell, style.flags & LICE_FONT_FLAG_INVERT);
     masks.resize(start + mask.w * mask.h, false);
     Shape(mask, style, reinterpret_cast<uint8_t*>(scratch.getBits()));
-    return {start + 1, mask.w, mask.h, cell.advance, code, cell.leftMargin - first};
+    const auto [inkTop, inkEnd] = InkRows(mask);
+    return {start + 1, mask.w, mask.h, cell.advance, code, cell.leftMargin - first, inkTop, inkEnd};
 }
 
 }  // namespace

@@ -10,6 +10,7 @@ inline void StoreRow(LICE_pixel* row, int w, LICE_pixel color) {
         return;
     }
     LICE_pixel* const last = row + w - 4;
+#pragma GCC unroll 8  // two stores a cycle leave no time for a loop
     for (; row < last; row += 4) StoreFour(row, four);
     StoreFour(last, four);
 }
