@@ -105,12 +105,12 @@ int main(int argc, char** argv) {
         add("copy_memcpy", Memcpy);
     }
     return RunWithRatios(argc, argv,
-                         {{"page, every alpha: pixman / blit", "page_alpha_any_pixman", "page_alpha_any", 1.0},
-                          {"page, opaque: pixman / blit", "page_alpha_opaque_pixman", "page_alpha_opaque", 1.0},
-                          {"page, a shape: pixman / blit", "page_alpha_shape_pixman", "page_alpha_shape", 1.0},
-                          {"icon, every alpha: pixman / blit", "icon_alpha_any_pixman", "icon_alpha_any", 1.0},
-                          {"icon, opaque: pixman / blit", "icon_alpha_opaque_pixman", "icon_alpha_opaque", 1.0},
-                          {"icon, a shape: pixman / blit", "icon_alpha_shape_pixman", "icon_alpha_shape", 1.0},
+                         {{"page, every alpha: pixman / blit", "page_alpha_any_pixman", "page_alpha_any", 1.05},
+                          {"page, opaque: pixman / blit", "page_alpha_opaque_pixman", "page_alpha_opaque", 1.05},
+                          {"page, a shape: pixman / blit", "page_alpha_shape_pixman", "page_alpha_shape", 1.05},
+                          {"icon, every alpha: pixman / blit", "icon_alpha_any_pixman", "icon_alpha_any", 1.05},
+                          {"icon, opaque: pixman / blit", "icon_alpha_opaque_pixman", "icon_alpha_opaque", 1.05},
+                          {"icon, a shape: pixman / blit", "icon_alpha_shape_pixman", "icon_alpha_shape", 1.05},
                           {"page, copy: blit / memcpy", "page_copy", "page_copy_memcpy", 0, true},
                           {"icon, copy: blit / memcpy", "icon_copy", "icon_copy_memcpy", 0, true},
                           {"page, copy: pixman / blit", "page_copy_pixman", "page_copy", 1.0},

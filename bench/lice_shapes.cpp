@@ -120,7 +120,7 @@ BENCHMARK(OctagonOurs);
 BENCHMARK(OctagonCairo);
 
 const std::vector<Ratio> Ratios = {
-    {"rounded rectangle 140x36, filled: times as fast as Cairo", "RoundedFillCairo", "RoundedFillOurs", 20},
+    {"rounded rectangle 140x36, filled: times as fast as Cairo", "RoundedFillCairo", "RoundedFillOurs", 9},
     {"rounded rectangle 140x36, outline", "RoundedOutlineCairo", "RoundedOutlineOurs", 20},
     {"ring of radius 7", "RingCairo/7", "RingOurs/7", 7},
     {"ring of radius 7.25, which has no mask", "RingCairo/7", "RasteredRingOurs/7", 7},

@@ -131,7 +131,7 @@ int main(int argc, char** argv) {
         add("pixman", Pixman, text);
     }
     return RunWithRatios(argc, argv,
-                         {{"Nine letters: speed, of Cairo's text", "cairo_text/9", "draw/9", 3.0},
+                         {{"Nine letters: speed, of Cairo's text", "cairo_text/9", "draw/9", 3.8},
                           {"The same, of Cairo's glyphs without look-up", "cairo_glyphs/9", "draw/9", 3.0},
                           {"The same, ours centred, so measured too", "cairo_glyphs/9", "draw_centred/9", 0},
                           {"Measuring twelve characters: speed, of Cairo", "cairo_measure/12", "measure/12", 0},

@@ -183,6 +183,6 @@ BENCHMARK(PassCairo)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
     return RunWithRatios(argc, argv,
-                         {{"a pass of the main page: times as fast as Cairo", "PassCairo", "PassOurs", 15},
-                          {"a pass with the mouse on the move", "PassCairo", "HoverOurs", 15}});
+                         {{"a pass of the main page: times as fast as Cairo", "PassCairo", "PassOurs", 13},
+                          {"a pass with the mouse on the move", "PassCairo", "HoverOurs", 13}});
 }
