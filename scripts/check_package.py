@@ -41,6 +41,7 @@ def check_index(text, version):
     for package in packages:
         name, kind = package.get("name"), package.get("type")
         require(name and kind, "index.xml: a package without name or type")
+        require(package.findtext("metadata/link[@rel='website']"), f"index.xml: {name} has no website")
         description = package.findtext("metadata/description", "")
         require(description.startswith("{\\rtf1"), f"index.xml: the description of {name} is not RTF")
         require("MIT" in description, f"index.xml: {name} does not tell its licence")
@@ -72,8 +73,10 @@ def check_archive(path):
         return {name: archive.read(name) for name in names}
 
 
-def check_zip(path):
+def check_zip(path, version):
     files = check_archive(path)
+    require({name.split("/")[0] for name in files} == {path.stem}, f"{path.name}: not one folder at its top, of its name")
+    files = {name.split("/", 1)[-1]: data for name, data in files.items()}
     needed = [MODULE, "LEIA-ME.txt", "NOVIDADES.txt", "SHA256SUMS.txt", "manual/manual.html"]
     missing = [name for name in needed if name not in files]
     require(not missing, f"{path.name}: lacks {missing}")
@@ -93,6 +96,10 @@ def check_zip(path):
     made = {name: hashlib.sha256(data).hexdigest() for name, data in files.items() if name != "SHA256SUMS.txt"}
     require(told == made, f"{path.name}: the sums do not agree with the files")
     manual = files.get("manual/manual.html", b"").decode()
+    for name, data in files.items():
+        left = re.findall(rb"@[A-Z]+@", data) if name.endswith((".txt", ".html")) else []
+        require(not left, f"{name}: {left} are not filled in")
+    require(f"<strong>{version}</strong>" in manual[:2500], "manual.html: does not begin with its version")
     for picture in re.findall(r'<img src="([^"]+)"', manual):
         require(f"manual/{picture}" in files, f"manual.html: shows {picture}, which the zip lacks")
     for trace in ["tecla A", "snap", "grade", "fim da gravação", "quilmo_extension_log.txt", "presets_fatiador.ini",
@@ -154,7 +161,7 @@ def check_changelog(text, news, version):
 def main(dist, version):
     dist = Path(dist)
     name = f"reaper_quilmo-{version}-win64"
-    module = check_zip(dist / f"{name}.zip")
+    module = check_zip(dist / f"{name}.zip", version)
     check_reaper_pkg(dist / f"{name}.ReaperPkg", module)
     require((dist / MODULE).read_bytes() == module, f"{MODULE}: not that of the zip")
     check_index((dist / "index.xml").read_text("utf-8"), version)

@@ -1,9 +1,9 @@
 """Makes what package.sh ships, out of a stripped module and the texts. The same input gives the same bytes: archives
 hold their entries in the order of their names, all with the time of the commit.
 
-usage: make_package.py STAGE DIST VERSION EPOCH ADDRESS
-STAGE holds the zip's files, but for the manual and the sums; EPOCH is the commit's time; ADDRESS is where the module will be
-downloaded from."""
+usage: make_package.py STAGE DIST VERSION EPOCH SITE ADDRESS
+STAGE holds the zip's files, but for the sums and the manual, of which it holds manual.md; EPOCH is the commit's time; ADDRESS
+is where the module will be downloaded from."""
 
 import hashlib
 import re
@@ -30,6 +30,7 @@ INDEX = """<?xml version="1.0" encoding="utf-8"?>
     <reapack name="reaper_quilmo.ext" type="extension" desc="Quilmo">
       <metadata>
         <description><![CDATA[{about}]]></description>
+        <link rel="website">{site}</link>
       </metadata>
       <version name={version} author={author} time={time}>
         <changelog><![CDATA[{changes}]]></changelog>
@@ -52,10 +53,10 @@ def changes_of(news, version):
     return sections.get(version, "").strip()
 
 
-def write_manual(docs, folder):
-    """docs/manual.md as a page for the browser, which is what users have; its headings are places to link to."""
+def write_manual(text, docs, folder):
+    """The manual as a page for the browser, which is what users have; its headings are places to link to."""
     page = subprocess.run(
-        ["cmark-gfm", "--extension", "table", docs / "manual.md"], check=True, capture_output=True, encoding="utf-8"
+        ["cmark-gfm", "--extension", "table", text], check=True, capture_output=True, encoding="utf-8"
     ).stdout
 
     def heading(match):
@@ -72,30 +73,33 @@ def sums(files):
     return "".join(f"{hashlib.sha256(path.read_bytes()).hexdigest()}  {name}\n" for name, path in files)
 
 
-def pack(archive, files, epoch):
+def pack(archive, files, epoch, top=""):
     with zipfile.ZipFile(archive, "w") as out:
         for name, path in sorted(files):
-            entry = zipfile.ZipInfo(name, time.gmtime(epoch)[:6])
+            entry = zipfile.ZipInfo(top + name, time.gmtime(epoch)[:6])
             entry.compress_type = zipfile.ZIP_DEFLATED
             entry.create_system, entry.external_attr = 0, 0x20  # plain files, no permissions of the building machine
             out.writestr(entry, path.read_bytes(), compresslevel=9)
 
 
-def main(stage, dist, version, epoch, address):
+def main(stage, dist, version, epoch, site, address):
     stage, dist, epoch = Path(stage), Path(dist), int(epoch)
     root = Path(__file__).resolve().parent.parent
-    write_manual(root / "docs", stage / "manual")
+    write_manual(stage / "manual.md", root / "docs", stage / "manual")
+    (stage / "manual.md").unlink()
     folder = lambda: sorted((p.relative_to(stage).as_posix(), p) for p in stage.rglob("*") if p.is_file())
     (stage / "SHA256SUMS.txt").write_text(sums(folder()))
-    pack(dist / f"reaper_quilmo-{version}-win64.zip", folder(), epoch)
+    name = f"reaper_quilmo-{version}-win64"
+    pack(dist / f"{name}.zip", folder(), epoch, name + "/")
 
     info = dist / "reaper-package-info.txt"
     info.write_bytes(
         f"NAME: Quilmo\r\nAUTHOR: {AUTHOR}\r\nVERSION: {version}\r\n"
+        f"URL: {site}\r\n"
         f"INFO: 64-bit Windows, {MODULE}; acao \"Quilmo: Abrir Painel\", tecla A; licenca MIT\r\n".encode("ascii")
     )
     pack(
-        dist / f"reaper_quilmo-{version}-win64.ReaperPkg",
+        dist / f"{name}.ReaperPkg",
         [(info.name, info), (f"UserPlugins/{MODULE}", stage / MODULE)],
         epoch,
     )
@@ -104,6 +108,7 @@ def main(stage, dist, version, epoch, address):
     (dist / "index.xml").write_text(
         INDEX.format(
             about=rtf(ABOUT),
+            site=escape(site),
             version=quoteattr(version),
             author=quoteattr(AUTHOR),
             time=quoteattr(time.strftime("%Y-%m-%dT%H:%M:%SZ", time.gmtime(epoch))),

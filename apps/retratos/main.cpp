@@ -88,6 +88,10 @@ void Album::SlicerPage() {
     user_.PointAtNothing();
     Keep("salvar", 0, prompt);
     user_.Click("CANCELAR");
+    for (const auto& [preset, name] : {std::pair{"P3", "piso-30"}, {"P2", "piso-40"}, {"P6", "piso-50"}}) {
+        user_.Click(preset);
+        KeepArrangement(name);
+    }
     user_.Click("VOLTAR");
 }
 
