@@ -4,12 +4,12 @@
 
 #include <cstring>
 #include <filesystem>
-#include <regex>
 
 #include "host/imports.h"
 #include "host/log.h"
 #include "panel/window.h"
 #include "platform/files.h"
+#include "tests/support/pattern.h"
 #include "tests/support/scene.h"
 
 namespace fs = std::filesystem;
@@ -36,7 +36,7 @@ class Entrada : public Cena {
     std::string Log() {
         std::string texto;
         ReadTextFile(CaminhoDoLog(), texto);
-        return std::regex_replace(texto, std::regex(R"(\[\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\] )"), "");
+        return Replaced(texto, R"(\[\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\] )");
     }
 };
 

@@ -3,30 +3,31 @@
 #include <fstream>
 #include <iomanip>
 #include <map>
-#include <regex>
 
 #include "platform/files.h"
 #include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
 #include "slicer/autosplit.h"
+#include "tests/support/folders.h"
+#include "tests/support/pattern.h"
 #include "tests/support/scene.h"
 
 static std::string Manual() {
     std::string texto;
-    ReadTextFile(SOURCE_FOLDER "/docs/manual.md", texto);
+    ReadTextFile(SourceFolder() + "/docs/manual.md", texto);
     return texto;
 }
 
 TEST_F(Cena, OExemploDoManualFazOQueEleDiz) {
     const std::string texto = Manual(), arquivo = host.resourcePath + "/exemplo.lua";
-    std::smatch bloco;
-    ASSERT_TRUE(std::regex_search(texto, bloco, std::regex("```lua\n([^`]*)```")));
-    std::ofstream(arquivo) << "assert(not reaper.Quilmo_Teste or reaper.Quilmo_Teste(2, 3) == 5)\n" << bloco[1];
+    const auto blocos = Matches(texto, "```lua\n([^`]*)```");
+    ASSERT_FALSE(blocos.empty());
+    std::ofstream(arquivo) << "assert(not reaper.Quilmo_Teste or reaper.Quilmo_Teste(2, 3) == 5)\n" << blocos[0][1];
     simhost::RunScriptsWithLua(host);
     const int acao = host::AddRemoveReaScript(true, 0, arquivo.c_str(), true);
 
     std::string erro;
-    Faixa("Voz", {{"fala", 0, 13.7, simhost::OpenAudioFile(SOURCE_FOLDER "/data/fala.flac", &erro)}});
+    Faixa("Voz", {{"fala", 0, 13.7, simhost::OpenAudioFile(SourceFolder() + "/data/fala.flac", &erro)}});
     host.RunAction(acao);
     Selecionar({"fala"});
     host.RunAction(acao);
@@ -44,14 +45,13 @@ TEST(Manual, TodasAsDicasEstaoNaTabela) {
         std::string botao, direito, shift;
     };
     std::map<std::string, Linha> tabela;
-    const std::string texto = std::regex_replace(Manual(), std::regex("&lt;"), "<");
-    const std::regex linha(R"(\| (.+) \| `(.+)` \| [^|]+ \|(?: ?([^|\n]*) \| ?([^|\n]*) \|)?\n)");
-    for (std::sregex_iterator i(texto.begin(), texto.end(), linha), fim; i != fim; ++i) {
-        const std::string dica = std::regex_replace((*i)[2].str(), std::regex(R"(\\\|)"), "|");
-        EXPECT_TRUE(tabela.insert({dica, {(*i)[1], (*i)[3], (*i)[4]}}).second) << dica;
+    const std::string texto = Replaced(Manual(), "&lt;", "<");
+    for (const auto& linha : Matches(texto, R"(\| (.+) \| `(.+)` \| [^|]+ \|(?: ?([^|\n]*) \| ?([^|\n]*) \|)?\n)")) {
+        const std::string dica = Replaced(linha[2], R"(\\\|)", "|");
+        EXPECT_TRUE(tabela.insert({dica, {linha[1], linha[3], linha[4]}}).second) << dica;
     }
     std::map<std::string, Linha> semBotao = tabela;
-    std::ifstream lista(SOURCE_FOLDER "/data/painel.txt");
+    std::ifstream lista(SourceFolder() + "/data/painel.txt");
     for (std::string widget; std::getline(lista, widget);) {
         std::istringstream campos(widget.substr(std::min(widget.find('"'), widget.size())));
         std::string rotulo, icone, dica;
@@ -71,7 +71,7 @@ TEST(Manual, TodasAsDicasEstaoNaTabela) {
 // How many pieces each floor leaves of the recording that the manual's pictures show.
 TEST_F(Cena, OsPisosDoManualFazOQueEleDiz) {
     std::string erro;
-    Faixa("Voz", {{"fala", 0, 13.7, simhost::OpenAudioFile(SOURCE_FOLDER "/data/fala.flac", &erro)}});
+    Faixa("Voz", {{"fala", 0, 13.7, simhost::OpenAudioFile(SourceFolder() + "/data/fala.flac", &erro)}});
     host.undo.Start();
     for (const auto& [piso, bloco, pedacos] : {std::tuple{-30.0, 60, 18}, {-40, 55, 7}, {-45, 55, 12}, {-50, 150, 1}}) {
         Selecionar({"fala"});

@@ -1,8 +1,8 @@
 // The slicer as a script calls it: what is cut away, what closes up, and in which order the host is asked.
 #include <cmath>
-#include <regex>
 
 #include "slicer/autosplit.h"
+#include "tests/support/pattern.h"
 #include "tests/support/scene.h"
 
 namespace {
@@ -98,8 +98,8 @@ TEST_F(Fatias, OrdemDasChamadas) {
     EXPECT_TRUE(Fatiar(true));
     std::string chamadas;  // without the things that they name, and without what came back
     for (const std::string& linha : host.calls.trace)
-        if (std::regex_search(linha, std::regex("^\\w*(Audio|Source|Split|SetMedia|Delete|Undo|Prevent|Update)")))
-            chamadas += std::regex_replace(linha, std::regex("(item|track|take|source) \\w+(, )?| -> .*"), "") + ' ';
+        if (!Matches(linha, "^\\w*(Audio|Source|Split|SetMedia|Delete|Undo|Prevent|Update)").empty())
+            chamadas += Replaced(linha, "(item|track|take|source) \\w+(, )?| -> .*") + ' ';
     EXPECT_EQ(chamadas,
               "Undo_BeginBlock2(0) PreventUIRefresh(1) CreateTakeAudioAccessor() GetMediaItemTake_Source() "
               "GetMediaSourceSampleRate() GetMediaSourceNumChannels() GetAudioAccessorStartTime(accessor) "

@@ -8,11 +8,12 @@
 
 #include "platform/files.h"
 #include "platform/pictures/png_file.h"
+#include "tests/support/folders.h"
 
 static const bool Gravando = std::getenv("QUILMO_WRITE_GOLDEN");
 
 void ConfereGuardado(const std::string& arquivo, const std::string& achado) {
-    const std::string caminho = std::string(SOURCE_FOLDER) + '/' + arquivo;
+    const std::string caminho = SourceFolder() + '/' + arquivo;
     if (std::FILE* novo = Gravando ? OpenFile(caminho, "wb") : nullptr) {
         std::fwrite(achado.data(), 1, achado.size(), novo);
         std::fclose(novo);
@@ -28,7 +29,7 @@ void ConfereGuardado(const std::string& arquivo, const std::string& achado) {
 }
 
 void ConfereImagem(const std::string& arquivo, const driver::Picture& achada) {
-    const std::string caminho = std::string(SOURCE_FOLDER) + '/' + arquivo;
+    const std::string caminho = SourceFolder() + '/' + arquivo;
     const PixelRows linhas = {achada.pixels.data(), achada.width, achada.height, achada.width};
     if (Gravando) WritePng(caminho + ".png", linhas);
     driver::Picture guardada;

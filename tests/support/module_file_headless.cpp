@@ -8,9 +8,11 @@
 #include <iterator>
 #include <stdexcept>
 
-static const char* const Path = BUILD_FOLDER "/reaper_quilmo.so";
+#include "tests/support/folders.h"
 
-ModuleFile::ModuleFile() : handle_(dlopen(Path, RTLD_NOW | RTLD_LOCAL)) {
+static const std::string Path = BuildFolder() + "/reaper_quilmo.so";
+
+ModuleFile::ModuleFile() : handle_(dlopen(Path.c_str(), RTLD_NOW | RTLD_LOCAL)) {
     if (!handle_) throw std::runtime_error(dlerror());
 }
 

@@ -7,9 +7,11 @@
 #include <stdexcept>
 
 #include "platform/win32.h"
+#include "tests/support/folders.h"
 
 // The build folder is a path of the machine that built, in UTF-8, whose root is a drive here.
-static const std::filesystem::path Path(reinterpret_cast<const char8_t*>("Z:" BUILD_FOLDER "/reaper_quilmo.dll"));
+static const std::string PathText = "Z:" + BuildFolder() + "/reaper_quilmo.dll";
+static const std::filesystem::path Path(reinterpret_cast<const char8_t*>(PathText.c_str()));
 
 ModuleFile::ModuleFile() : handle_(LoadLibraryW(Path.c_str())) {
     if (!handle_) throw std::runtime_error("LoadLibrary: error " + std::to_string(GetLastError()));
