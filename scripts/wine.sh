@@ -11,6 +11,11 @@ fi
 export WINEPREFIX="${WINEPREFIX:-$here/build/windows/$prefix}"
 [ "$(locale charmap)" = UTF-8 ] || export LC_ALL=C.UTF-8 # else Wine makes no file with an accent in its name
 export WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
+# Without a sound card ALSA would say so in a stream of lines.
+if ! [ -n "${PULSE_SERVER:-}" -o -S "${XDG_RUNTIME_DIR:-}/pulse/native" ] && ! grep -qs '^ *[0-9]' /proc/asound/cards; then
+    WINEDLLOVERRIDES+=';winealsa.drv='
+    [ -z "$seen" ] || echo "Sem placa de som: nada se ouve." >&2
+fi
 mkdir -p "$WINEPREFIX"
 wine=/usr/lib/wine/wine64
 [ -x "$wine" ] || wine=$(command -v wine64 || command -v wine) || { echo "Wine is not installed." >&2; exit 127; }

@@ -20,10 +20,11 @@ static void ZoomToItems(Host& host) {
     if (const auto& items = host.project.tracks.Selected(); !items.empty()) host.project.view = SpanOf(items);
 }
 
+// What stays where it is: the cursor where it is in view, else the middle.
 static void ScaleView(Host& host, double factor) {
     const auto [start, end] = host.project.view;
-    const double middle = (start + end) / 2, half = (end - start) / 2 * factor;
-    host.project.view = {std::max(0.0, middle - half), middle + half};
+    const double cursor = host.project.cursor, still = start <= cursor && cursor <= end ? cursor : (start + end) / 2;
+    host.project.view = {std::max(0.0, still - (still - start) * factor), still + (end - still) * factor};
 }
 
 // Heights that tracks have of their own change alike.

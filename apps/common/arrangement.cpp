@@ -26,6 +26,7 @@ struct Canvas {
     int Width() const { return bm->getWidth(); }
     int Height() const { return bm->getHeight(); }
     double PixelsPerSecond() const { return (Width() - layout.headerWidth) / (view.end - view.start); }
+    int Scaled(int pixels) const { return static_cast<int>(std::lround(pixels * layout.scale)); }
     // The column of a time, held to a little outside the picture.
     int X(double time) const {
         const double x = layout.headerWidth + (time - view.start) * PixelsPerSecond();
@@ -50,7 +51,7 @@ LICE_CachedFont& Font(int height, int weight) {
 
 void Write(const Canvas& c, const std::string& text, RECT place, LICE_pixel colour, int height = 12, int weight = 600) {
     if (place.right <= place.left) return;
-    LICE_CachedFont& font = Font(height, weight);
+    LICE_CachedFont& font = Font(c.Scaled(height), weight);
     font.SetTextColor(colour);
     font.DrawText(c.bm, text.c_str(), -1, &place, DT_SINGLELINE | DT_NOPREFIX);
 }
@@ -62,7 +63,7 @@ std::string BaseName(const std::string& path) {
 // The first of 1, 2, 5, 10 ... seconds (then minutes) that leaves room for its label.
 double GridStep(const Canvas& c) {
     for (const double step : {0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0, 30.0, 60.0, 120.0, 300.0, 600.0, 1800.0})
-        if (step * c.PixelsPerSecond() >= 70) return step;
+        if (step * c.PixelsPerSecond() >= c.Scaled(70)) return step;
     return 3600.0;
 }
 
@@ -89,14 +90,14 @@ void PaintRuler(const Canvas& c, const Project& project) {
         else
             std::snprintf(label, sizeof label, "%d:%02d", static_cast<int>(time / 60),
                           static_cast<int>(std::fmod(time, 60)));
-        c.Line(x, height - 6, x, height - 1, DimText, 1.0f, false);
-        Write(c, label, {x + 4, height - 18, c.Width(), height}, DimText, 11, 400);
+        c.Line(x, height - c.Scaled(6), x, height - 1, DimText, 1.0f, false);
+        Write(c, label, {x + c.Scaled(4), height - c.Scaled(18), c.Width(), height}, DimText, 11, 400);
     }
     for (const Marker& marker : project.markers) {
         const int x = c.X(marker.start), end = marker.isRegion ? c.X(marker.end) : x + 2;
-        c.Fill(x, 3, std::max(2, end - x), 18, RegionColour);
-        c.Line(x, 3, x, height - 1, RegionColour, 0.6f, false);
-        if (marker.isRegion) Write(c, marker.name, {x + 5, 4, end - 3, 20}, BrightText);
+        c.Fill(x, c.Scaled(3), std::max(2, end - x), c.Scaled(18), RegionColour);
+        c.Line(x, c.Scaled(3), x, height - 1, RegionColour, 0.6f, false);
+        if (marker.isRegion) Write(c, marker.name, {x + c.Scaled(5), c.Scaled(4), end - 3, c.Scaled(20)}, BrightText);
     }
 }
 
@@ -130,8 +131,16 @@ std::vector<Peak> Peaks(const Item& item, const Take* take, double from, double 
     return peaks;
 }
 
+// A fade that is too short to be seen as one would only hide the sound.
 void PaintFade(const Canvas& c, double from, double to, int top, int bottom) {
-    if (from != to) c.Line(c.X(from), bottom, c.X(to), top, FadeColour, 0.9f, true);
+    constexpr int narrowest = 4;
+    if (std::abs(c.X(to) - c.X(from)) >= narrowest) c.Line(c.X(from), bottom, c.X(to), top, FadeColour, 0.9f, true);
+}
+
+// After all items, because the later of two that are crossfaded covers the earlier one's end.
+void PaintFades(const Canvas& c, const Item& item, int top, int height) {
+    PaintFade(c, item.position, item.position + std::max(0.0, item.fadeIn), top, top + height - 1);
+    PaintFade(c, item.End(), item.End() - std::max(0.0, item.fadeOut), top, top + height - 1);
 }
 
 LICE_pixel Tint(double native) {
@@ -140,15 +149,15 @@ LICE_pixel Tint(double native) {
 }
 
 // What the take shows of its item, in the columns from left on.
-void PaintTake(const Canvas& c, const Item& item, const Take* take, RECT place, float strength) {
+void PaintTake(const Canvas& c, const Item& item, const Take* take, RECT place, float strength, bool ground) {
     const int left = place.left, width = place.right - left, top = place.top, height = place.bottom - top;
-    const int title = height < 40 ? 0 : 16;
+    const int title = height < c.Scaled(40) ? 0 : c.Scaled(16);
     const double colour = item.colour ? item.colour : item.track->colour;
     const LICE_pixel body = colour ? Tint(colour) : ItemColour;
     const bool light = (body >> 16 & 255) + (body >> 8 & 255) + (body & 255) > 3 * 140;
     const LICE_pixel wave = light ? DarkWave : WaveColour, text = light ? Divider : BrightText;
-    c.Fill(left, top, width, height, body, strength);
-    c.Fill(left, top, width, title, light ? 0xFFFFFFFF : 0xFF000000, 0.25f);
+    if (ground) c.Fill(left, top, width, height, body, strength);
+    if (ground) c.Fill(left, top, width, title, light ? 0xFFFFFFFF : 0xFF000000, 0.25f);
 
     const int middle = top + title + (height - title) / 2, reach = (height - title) / 2 - 2;
     // No sound from outside the item, however short it is.
@@ -157,27 +166,33 @@ void PaintTake(const Canvas& c, const Item& item, const Take* take, RECT place, 
     const std::vector<Peak> peaks = Peaks(item, take, from, step, width, c.layout.columnFrames);
     const auto y = [&](double level) { return middle - static_cast<int>(std::clamp(level, -1.0, 1.0) * reach); };
     for (int i = 0; i < width; ++i)
-        c.Fill(left + i, y(peaks[i].high), 1, y(peaks[i].low) - y(peaks[i].high) + 1, wave, 0.9f * strength);
+        c.Fill(left + i, y(peaks[i].high), 1, y(peaks[i].low) - y(peaks[i].high) + 1, wave, strength);
     if (take && take->volumeEnvelope) c.Fill(left, y(0.5), width, 2, EnvelopeColour, strength);
-    if (title && width > 24)
-        Write(c, BaseName(take ? take->name : ""), {left + 5, top + 1, place.right - 3, top + title}, text, 11);
+    if (title && width > c.Scaled(24))
+        Write(c, BaseName(take ? take->name : ""), {left + c.Scaled(5), top + 1, place.right - 3, top + title}, text,
+              11);
 }
 
-void PaintItem(const Canvas& c, const Item& item, int top, int height) {
-    const int left = std::max(c.X(item.position), c.layout.headerWidth), right = std::min(c.X(item.End()), c.Width());
-    const int width = std::max(right - left, 1);
+// Pieces in order of their starts. A column that several share is the first one's, up to `painted`; the others, which
+// may be narrower than it, add their sound and no ground, so that the smallest pieces leave a waveform too.
+void PaintItem(const Canvas& c, const Item& item, int top, int height, int& painted) {
+    const int right = std::min(c.X(item.End()), c.Width());
+    int left = std::max(c.X(item.position), c.layout.headerWidth);
     if (c.X(item.End()) < c.layout.headerWidth || left >= c.Width()) return;
+    const bool shared = left == painted - 1, ground = !shared || right - left > 1;
+    if (shared && ground) ++left;
+    const int width = std::max(right - left, 1);
+    painted = std::max(painted, left + width);
     const float strength = item.mute ? 0.4f : 1.0f;
     const int lanes = c.layout.takesInLanes ? std::max(1, static_cast<int>(item.takes.size())) : 1;
     for (int i = 0; i < lanes; ++i) {
         const bool active = lanes == 1 || i == item.activeTake;
         const RECT place = {left, top + height * i / lanes, left + width, top + height * (i + 1) / lanes};
-        PaintTake(c, item, active ? item.Active() : &*item.takes[i], place, active ? strength : 0.5f * strength);
+        const Take* take = active ? item.Active() : &*item.takes[i];
+        PaintTake(c, item, take, place, active ? strength : 0.5f * strength, ground);
     }
-    PaintFade(c, item.position, item.position + std::max(0.0, item.fadeIn), top, top + height - 1);
-    PaintFade(c, item.End(), item.End() - std::max(0.0, item.fadeOut), top, top + height - 1);
     // Of an item that is only a sliver, its edges would be all that one sees.
-    const bool sliver = width < 4;
+    const bool sliver = width < 8;
     if (item.selected && sliver) c.Fill(left, top, width, 2, BrightText);
     if (item.selected && !sliver)
         LICE_DrawRect(c.bm, left, top, width - 1, height - 1, BrightText, 0.9f, LICE_BLIT_MODE_COPY);
@@ -186,13 +201,20 @@ void PaintItem(const Canvas& c, const Item& item, int top, int height) {
 
 void PaintTrack(const Canvas& c, const Track& track, Lane lane) {
     const int top = lane.top, height = lane.bottom - top - 2, header = c.layout.headerWidth;
-    const bool low = height < 48;
-    for (const Box<Item>& item : track.items) PaintItem(c, *item, top + 4, height - 8);
+    const bool low = height < c.Scaled(48);
+    int painted = 0;
+    for (const Box<Item>& item : track.items) PaintItem(c, *item, top + 4, height - 8, painted);
+    for (const Box<Item>& item : track.items) PaintFades(c, *item, top + 4, height - 8);
     c.Fill(0, top, header, height, HeaderColour);
-    c.Fill(0, top, 4, height, track.colour ? Tint(track.colour) : SelectionColour, track.selected ? 1.0f : 0.5f);
-    Write(c, std::to_string(track.index + 1), {12, top + 8, header, top + 26}, DimText, 11, 400);
-    Write(c, BaseName(track.name), {low ? 34 : 12, top + (low ? 7 : 26), header - 6, top + 46}, BrightText);
-    if (track.armed) LICE_FillCircle(c.bm, header - 16.0f, top + 18.0f, 5, 0xFFD94040, 1.0f, LICE_BLIT_MODE_COPY, true);
+    c.Fill(0, top, c.Scaled(4), height, track.colour ? Tint(track.colour) : SelectionColour,
+           track.selected ? 1.0f : 0.5f);
+    const int margin = c.Scaled(12), nameX = low ? c.Scaled(34) : margin, nameY = top + c.Scaled(low ? 7 : 26);
+    Write(c, std::to_string(track.index + 1), {margin, top + c.Scaled(8), header, top + c.Scaled(26)}, DimText, 11,
+          400);
+    Write(c, BaseName(track.name), {nameX, nameY, header - c.Scaled(6), top + c.Scaled(46)}, BrightText);
+    if (track.armed)
+        LICE_FillCircle(c.bm, static_cast<float>(header - c.Scaled(16)), static_cast<float>(top + c.Scaled(18)),
+                        static_cast<float>(c.Scaled(5)), 0xFFD94040, 1.0f, LICE_BLIT_MODE_COPY, true);
     c.Fill(0, top + height, c.Width(), 2, Divider);
 }
 
@@ -202,8 +224,8 @@ Lane LaneOf(const Project& project, const Track& track, const ArrangementLayout&
     Lane lane = {0, layout.rulerHeight - layout.scrolled};
     for (int i = 0; i <= track.index; ++i) {
         const double own = project.tracks.All()[i]->height;
-        lane = {lane.bottom,
-                lane.bottom + (own > 0 ? static_cast<int>(std::clamp(own, 24.0, 2000.0)) : layout.laneHeight)};
+        lane = {lane.bottom, lane.bottom + (own > 0 ? static_cast<int>(std::clamp(own, 24 * layout.scale, 2000.0))
+                                                    : layout.laneHeight)};
     }
     return lane;
 }

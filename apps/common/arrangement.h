@@ -11,6 +11,7 @@ struct ArrangementLayout {
     int rulerHeight = 44;       // times and regions
     int laneHeight = 110;       // of tracks without a height of their own
     int scrolled = 0;           // how much of the lanes is hidden above the ruler's lower edge
+    double scale = 1;           // of the texts and margins; the sizes above are the caller's to scale
     bool takesInLanes = false;  // all takes of an item, one under the other; else the active one
     // Frames read for a column of waveform at most, in eight pieces spread over it; 0: all that there are.
     int columnFrames = 0;

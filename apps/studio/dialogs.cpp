@@ -83,8 +83,18 @@ INT_PTR CALLBACK FormProc(HWND dialog, UINT message, WPARAM w, LPARAM l) {
     return TRUE;
 }
 
+}  // namespace
+
+void PaintAll() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) DispatchMessageA(&message);
+}
+
+namespace {
+
 // The window in front before a dialog gets the front back after it, as the panel's slicer mode needs. The window
-// manager may move it once more, so its messages are taken first. A dialog belongs to the main window: that one takes
+// manager may move it once more, so its messages are taken first. What the dialog covered is painted before a command
+// goes on to work. A dialog belongs to the main window: that one takes
 // no input meanwhile, but the panel hears of the release of the button that opened the dialog.
 class Front {
   public:
@@ -93,6 +103,7 @@ class Front {
         MSG message;
         for (int i = 0; i < SettleMs; i += 5, Sleep(5)) PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
         SetForegroundWindow(before_);
+        PaintAll();
     }
     Front(const Front&) = delete;
     Front& operator=(const Front&) = delete;
@@ -146,16 +157,28 @@ std::optional<std::string> AskInputs(const simhost::ShownInput& shown) {
     return answer;
 }
 
-std::optional<std::string> AskForRecording() {
+// What both dialogs about files have in common. Null: cancelled.
+static std::optional<std::string> AskForFile(decltype(GetOpenFileNameW)* ask, const wchar_t* kinds, DWORD flags,
+                                             const std::string& offered) {
     const Front front;
     wchar_t path[32768] = L"";
+    Wide(offered).copy(path, std::size(path) - 1);
     OPENFILENAMEW question{};
     question.lStructSize = sizeof question;
     question.hwndOwner = front.Owner();
-    question.lpstrFilter = L"Gravacoes WAV\0*.wav\0Todos os arquivos\0*.*\0";
+    question.lpstrFilter = kinds;
     question.lpstrFile = path;
     question.nMaxFile = static_cast<DWORD>(std::size(path));
-    question.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    if (!GetOpenFileNameW(&question)) return std::nullopt;
+    question.lpstrDefExt = L"rpp";
+    question.Flags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | flags;
+    if (!ask(&question)) return std::nullopt;
     return Utf8(path);
+}
+
+std::optional<std::string> AskForRecording() {
+    return AskForFile(GetOpenFileNameW, L"Gravações WAV\0*.wav\0Todos os arquivos\0*.*\0", OFN_FILEMUSTEXIST, "");
+}
+
+std::optional<std::string> AskWhereToSave(const std::string& path) {
+    return AskForFile(GetSaveFileNameW, L"Projetos\0*.rpp\0", OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST, path);
 }

@@ -17,4 +17,6 @@ bool AskFields(const std::string& title, std::vector<Field>& fields);
 // The same as extensions ask it, with commas between values. A caption with "=" is an option and not shown. Null:
 // cancelled.
 std::optional<std::string> AskInputs(const simhost::ShownInput& shown);
-std::optional<std::string> AskForRecording();  // the path of a file to open; null: cancelled
+std::optional<std::string> AskForRecording();                        // the path of a file to open; null: cancelled
+std::optional<std::string> AskWhereToSave(const std::string& path);  // offers that path; null: cancelled
+void PaintAll();  // what waits for it, in all windows of this thread; nothing else happens meanwhile

@@ -9,6 +9,7 @@
 #include <shellapi.h>
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, char*, int) {
+    SetProcessDPIAware();  // else the system enlarges what is painted, and blurs it
     try {
         const std::filesystem::path resources = ProgramFolder() + L"\\studio-recursos";
         std::filesystem::create_directories(resources);
@@ -22,10 +23,10 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, char*, int) {
         LocalFree(arguments);
 
         MSG message;
-        while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
             if (window.TakeKey(message)) continue;
             TranslateMessage(&message);
-            DispatchMessageA(&message);
+            DispatchMessageW(&message);
         }
     } catch (const std::exception& why) {
         ShowMessage(why.what(), "Quilmo Studio", MB_ICONERROR);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/common/text.h"
 #include "apps/studio/window.h"
 #include "host/actions.h"
 
@@ -25,16 +26,17 @@ constexpr struct Command {
     void (*run)(StudioWindow&);
 } Commands[] = {
     {"Arquivo", "Abrir...\tCtrl+O", 'O', FCONTROL, 0, [](StudioWindow& s) { s.Choose(); }},
+    {"Arquivo", "Guardar projeto...\tCtrl+S", 'S', FCONTROL, 0, [](StudioWindow& s) { s.Save(); }},
     {"Arquivo", "Sair\tAlt+F4", 0, 0, 0, [](StudioWindow& s) { PostMessageA(s.Host().mainWindow, WM_CLOSE, 0, 0); }},
     {"Editar", "Desfazer", 'Z', FCONTROL, 0, Undo},
     {"Editar", "Refazer", 'Y', FCONTROL, 0, Redo},
     {"Editar", "Selecionar todos os itens\tCtrl+A", 'A', FCONTROL, 0,
      [](StudioWindow& s) { s.Host().project.tracks.SelectAll(true); }},
     {"Editar", "Remover itens\tDel", VK_DELETE, 0, acao::RemoverItens, nullptr},
-    {"Editar", "Remover selecao de tempo\tEsc", VK_ESCAPE, 0, acao::TirarSelecaoDeTempo, nullptr},
-    {"Transporte", "Tocar/parar\tEspaco", VK_SPACE, 0, acao::TocarOuParar, nullptr},
+    {"Editar", "Remover seleção de tempo\tEsc", VK_ESCAPE, 0, acao::TirarSelecaoDeTempo, nullptr},
+    {"Transporte", "Tocar/parar\tEspaço", VK_SPACE, 0, acao::TocarOuParar, nullptr},
     {"Transporte", "Tocar/pausar\tEnter", VK_RETURN, 0, acao::TocarOuPausar, nullptr},
-    {"Transporte", "Ir para o inicio\tHome", VK_HOME, 0, acao::IrAoInicio, nullptr},
+    {"Transporte", "Ir para o início\tHome", VK_HOME, 0, acao::IrAoInicio, nullptr},
     {"Transporte", "Ir para o fim\tEnd", VK_END, 0, acao::IrAoFim, nullptr},
     {"Exibir", "Aproximar\t+", VK_ADD, 0, acao::AproximarHorizontal, nullptr},
     {"Exibir", "Afastar\t-", VK_SUBTRACT, 0, acao::AfastarHorizontal, nullptr},
@@ -60,10 +62,10 @@ void Menus::Build() {
     for (const Command& command : Commands) {
         if (name != command.menu) {
             menu = CreatePopupMenu();
-            AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), command.menu);
+            AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), Wide(command.menu).c_str());
             name = command.menu;
         }
-        AppendMenuA(menu, MF_STRING, number, command.text);
+        AppendMenuW(menu, MF_STRING, number, Wide(command.text).c_str());
         if (command.key) keys.push_back({static_cast<BYTE>(command.keyFlags | FVIRTKEY), command.key, number});
         ++number;
     }
@@ -73,12 +75,12 @@ void Menus::Build() {
         if (r.name == "gaccel") {
             const auto& [accel, text] = *static_cast<gaccel_register_t*>(r.info);
             const std::string entry = std::string(text) + '\t' + static_cast<char>(accel.key);
-            AppendMenuA(menu, MF_STRING, number, entry.c_str());
+            AppendMenuW(menu, MF_STRING, number, Wide(entry).c_str());
             keys.push_back({accel.fVirt, accel.key, number});
         }
         ++number;
     }
-    AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), "Extensao");
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), L"Extensão");
 
     const HWND window = studio_.Host().mainWindow;
     const HMENU before = GetMenu(window);
@@ -92,7 +94,7 @@ void Menus::NameUndo() {
     const auto name = [this](const char* verb, const char* title, const char* key, UINT number) {
         const std::string text = verb + (title ? std::string(": ") + title : "") + '\t' + key;
         const UINT flags = MF_BYCOMMAND | (title ? MF_ENABLED : MF_GRAYED);
-        ModifyMenuA(GetMenu(studio_.Host().mainWindow), number, flags, number, text.c_str());
+        ModifyMenuW(GetMenu(studio_.Host().mainWindow), number, flags, number, Wide(text).c_str());
     };
     name("Desfazer", studio_.Host().undo.Title(), "Ctrl+Z", NumberOf(Undo));
     name("Refazer", studio_.Host().undo.RedoTitle(), "Ctrl+Y", NumberOf(Redo));

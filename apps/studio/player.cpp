@@ -42,6 +42,7 @@ Player::~Player() = default;
 void Player::Start(double time) {
     Stop();
     next_ = time;
+    if (waveOutGetNumDevs() == 0) return;
     auto output = std::make_unique<Output>();
     if (output->Open()) output_ = std::move(output);
 }

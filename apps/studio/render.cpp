@@ -18,14 +18,14 @@ namespace {
 constexpr char Title[] = "Render";
 constexpr size_t MostNames = 20;  // in a message
 
-void Render(simhost::Host& host) {
+void Render(simhost::Host& host, const std::function<void()>& working) {
     std::error_code refused;
     std::filesystem::create_directories(Wide(host.project.texts["RENDER_FILE"]),
                                         refused);  // a file that cannot be written says so
     const std::vector<RenderedFile> files = FilesToRender(host.project);
     for (const RenderedFile& file : files) {
-        std::string error = "'" + file.path + "' nao pode ser gravado: este programa nao grava MP3";
-        if (file.kind != RenderKind::Wav || !WriteWaveFile(file.path, host.project, file.range, &error)) {
+        std::string error = "'" + file.path + "' não pode ser gravado: este programa não grava MP3";
+        if (file.kind != RenderKind::Wav || !WriteWaveFile(file.path, host.project, file.range, working, &error)) {
             host.dialogs.onMessage(error, Title, MB_ICONWARNING);
             return;
         }
@@ -53,16 +53,14 @@ void AskSettings(simhost::Project& project) {
     channels = number(3, 64);
 }
 
-void ShowFolder(const simhost::Host& host) {
-    const std::string& folder = host.project.texts.at("RENDER_FILE");
-    std::error_code unknown;
-    if (std::filesystem::is_directory(Wide(folder), unknown))
-        ShellExecuteW(host.mainWindow, L"explore", Wide(folder).c_str(), nullptr, nullptr, SW_SHOW);
-    else
-        host.dialogs.onMessage("Nada foi gravado ainda.", Title, MB_ICONINFORMATION);
-}
-
 }  // namespace
+
+bool ShowFolder(HWND owner, const std::string& folder) {
+    std::error_code unknown;
+    if (!std::filesystem::is_directory(Wide(folder), unknown)) return false;
+    ShellExecuteW(owner, L"explore", Wide(folder).c_str(), nullptr, nullptr, SW_SHOW);
+    return true;
+}
 
 void RenderBeside(simhost::Project& project, const std::string& recording, const simhost::Source& source) {
     if (!project.texts["RENDER_FILE"].empty()) return;
@@ -72,9 +70,12 @@ void RenderBeside(simhost::Project& project, const std::string& recording, const
     project.numbers["RENDER_SRATE"] = source.SampleRate();
 }
 
-void AnswerRenderActions(simhost::Host& host) {
+void AnswerRenderActions(simhost::Host& host, const std::function<void()>& working) {
     host.actions.outside[acao::RenderizarProjeto] =
-        host.actions.outside[acao::RenderizarComUltimas] = [&host] { Render(host); };
+        host.actions.outside[acao::RenderizarComUltimas] = [&host, working] { Render(host, working); };
     host.actions.outside[acao::AbrirConfigRender] = [&host] { AskSettings(host.project); };
-    host.actions.outside[acao::AbrirPastaDoRender] = [&host] { ShowFolder(host); };
+    host.actions.outside[acao::AbrirPastaDoRender] = [&host] {
+        if (!ShowFolder(host.mainWindow, host.project.texts["RENDER_FILE"]))
+            host.dialogs.onMessage("Nada foi gravado ainda.", Title, MB_ICONINFORMATION);
+    };
 }

@@ -9,6 +9,16 @@ using simhost::TimeRange;
 
 constexpr double ShortestView = 0.01, LongestView = 24 * 3600.0, LatestStart = 1e6;
 
+double View::Scale() {
+    static const double scale = [] {
+        const HDC screen = GetDC(nullptr);
+        const int perInch = GetDeviceCaps(screen, LOGPIXELSX);
+        ReleaseDC(nullptr, screen);
+        return std::max(perInch, 96) / 96.0;
+    }();
+    return scale;
+}
+
 double View::Seconds() const {
     return std::clamp(host_.project.view.end - host_.project.view.start, ShortestView, LongestView);
 }
@@ -16,7 +26,10 @@ double View::Seconds() const {
 ArrangementLayout View::Layout() const {
     ArrangementLayout layout;
     layout.columnFrames = 4096;  // an hour of sound has to be painted while the wheel turns
-    layout.laneHeight = host_.screen.laneHeight;
+    layout.scale = Scale();
+    layout.headerWidth = Scaled(layout.headerWidth);
+    layout.rulerHeight = Scaled(layout.rulerHeight);
+    layout.laneHeight = Scaled(host_.screen.laneHeight);
     layout.takesInLanes = host_.actions.toggles[acao::AlternarTakesEmPistas] != 0;
     // Tracks may have gone since the user scrolled.
     layout.scrolled = std::clamp(scrolled_, 0, std::max(0, ArrangementHeight(host_.project, layout) - height_));
@@ -83,8 +96,10 @@ void View::ScrollDownTo(int pixels) {
     scrolled_ = Layout().scrolled;
 }
 
-void View::ShowAll() {
-    host_.project.view = {0, std::max(1.0, ProjectEnd(host_.project) * 1.02)};
+void View::ShowAll(int room) {
+    const double lanes = std::max(1, width_ - Layout().headerWidth), shown = std::max(lanes - room, lanes / 4);
+    const double end = std::max(1.0, ProjectEnd(host_.project) * (room ? 1 : 1.02));
+    host_.project.view = {0, end * lanes / shown};
 }
 
 bool View::Follow(double time) {

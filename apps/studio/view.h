@@ -8,6 +8,8 @@ class View {
   public:
     explicit View(simhost::Host& host) : host_(host) {}
 
+    static double Scale();  // how many pixels stand for one at 96 to the inch
+    static int Scaled(int pixels) { return static_cast<int>(pixels * Scale() + 0.5); }
     void Resize(int width, int height) { width_ = width, height_ = height; }
     int Height() const { return height_; }
     double Seconds() const;  // held to what can be painted, whatever the project's view says
@@ -25,8 +27,8 @@ class View {
     void Zoom(double factor, int x);  // above 1 shows less time; what stands at x stays there
     void ScrollTo(double start);      // seconds, held to what there can be
     void ScrollDownTo(int pixels);    // of the tracks, held to what there is
-    void ShowAll();
-    bool Follow(double time);  // turns the page when the time has left it; true when it did
+    void ShowAll(int room = 0);       // leaves that many pixels free at the right
+    bool Follow(double time);         // turns the page when the time has left it; true when it did
 
   private:
     simhost::Host& host_;

@@ -108,26 +108,26 @@ simhost::SourceRef OpenWaveFile(const std::string& path, std::string* error) {
     const uintmax_t size = std::filesystem::file_size(Wide(path), unknown);
     if (!unknown && size > INT32_MAX) return refuse("passa de 2 GB");  // the system's calls count no further
     Reader reader(path);
-    if (!reader.Open()) return refuse("nao pode ser aberto");
-    if (!reader.EnterWave()) return refuse("nao e um arquivo WAV");
+    if (!reader.Open()) return refuse("não pode ser aberto");
+    if (!reader.EnterWave()) return refuse("não é um arquivo WAV");
     const std::vector<unsigned char> head = reader.Chunk(mmioFOURCC('f', 'm', 't', ' '));
     Format format{};
     std::memcpy(&format, head.data(), std::min(head.size(), sizeof format));
     constexpr size_t subFormat = 24;  // where an extensible format says what it is
     if (format.tag == Extensible && head.size() >= subFormat + sizeof format.tag)
         std::memcpy(&format.tag, head.data() + subFormat, sizeof format.tag);
-    if (!Readable(format)) return refuse("nao e um WAV de amostras PCM");
+    if (!Readable(format)) return refuse("não é um WAV de amostras PCM");
     try {
         std::vector<unsigned char> bytes = reader.Chunk(mmioFOURCC('d', 'a', 't', 'a'));
-        if (bytes.size() < format.frameBytes) return refuse("nao tem nenhuma amostra");
+        if (bytes.size() < format.frameBytes) return refuse("não tem nenhuma amostra");
         return std::make_shared<WaveSource>(format, std::move(bytes));
     } catch (const std::bad_alloc&) {
-        return refuse("nao cabe na memoria");
+        return refuse("não cabe na memória");
     }
 }
 
 bool WriteWaveFile(const std::string& path, const simhost::Project& project, const simhost::MixRange& range,
-                   std::string* error) {
+                   const std::function<void()>& working, std::string* error) {
     const auto refuse = [&](const char* why) {
         *error = "'" + path + "' " + why;
         return false;
@@ -138,7 +138,7 @@ bool WriteWaveFile(const std::string& path, const simhost::Project& project, con
     if (static_cast<double>(range.Frames()) * frameBytes > mostBytes) return refuse("passaria de 4 GB");
     const std::string unfinished = path + ".tmp";
     std::FILE* const file = OpenFile(unfinished, "wb");
-    if (!file) return refuse("nao pode ser criado");
+    if (!file) return refuse("não pode ser criado");
 
     const auto bytes = static_cast<uint32_t>(range.Frames() * frameBytes), padding = bytes % 2;
     std::string block;
@@ -159,6 +159,7 @@ bool WriteWaveFile(const std::string& path, const simhost::Project& project, con
     put(bytes, 4);
     bool written = std::fwrite(block.data(), 1, block.size(), file) == block.size();
     written = written && MixProject(project, range, [&](const double* mix, int frames) {
+                  working();
                   block.clear();
                   for (int i = 0; i < frames * range.channels; ++i) put(simhost::To24Bits(mix[i]), sampleBytes);
                   return std::fwrite(block.data(), 1, block.size(), file) == block.size();
@@ -167,5 +168,5 @@ bool WriteWaveFile(const std::string& path, const simhost::Project& project, con
     written = std::fclose(file) == 0 && written;
     if (written && MoveFileExW(Wide(unfinished).c_str(), Wide(path).c_str(), MOVEFILE_REPLACE_EXISTING)) return true;
     RemoveFile(unfinished);
-    return refuse("nao pode ser gravado ate o fim");
+    return refuse("não pode ser gravado até o fim");
 }

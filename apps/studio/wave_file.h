@@ -10,6 +10,6 @@
 simhost::SourceRef OpenWaveFile(const std::string& path, std::string* error);
 
 // Writes the mix of the project's tracks. The file gets its name, or replaces the one there, only when it is whole.
-// False, with a sentence in *error, when it cannot be written.
+// False, with a sentence in *error, when it cannot be written. `working` is called after each block.
 bool WriteWaveFile(const std::string& path, const simhost::Project& project, const simhost::MixRange& range,
-                   std::string* error);
+                   const std::function<void()>& working, std::string* error);

@@ -8,10 +8,13 @@
 #include "apps/common/plugin.h"
 #include "apps/studio/menus.h"
 #include "apps/studio/player.h"
+#include "apps/studio/save.h"
 #include "apps/studio/view.h"
 #include "lice/bitmap.h"
 // Needs windows.h first.
 #include <shellapi.h>
+
+constexpr int StatusHeight = 22;  // of the line at the window's foot, in pixels at 96 to the inch
 
 class StudioWindow {
   public:
@@ -24,6 +27,7 @@ class StudioWindow {
     bool LoadPlugin(std::string* error);
     void Open(const std::string& path);  // on a track of its own; a message box tells what went wrong
     void Choose();                       // asks for a recording to open
+    void Save();                         // asks where, and keeps the project there
     void ShowAll();
     bool TakeKey(MSG& message) { return menus_.TakeKey(message); }
     simhost::Host& Host() { return host_; }
@@ -42,22 +46,35 @@ class StudioWindow {
     void ScrollBar(int bar, int code);
     void Drop(HDROP drop);
 
+    bool Changed();  // since the project was opened or saved
+    void CallItSaved();
+    void ShowRecordings();
+
     void Tick();
     void Transport(double seconds);
     void Stale() { shown_ = -1; }  // the next tick paints the picture anew
     void Refresh();
     void SetBar(int bar, int total, int page, int position);
     void Paint();
+    void PaintStatus(HDC dc, RECT place);
+    void Working();  // called by commands that take their time: keeps what is painted, and says so
+    void Rest();     // no command is at work any more
 
     simhost::Host host_;
     View view_{host_};
     Player player_;
     Menus menus_{*this};
+    SourceFiles files_;
+    std::string opened_;                   // the last recording's path
+    std::string keptText_;                 // of the project as it was opened or saved, as
+    std::vector<std::string> keptTitles_;  // its undo history was
     std::optional<Plugin> plugin_;
     HWND window_ = nullptr;
     LICE_SysBitmap picture_;
-    int64_t shown_ = -1;  // Host::changes when the picture was painted
-    ULONGLONG lastTick_ = 0;
+    int64_t shown_ = -1;                     // Host::changes when the picture was painted
+    ULONGLONG lastTick_ = 0, lastSign_ = 0;  // of the clock; that a command works
+    HFONT statusFont_ = nullptr;
+    bool working_ = false;
     double heardAt_ = -1;  // the play position as the clock left it; -1: nothing plays
     POINT pressedAt_{};
     bool pressed_ = false, dragging_ = false;

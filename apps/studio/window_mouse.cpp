@@ -2,7 +2,6 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "apps/common/text.h"
 #include "apps/studio/window.h"
 #include "host/actions.h"
 
@@ -130,14 +129,4 @@ void StudioWindow::ScrollBar(int bar, int code) {
     else
         view_.ScrollDownTo(to);
     Stale();
-}
-
-void StudioWindow::Drop(HDROP drop) {
-    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-    for (UINT i = 0; i < count; ++i) {
-        std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
-        path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
-        Open(Utf8(path));
-    }
-    DragFinish(drop);
 }

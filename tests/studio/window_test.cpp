@@ -7,6 +7,7 @@
 
 #include "apps/studio/wave_file.h"
 #include "host/actions.h"
+#include "platform/files.h"
 #include "tests/studio/wave_writer.h"
 #include "tests/support/desktop_driver.h"
 
@@ -109,6 +110,69 @@ TEST_F(Studio, WheelZoomsAroundTheMouseAndScrollsNoFurtherThanTheStart) {
     EXPECT_NEAR(host.project.view.end, seconds / 1.25, 1e-9);
 }
 
+TEST_F(Studio, TheFirstViewLeavesThePanelsPlaceAndPlusZoomsAroundTheCursor) {
+    RECT client;
+    GetClientRect(host.mainWindow, &client);
+    EXPECT_NEAR(view.ColumnOf(10), client.right - 360, 1);
+    host.project.cursor = 7;
+    for (const int action : {acao::AproximarHorizontal, acao::AproximarHorizontal, acao::AfastarHorizontal}) {
+        const int before = view.ColumnOf(7);
+        host.RunAction(action);
+        EXPECT_EQ(view.ColumnOf(7), before);
+    }
+}
+
+// Of a thousand pieces in 300 columns one sees the sound, as of the item before it was cut, and no fades.
+TEST_F(Studio, PiecesNarrowerThanAPixelKeepTheirWaveform) {
+    const auto colours = [this] {
+        LICE_MemBitmap picture(420, 154);
+        PaintArrangement(host.project, &picture, {0, 10});
+        std::map<LICE_pixel, int> count;
+        for (int y = 70; y < 140; ++y)
+            for (int x = 124; x < 416; ++x) ++count[picture.getBits()[y * picture.getRowSpan() + x]];
+        return count;
+    };
+    simhost::TrackList& tracks = host.project.tracks;
+    host.project.cursor = 11;
+    const auto whole = colours();
+    for (int i = 999; i > 0; --i) Split(host.project, *tracks.ItemAt(0), i * 0.01);
+    for (simhost::Item* piece : tracks.Items()) piece->fadeIn = piece->fadeOut = 0.005;
+    ASSERT_EQ(tracks.ItemCount(), 1000);
+    const auto pieces = colours();
+    EXPECT_EQ(pieces.size(), whole.size()) << "a colour that the whole item does not have";
+    for (const auto& [colour, count] : whole)
+        EXPECT_NEAR(pieces.contains(colour) ? pieces.at(colour) : 0, count, 0.1 * count) << std::hex << colour;
+}
+
+TEST_F(Studio, SavedWithTheGluedFileBesideItNothingIsAskedAtTheEnd) {
+    int asked = 0;
+    host.dialogs.onMessage = [&asked](const std::string&, const std::string&, int) { return ++asked, IDNO; };
+    const auto close = [this] { return SendMessageA(host.mainWindow, WM_CLOSE, 0, 0); };
+    host.project.tracks.Select(*host.project.tracks.ItemAt(0), true);
+    host.RunAction(acao::ColarSelecao);
+    close();
+    EXPECT_EQ(asked, 1);
+    EXPECT_TRUE(IsWindow(host.mainWindow));
+
+    const auto folder = std::filesystem::temp_directory_path() / "guardado";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directory(folder);
+    SourceFiles files;
+    std::string error, text;
+    int blocks = 0;
+    ASSERT_TRUE(SaveProject(
+        host.project, (folder / "fala.rpp").string(), files, [&] { ++blocks; }, &error))
+        << error;
+    EXPECT_GT(blocks, 1);
+    ASSERT_TRUE(ReadTextFile((folder / "fala.rpp").string(), text));
+    const std::string glued = (folder / "fala-glued.wav").string();
+    EXPECT_NE(text.find("LENGTH 10\n"), text.npos) << text;
+    EXPECT_NE(text.find("<SOURCE WAVE\n        FILE \"" + glued + "\"\n"), text.npos) << text;
+    const simhost::SourceRef written = OpenWaveFile(glued, &error);
+    ASSERT_TRUE(written) << error;
+    EXPECT_EQ(written->Frames(), 80000);
+}
+
 TEST_F(Studio, FilesDroppedGetATrackEachAndTheLastIsSelected) {
     const std::wstring names = L"fala.wav" + std::wstring(1, 0) + L"fala.wav" + std::wstring(2, 0);
     struct Dropped {
@@ -180,11 +244,11 @@ TEST_F(Studio, RendersBesideTheRecordingWhatIsHeardAndSaysWhatItCannot) {
 
     host.project.texts["RENDER_FORMAT"] = "bDNwbUABAAAA";
     host.RunAction(acao::RenderizarComUltimas);
-    EXPECT_NE(told.back().find("nao grava MP3"), std::string::npos) << told.back();
+    EXPECT_NE(told.back().find("não grava MP3"), std::string::npos) << told.back();
     host.project.texts["RENDER_FORMAT"] = "";
     host.project.texts["RENDER_FILE"] = path;  // a file, and so no folder
     host.RunAction(acao::RenderizarComUltimas);
-    EXPECT_NE(told.back().find("nao pode ser criado"), std::string::npos) << told.back();
+    EXPECT_NE(told.back().find("não pode ser criado"), std::string::npos) << told.back();
     host.project.timeSelection = {0, 1e6};
     host.RunAction(acao::RenderizarComUltimas);
     EXPECT_NE(told.back().find("passaria de 4 GB"), std::string::npos) << told.back();
