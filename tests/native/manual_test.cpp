@@ -4,13 +4,15 @@
 #include <iomanip>
 #include <map>
 
+#include "commands/commands.h"
 #include "platform/files.h"
 #include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
 #include "slicer/autosplit.h"
+#include "slicer/preview.h"
 #include "tests/support/folders.h"
 #include "tests/support/pattern.h"
-#include "tests/support/scene.h"
+#include "tests/support/story.h"
 
 static std::string Manual() {
     std::string texto;
@@ -66,6 +68,28 @@ TEST(Manual, TodasAsDicasEstaoNaTabela) {
         semBotao.erase(dica);
     }
     for (const auto& [dica, l] : semBotao) ADD_FAILURE() << "nao ha mais: " << dica;
+}
+
+// What VOLTAR takes with it, and that two clicks on MUTE keep it.
+TEST_F(Cena, VoltarLevaOQueNaoDeixouPontoDeDesfazer) {
+    for (const bool mute : {false, true}) {
+        Projeto("Voz: a 2-4 *");
+        host.project.cursor = 3;
+        SplitNoCursor();
+        for (int i = 0; mute && i < 2; ++i) MuteClip();
+        ASSERT_TRUE(EntrarModoFatiador(host.resourcePath));
+        RestaurarOriginal();
+        EXPECT_EQ(host.project.tracks.ItemCount(), mute ? 2 : 1);
+        RestaurarEstadoFatiador();
+    }
+    Projeto("Voz: a 2-4 * | b 6-8 *");
+    host.dialogs.messageAnswers = {6};
+    ASSERT_TRUE(EntrarModoFatiador(host.resourcePath));
+    EXPECT_EQ(host.project.tracks.At(0)->fxEnabled, 0);
+    RestaurarOriginal();
+    EXPECT_EQ(host.project.tracks.ItemCount(), 1) << "joined still";
+    EXPECT_EQ(host.project.tracks.At(0)->fxEnabled, 1) << "but the effects are on again";
+    RestaurarEstadoFatiador();
 }
 
 // How many pieces each floor leaves of the recording that the manual's pictures show.
