@@ -49,5 +49,5 @@ if [ $preset = window ]; then
     exec scripts/wine.sh --janela build/window/studio.exe "$recording"
 fi
 echo "Fatiando $recording"
-build/run/fatiar "$recording" -o "$out" --csv --json
+build/run/fatiar "$recording" -o "$out" --csv --json --sobrescrever
 build/run/passeio "$recording" "$out"

@@ -10,6 +10,6 @@ struct Target;
 void LICE_RoundRect(LICE_IBitmap* dest, float x, float y, float w, float h, int cornerRadius, LICE_pixel color,
                     float alpha, int mode, bool aa);
 
-// Its four corners alone, softly, as copies of an opacity of 1 to 256. They do not meet, and lie on the surface with all
-// their pixels; it has no scale.
+// Its four corners alone, softly, as copies of an opacity of 1 to 256. They do not meet, and lie on the surface with
+// all their pixels; it has no scale.
 void LICE_RoundCorners(const Target& target, int x, int y, int w, int h, int radius, LICE_pixel color, int ia);

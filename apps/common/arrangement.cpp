@@ -110,16 +110,19 @@ std::vector<Peak> Peaks(const Item& item, const Take* take, double from, double 
     std::vector<Peak> peaks(std::max(columns, 0));
     if (!take || !take->source || take->source->SampleRate() <= 0) return peaks;
     const int rate = take->source->SampleRate(), channels = take->source->Channels();
-    const int frames = static_cast<int>(std::clamp(step * rate, 1.0, 2e9));
-    const bool sparse = columnFrames > 0 && frames > columnFrames;
+    const bool sparse = columnFrames > 0 && step * rate > columnFrames;
     constexpr int pieces = 8;
-    const int block = sparse ? std::max(1, columnFrames / pieces) : 8192, hop = sparse ? frames / pieces : block;
+    const int block = sparse ? std::max(1, columnFrames / pieces) : 8192;
     std::vector<double> samples(static_cast<size_t>(block) * channels);
     for (size_t i = 0; i < peaks.size(); ++i) {
         const double start = from + i * step;
-        for (int done = 0; done < frames; done += hop) {
-            const int n = std::min(block, frames - done);
-            if (!ReadTake(*take, rate, channels, start + static_cast<double>(done) / rate, n, samples.data())) break;
+        // On whole frames, each column from where the last one ended, so that a packed recording is read in one go.
+        const double first = std::floor(start * rate),
+                     frames = std::clamp(std::floor((start + step) * rate) - first, 1.0, 2e9);
+        const double hop = sparse ? std::max(1.0, std::floor(frames / pieces)) : block;
+        for (double done = 0; done < frames; done += hop) {
+            const int n = static_cast<int>(std::min<double>(block, frames - done));
+            if (!ReadTake(*take, rate, channels, (first + done) / rate, n, samples.data())) break;
             const auto [low, high] =
                 std::minmax_element(samples.begin(), samples.begin() + static_cast<size_t>(n) * channels);
             peaks[i].low = std::min(peaks[i].low, *low);

@@ -1,16 +1,21 @@
 #include "apps/common/recording.h"
 
+#include "apps/common/audio_file.h"
 #include "apps/common/tool.h"
-#include "simhost/native/audio_file.h"
+
+simhost::Track& PutOnTrack(const simhost::SourceRef& source, const std::string& name, simhost::Host& host) {
+    simhost::Track& track = AddTrack(host.project, name);
+    simhost::Item item = simhost::MakeItem(name, 0, source->Length(), source);
+    item.selected = true;
+    host.project.tracks.Add(track, std::move(item));
+    return track;
+}
 
 void PutOnTrack(const std::string& path, simhost::Host& host) {
     std::string error;
-    const simhost::SourceRef source = simhost::OpenAudioFile(path, &error);
+    const simhost::SourceRef source = OpenAudioFile(path, &error);
     Expect(source != nullptr, error);
-    simhost::Track& track = AddTrack(host.project, path);
-    simhost::Item item = simhost::MakeItem(path, 0, source->Length(), source);
-    item.selected = true;
-    host.project.tracks.Add(track, std::move(item));
+    PutOnTrack(source, path, host);
 }
 
 void PhotographArrangement(const simhost::Project& project, double seconds, const std::string& pngPath, int width,

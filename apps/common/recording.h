@@ -7,6 +7,7 @@
 #include "platform/pictures/png_file.h"
 
 // A track of its own behind the last, with the recording as one selected item.
+simhost::Track& PutOnTrack(const simhost::SourceRef& source, const std::string& name, simhost::Host& host);
 void PutOnTrack(const std::string& path, simhost::Host& host);
 
 // The arrangement's first seconds, with a little space behind them.

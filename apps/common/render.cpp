@@ -1,25 +1,22 @@
 #include "apps/common/render.h"
 
+#include "apps/common/audio_writer.h"
 #include "apps/common/render_list.h"
 #include "host/actions.h"
-#include "simhost/native/audio_file.h"
 
-using simhost::AudioFormat;
-
-static bool Write(const simhost::Project& project, const RenderedFile& file, std::string* error) {
+static bool Write(const simhost::Project& project, const RenderedFile& file) {
     const simhost::MixRange& range = file.range;
-    const auto writer =
-        simhost::AudioWriter::Create(file.path, file.kind == RenderKind::Mp3 ? AudioFormat::Mp3 : AudioFormat::Wav,
-                                     range.rate, range.channels, range.Frames(), error);
+    const AudioFormat format = file.kind == RenderKind::Mp3 ? AudioFormat::Mp3 : AudioFormat::Wav;
+    std::string why;
+    const auto writer = AudioWriter::Create(file.path, {format, range.rate, range.channels, range.Frames()}, {}, &why);
     if (!writer) return false;
     MixProject(project, range, [&](const double* block, int frames) { return writer->Write(block, frames); });
-    return writer->Finish(error);
+    return writer->Finish();
 }
 
 void RenderToFiles(simhost::Host& host) {
     host.actions.outside[acao::RenderizarProjeto] = host.actions.outside[acao::RenderizarComUltimas] = [&host] {
-        std::string error;
         for (const RenderedFile& file : FilesToRender(host.project))
-            if (!Write(host.project, file, &error)) return host.Violate("the render failed: " + error);
+            if (!Write(host.project, file)) return host.Violate("the render failed: '" + file.path + "'");
     };
 }

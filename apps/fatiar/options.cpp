@@ -4,44 +4,15 @@
 #include <charconv>
 
 #include "apps/common/tool.h"
+#include "apps/fatiar/lists.h"
 
-const char HelpText[] =
-    "Uso: fatiar ENTRADA... [opcoes]\n"
-    "\n"
-    "Encontra o silencio de cada gravacao, corta-o fora e encosta os pedacos que sobram.\n"
-    "Sem -o nada e gravado: o programa so mostra o que achou.\n"
-    "\n"
-    "  -o PASTA         grava o audio fatiado em PASTA, como NOME-fatiado.wav ou .flac,\n"
-    "                   e imagens de antes e depois: antes.png, depois.png;\n"
-    "                   com uma so entrada, -o pode ser o proprio arquivo: -o saida.flac\n"
-    "  --formato F      wav ou flac, ambos de 24 bits; sem esta opcao vale a terminacao de -o,\n"
-    "                   e na falta dela a da entrada: .flac da FLAC, o resto da WAV\n"
-    "  --piso DB        abaixo deste nivel e silencio, de -200 a 0 dB (padrao: -37)\n"
-    "  --bloco MS       so pausas a partir desta duracao cortam, de 1 a 600000 ms (padrao: 55)\n"
-    "  --sem-fechar     deixa os pedacos onde estao, sem encostar e sem fades; o audio gravado corre\n"
-    "                   junto com a entrada (fechado, ele comeca no primeiro pedaco)\n"
-    "  --csv, --json    mostra a tabela nesse formato; com -o, tambem a grava ao lado do audio\n"
-    "                   (as duas juntas so com -o)\n"
-    "  -h, --ajuda      mostra este texto\n"
-    "\n"
-    "Le qualquer formato que a libsndfile conheca (WAV, FLAC, AIFF, OGG, MP3...).\n"
-    "Saida: 0 se tudo correu bem; 2 se algo impediu, com uma linha que diz o que foi.\n";
+namespace {
 
-std::string AudioEnding(const std::string& path) {
-    for (const char* ending : {"wav", "flac"}) {
-        const std::string dotted = std::string(".") + ending;
-        const auto same = [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == b; };
-        if (path.size() > dotted.size() && std::equal(dotted.rbegin(), dotted.rend(), path.rbegin(),
-                                                      [&](char wanted, char found) { return same(found, wanted); }))
-            return ending;
-    }
-    return "";
-}
+constexpr double LongestMs = 600000;
 
 // The whole text must be one number within the limits: "12abc", "nan" and "1e999" are none.
 template <class Number>
-static bool ParseNumber(std::string text, Number low, Number high, Number* value) {
-    std::replace(text.begin(), text.end(), ',', '.');  // many keyboards write -37,5
+bool ParseNumber(const std::string& text, Number low, Number high, Number* value) {
     const char* end = text.data() + text.size();
     Number number{};
     const auto result = std::from_chars(text.data(), end, number);
@@ -50,7 +21,39 @@ static bool ParseNumber(std::string text, Number low, Number high, Number* value
     return true;
 }
 
-namespace {
+bool SetThreshold(Options& o, std::string value) {
+    std::replace(value.begin(), value.end(), ',', '.');  // many keyboards write -37,5
+    return ParseNumber(value, -200.0, 0.0, &o.thresholdDb);
+}
+
+bool SetMargin(Options& o, const std::string& value) {
+    const size_t comma = value.find(',');
+    o.margin = true;
+    return ParseNumber(value.substr(0, comma), 0.0, LongestMs, &o.beforeMs) &&
+           ParseNumber(comma == std::string::npos ? value : value.substr(comma + 1), 0.0, LongestMs, &o.afterMs);
+}
+
+bool SetPause(Options& o, const std::string& value) {
+    if (!ParseNumber(value, 0.0, LongestMs, &o.pauseMs.emplace())) return false;
+    o.beforeMs = o.afterMs = *o.pauseMs / 2;
+    return true;
+}
+
+bool AddList(Options& o, const std::string& value) {
+    const size_t equals = value.find('=');
+    o.lists.push_back({value.substr(0, equals), equals == std::string::npos ? "" : value.substr(equals + 1)});
+    return FindListFormat(o.lists.back().format) && !value.ends_with('=');
+}
+
+bool SetFrameRate(Options& o, const std::string& value) {
+    constexpr std::pair<const char*, FrameRate> rates[] = {
+        {"24", {24, 1}}, {"25", {25, 1}}, {"29.97", {30000, 1001}}, {"29,97", {30000, 1001}}, {"30", {30, 1}}};
+    const auto found =
+        std::find_if(std::begin(rates), std::end(rates), [&](const auto& r) { return r.first == value; });
+    if (found == std::end(rates)) return false;
+    o.frameRate = found->second;
+    return true;
+}
 
 struct Option {
     const char* name;
@@ -59,19 +62,27 @@ struct Option {
 };
 
 constexpr Option Table[] = {
-    {"-o", "uma pasta ou um arquivo", [](Options& o, const std::string& v) { return o.output = v, !v.empty(); }},
-    {"--formato", "wav ou flac",
-     [](Options& o, const std::string& v) { return o.format = v, v == "wav" || v == "flac"; }},
-    {"--piso", "um numero de -200 a 0 (em dB)",
-     [](Options& o, const std::string& v) { return ParseNumber(v, -200.0, 0.0, &o.thresholdDb); }},
+    {"--piso", "um numero de -200 a 0 (em dB)", [](Options& o, const std::string& v) { return SetThreshold(o, v); }},
     {"--bloco", "um inteiro de 1 a 600000 (em ms)",
      [](Options& o, const std::string& v) { return ParseNumber(v, 1, 600000, &o.blockMs); }},
+    {"--margem", "um ou dois numeros de 0 a 600000 (em ms), com virgula entre eles", SetMargin},
+    {"--pausa", "um numero de 0 a 600000 (em ms)", SetPause},
     {"--sem-fechar", nullptr, [](Options& o, const std::string&) { return o.closeGaps = false, true; }},
+    {"--juntas", nullptr, [](Options& o, const std::string&) { return o.together = true; }},
+    {"-o", "uma pasta, um arquivo ou -", [](Options& o, const std::string& v) { return o.output = v, !v.empty(); }},
+    {"--formato", "wav ou flac",
+     [](Options& o, const std::string& v) { return o.format = v, v == "wav" || v == "flac"; }},
+    {"--sem-imagens", nullptr, [](Options& o, const std::string&) { return o.pictures = false, true; }},
+    {"--sobrescrever", nullptr, [](Options& o, const std::string&) { return o.overwrite = true; }},
     {"--csv", nullptr, [](Options& o, const std::string&) { return o.csv = true; }},
     {"--json", nullptr, [](Options& o, const std::string&) { return o.json = true; }},
+    {"--lista", "rotulos, ffconcat, mlt, edl ou rpp, com =ARQUIVO ou sem", AddList},
+    {"--quadros", "24, 25, 29.97 ou 30", SetFrameRate},
+    {"--origem", "o nome de um arquivo", [](Options& o, const std::string& v) { return o.origin = v, !v.empty(); }},
     {"--ajuda", nullptr, [](Options& o, const std::string&) { return o.help = true; }},
     {"--help", nullptr, [](Options& o, const std::string&) { return o.help = true; }},
     {"-h", nullptr, [](Options& o, const std::string&) { return o.help = true; }},
+    {"--versao", nullptr, [](Options& o, const std::string&) { return o.version = true; }},
 };
 
 // Takes one option, and the argument behind it where that is its value.
@@ -102,11 +113,32 @@ void TakeInput(const std::string& word, Options* options) {
     options->inputs.push_back(word);
 }
 
-void CheckTogether(const Options& options) {
-    const bool writes = !options.output.empty();
-    Expect(!options.inputs.empty(), "falta a gravacao de entrada (veja fatiar --ajuda)");
-    Expect(writes || !options.csv || !options.json, "--csv e --json juntos so com -o");
-    Expect(writes || options.format.empty(), "--formato so faz sentido com -o");
+// Whether a list of one of these formats is asked for.
+bool Lists(const Options& o, std::initializer_list<const char*> formats) {
+    return std::any_of(o.lists.begin(), o.lists.end(), [&](const WantedList& list) {
+        return std::find(formats.begin(), formats.end(), list.format) != formats.end();
+    });
+}
+
+void CheckTogether(const Options& o) {
+    const bool files = !o.output.empty() && !o.ToStandardOutput();
+    const bool standardInput = std::count(o.inputs.begin(), o.inputs.end(), "-") > 0;
+    const std::pair<bool, const char*> refusals[] = {
+        {o.inputs.empty(), "falta a gravacao de entrada (veja fatiar --ajuda)"},
+        {!files && o.csv && o.json, "--csv e --json juntos so com -o"},
+        {o.output.empty() && !o.format.empty(), "--formato so faz sentido com -o"},
+        {o.margin && o.pauseMs, "--margem e --pausa nao se juntam: escolha uma"},
+        {o.pauseMs && !o.closeGaps, "--pausa nao combina com --sem-fechar, que deixa as pausas inteiras"},
+        {!o.closeGaps && Lists(o, {"ffconcat"}), "--lista ffconcat nao guarda buracos: nao combina com --sem-fechar"},
+        {o.frameRate && !Lists(o, {"mlt", "edl"}), "--quadros so faz sentido com --lista mlt ou --lista edl"},
+        {!o.origin.empty() && o.lists.empty() && !standardInput,
+         "--origem so faz sentido com --lista ou com a entrada -"},
+        {standardInput && o.origin.empty() && Lists(o, {"ffconcat", "mlt", "edl", "rpp"}),
+         "uma lista da entrada padrao precisa de --origem, o arquivo que ela cita"},
+        {o.inputs.size() > 1 && standardInput, "a entrada padrao (-) nao se junta a outras entradas"},
+        {o.inputs.size() > 1 && o.ToStandardOutput(), "na saida padrao (-o -) cabe uma so entrada"},
+    };
+    for (const auto& [refused, why] : refusals) Expect(!refused, why);
 }
 
 }  // namespace
@@ -124,6 +156,6 @@ Options ParseOptions(std::span<const char* const> arguments) {
         else
             TakeOption(word, &arguments, &options);
     }
-    if (!options.help) CheckTogether(options);
+    if (!options.help && !options.version) CheckTogether(options);
     return options;
 }

@@ -1,43 +1,34 @@
 // apps/fatiar/outputs.h
-// The files that a run leaves behind. Every function throws a sentence for the user when it cannot do its work. Until
-// Keep is called, the end of this object takes away every file and folder that it made: all stay, or none.
+// The files of one result. Each is written under a hidden name beside its own; Commit gives all of them their names.
+// Without Commit the end of this object takes away everything that it made, folders too. What cannot be done is thrown
+// as a sentence for the user.
 #pragma once
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "apps/fatiar/options.h"
-#include "simhost/mixdown.h"
-#include "simhost/native/audio_file.h"
-
-struct OutputFile {
-    std::string audio;  // path of the sliced audio
-    simhost::AudioFormat format;
-    std::string Beside(const char* ending) const;  // the same path with another ending, for a table
-};
-
 class Outputs {
   public:
-    Outputs() = default;
+    explicit Outputs(bool overwrite) : overwrite_(overwrite) {}
     Outputs(const Outputs&) = delete;
     Outputs& operator=(const Outputs&) = delete;
     ~Outputs();
 
-    // Decides where each input's result goes, never over an input, and makes the folder.
-    void Plan(const Options& options);
-    const std::vector<OutputFile>& Files() const { return files_; }  // one an input; none without -o
-
-    void WriteAudio(const OutputFile& file, const simhost::Track& track, const simhost::MixRange& range,
-                    const simhost::MixSink& onWritten);
-    // A picture of the arrangement's first seconds, into the folder of the results; nothing when -o names a file.
-    void KeepPicture(const char* name, const simhost::Project& project, double seconds);
-    void WriteText(const std::string& path, const std::string& text);
-    void Keep() { made_.clear(); }
+    // Makes the folder of what will be at `path`. A file that is there is refused, or replaced by Commit.
+    void Plan(const std::filesystem::path& path);
+    std::string Draft(const std::filesystem::path& path) const;  // where to write it until then
+    void WriteText(const std::filesystem::path& path, const std::string& text);
+    void Commit();
 
   private:
     bool MakeFolder(const std::filesystem::path& folder);
 
-    std::vector<OutputFile> files_;
-    std::filesystem::path folder_;             // empty when the result is one named file
-    std::vector<std::filesystem::path> made_;  // in the order of making
+    struct File {
+        std::filesystem::path draft, path;
+    };
+    std::vector<File>::const_iterator Find(const std::filesystem::path& path) const;
+
+    bool overwrite_;
+    std::vector<File> files_;
+    std::vector<std::filesystem::path> folders_;  // made here, the innermost last
 };

@@ -1,50 +1,27 @@
 #include "apps/fatiar/report.h"
 
-#include <algorithm>
-#include <charconv>
-#include <cstdio>
+#include <cmath>
+#include <nlohmann/json.hpp>
 
 #include "apps/common/tool.h"
-#include "platform/utf8.h"
+#include "apps/fatiar/text.h"
 
-double Result::Kept() const {
-    double sum = 0;
-    for (const Piece& piece : pieces) sum += piece.length;
-    return sum;
-}
-
-// A sum of pieces can exceed the whole in its last bits.
-double Result::Removed() const {
-    return std::max(0.0, length - Kept());
-}
-
-// The shortest text that reads back as the same double.
-static std::string Exact(double value) {
-    char text[32];
-    return {text, std::to_chars(text, text + sizeof text, value).ptr};
-}
-
-static std::string Formatted(const char* format, auto... values) {
-    char line[160];
-    std::snprintf(line, sizeof line, format, values...);
-    return line;
-}
-
-std::string AsTable(const std::vector<Result>& results) {
-    std::string text;
-    for (const Result& r : results) {
-        text += OnOneLine(r.input);
-        text +=
-            Formatted(": %.3f s, %d Hz, %d %s\n", r.length, r.rate, r.channels, r.channels == 1 ? "canal" : "canais");
-        text += "  pedaco     posicao     duracao   na origem\n";
-        int number = 0;
-        for (const Piece& p : r.pieces)
-            text += Formatted("  %6d %11.3f %11.3f %11.3f\n", ++number, p.position, p.length, p.source);
-        text += Formatted("  retirado: %.3f s de silencio (%.1f%%); ", r.Removed(), 100 * r.Removed() / r.length);
-        text += Formatted("restam %.3f s em %zu %s\n", r.Kept(), r.pieces.size(),
-                          r.pieces.size() == 1 ? "pedaco" : "pedacos");
-        if (!r.output.empty()) text += "  gravado em " + OnOneLine(r.output) + "\n";
-    }
+std::string AsTable(const Result& r) {
+    const Cut& cut = r.cut;
+    const size_t count = cut.pieces.size();
+    const int64_t removed = cut.recorded - cut.Kept();
+    std::string text = OnOneLine(r.input) + Formatted(": %.3f s, %d Hz, %d %s\n", cut.Seconds(cut.recorded), cut.rate,
+                                                      r.channels, r.channels == 1 ? "canal" : "canais");
+    text += "  pedaco     posicao     duracao   na origem\n";
+    int number = 0;
+    for (const Piece& p : cut.pieces)
+        text += Formatted("  %6d %11.3f %11.3f %11.3f\n", ++number, p.position, cut.Seconds(p.length),
+                          cut.Seconds(p.source));
+    text += Formatted("  retirado: %.3f s de silencio (%.1f%%); restam %.3f s em %zu %s\n", cut.Seconds(removed),
+                      100.0 * static_cast<double>(removed) / static_cast<double>(cut.recorded),
+                      cut.Seconds(cut.Written()), count, count == 1 ? "pedaco" : "pedacos");
+    if (!r.output.empty()) text += "  gravado em " + OnOneLine(r.output) + ", com 24 bits\n";
+    for (const std::string& list : r.lists) text += "  lista em " + OnOneLine(list) + "\n";
     return text;
 }
 
@@ -55,58 +32,69 @@ static std::string CsvField(const std::string& text) {
     return quoted + "\"";
 }
 
-// For spreadsheets: to the nanosecond, without the last bits of a sum.
-static std::string Decimal(double value) {
-    char text[64];
-    std::string decimal(text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 9).ptr);
-    decimal.erase(decimal.find_last_not_of('0') + 1);
-    if (decimal.ends_with('.')) decimal.pop_back();
-    return decimal;
+std::string CsvHeading() {
+    return "arquivo,pedaco,posicao,duracao,origem\n";
 }
 
-std::string AsCsv(const std::vector<Result>& results) {
-    std::string text = "arquivo,pedaco,posicao,duracao,origem\n";
-    for (const Result& r : results) {
-        const std::string input = CsvField(r.input);
-        int number = 0;
-        for (const Piece& p : r.pieces)
-            text += input + ',' + std::to_string(++number) + ',' + Decimal(p.position) + ',' + Decimal(p.length) + ',' +
-                    Decimal(p.source) + '\n';
-    }
+std::string AsCsv(const Result& r) {
+    std::string text;
+    const std::string input = CsvField(r.input);
+    int number = 0;
+    for (const Piece& p : r.cut.pieces)
+        text += input + ',' + std::to_string(++number) + ',' + Decimal(p.position) + ',' +
+                Decimal(r.cut.Seconds(p.length)) + ',' + Decimal(r.cut.Seconds(p.source)) + '\n';
     return text;
 }
 
-// A file's name can hold any byte; JSON cannot, so what is no UTF-8 becomes the replacement character.
-static std::string JsonText(std::string_view text) {
-    std::string quoted = "\"";
-    while (!text.empty()) {
-        const unsigned char c = text[0];
-        const Utf8Character read = ReadUtf8(text.data(), text.size());
-        if (!read.wellFormed)
-            quoted += "\\ufffd";
-        else if (c < 32)
-            quoted += Formatted("\\u%04x", c);
-        else
-            (c == '"' || c == '\\' ? quoted += '\\' : quoted).append(text.substr(0, read.bytes));
-        text.remove_prefix(read.wellFormed ? read.bytes : 1);
+std::string AsJson(const std::vector<Result>& results, const Options& options) {
+    using Json = nlohmann::ordered_json;
+    Json files = Json::array();
+    for (const Result& r : results) {
+        const auto rounded = [](double seconds) { return std::round(seconds * 1e9) / 1e9; };  // to the nanosecond
+        const auto seconds = [&](int64_t frames) { return rounded(r.cut.Seconds(frames)); };
+        Json pieces = Json::array();
+        for (const Piece& p : r.cut.pieces)
+            pieces.push_back(
+                {{"posicao", rounded(p.position)}, {"duracao", seconds(p.length)}, {"origem", seconds(p.source)}});
+        files.push_back({{"arquivo", r.input},
+                         {"saida", r.output.empty() ? Json() : Json(r.output)},
+                         {"taxa", r.cut.rate},
+                         {"canais", r.channels},
+                         {"duracao", seconds(r.cut.recorded)},
+                         {"retirado", seconds(r.cut.recorded - r.cut.Kept())},
+                         {"restam", seconds(r.cut.Written())},
+                         {"pedacos", std::move(pieces)}});
     }
-    return quoted + "\"";
+    const Json all = {{"piso_db", options.thresholdDb},
+                      {"bloco_ms", options.blockMs},
+                      {"fechar", options.closeGaps},
+                      {"arquivos", std::move(files)}};
+    // A file's name can hold any byte; JSON cannot.
+    return all.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
-std::string AsJson(const std::vector<Result>& results, const Options& options) {
-    std::string text = "{\n  \"piso_db\": " + Exact(options.thresholdDb) +
-                       ",\n  \"bloco_ms\": " + std::to_string(options.blockMs) +
-                       ",\n  \"fechar\": " + (options.closeGaps ? "true" : "false") + ",\n  \"arquivos\": [";
-    for (const Result& r : results) {
-        text += std::string(&r == &results[0] ? "" : ",") + "\n    {\n      \"arquivo\": " + JsonText(r.input) +
-                ",\n      \"saida\": " + (r.output.empty() ? "null" : JsonText(r.output)) +
-                ",\n      \"taxa\": " + std::to_string(r.rate) + ",\n      \"canais\": " + std::to_string(r.channels) +
-                ",\n      \"duracao\": " + Exact(r.length) + ",\n      \"retirado\": " + Exact(r.Removed()) +
-                ",\n      \"pedacos\": [";
-        for (const Piece& p : r.pieces)
-            text += std::string(&p == &r.pieces[0] ? "" : ",") + "\n        {\"posicao\": " + Exact(p.position) +
-                    ", \"duracao\": " + Exact(p.length) + ", \"origem\": " + Exact(p.source) + "}";
-        text += "\n      ]\n    }";
-    }
-    return text + "\n  ]\n}\n";
+Report::Report(const Options& options)
+    : options_(options),
+      form_(options.csv == options.json ? Form::Table
+            : options.csv               ? Form::Csv
+                                        : Form::Json) {}
+
+void Report::Say(const std::string& text) {
+    std::FILE* const stream = options_.ToStandardOutput() ? stderr : stdout;
+    if (std::fputs(text.c_str(), stream) < 0 || std::fflush(stream) != 0)
+        throw NobodyListens("a saida padrao nao aceita o resultado");
+}
+
+void Report::Add(const Result& result) {
+    if (form_ == Form::Json)
+        kept_.push_back(result);
+    else if (form_ == Form::Table)
+        Say(AsTable(result));
+    else
+        Say((first_ ? CsvHeading() : "") + AsCsv(result));
+    first_ = false;
+}
+
+void Report::Finish() {
+    if (form_ == Form::Json && !kept_.empty()) Say(AsJson(kept_, options_));
 }

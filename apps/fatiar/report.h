@@ -1,28 +1,43 @@
 // apps/fatiar/report.h
-// What came of each recording, and the three forms it is told in. Times are seconds.
+// What came of each recording, and the three forms it is told in.
 #pragma once
-#include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "apps/fatiar/cut.h"
 #include "apps/fatiar/options.h"
 
-struct Piece {
-    double position;  // on the track
-    double length;
-    double source;  // where it was in the recording
-};
-
 struct Result {
-    std::string input;   // as given on the command line
+    std::string input;   // as the user knows it
     std::string output;  // the sliced audio; empty when none was written
-    int rate, channels;
-    double length;              // of the recording
-    std::vector<Piece> pieces;  // by position
-    double Kept() const;        // all pieces, overlaps counted twice
-    double Removed() const;
+    std::vector<std::string> lists;
+    int channels = 0;
+    Cut cut;
 };
 
-std::string AsTable(const std::vector<Result>& results);  // for the screen
-std::string AsCsv(const std::vector<Result>& results);    // one line a piece, below a heading; to the nanosecond
-std::string AsJson(const std::vector<Result>& results, const Options& options);  // one object; exact doubles
+std::string AsTable(const Result& result);  // for the screen
+std::string CsvHeading();
+std::string AsCsv(const Result& result);                                         // one line a piece
+std::string AsJson(const std::vector<Result>& results, const Options& options);  // one object
+
+struct NobodyListens : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// What the run tells on standard output, or on standard error where that one takes the audio.
+class Report {
+  public:
+    explicit Report(const Options& options);
+    void Add(const Result& result);  // throws NobodyListens
+    void Finish();
+
+  private:
+    enum class Form { Table, Csv, Json };
+    void Say(const std::string& text);
+
+    const Options& options_;
+    const Form form_;
+    bool first_ = true;
+    std::vector<Result> kept_;  // until the end, which JSON needs
+};

@@ -7,12 +7,12 @@
 #include <filesystem>
 #include <set>
 
+#include "apps/common/audio_file.h"
 #include "apps/common/plugin.h"
 #include "apps/common/recording.h"
 #include "apps/common/render.h"
 #include "apps/common/tool.h"
 #include "apps/common/user.h"
-#include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
 
 namespace fs = std::filesystem;
@@ -168,7 +168,7 @@ void Walk::Export() {
     const fs::path wav = home_ / "Desktop" / (fs::path(host_.project.path).stem().string() + ".wav");
     std::string error;
     ExpectNoMisuse(host_);
-    const simhost::SourceRef exported = simhost::OpenAudioFile(wav.string(), &error);
+    const simhost::SourceRef exported = OpenAudioFile(wav.string(), &error);
     Expect(exported != nullptr, "DESKTOP nao deixou a exportacao: " + error);
     std::set<fs::directory_entry> files(fs::directory_iterator(home_ / "Desktop"), {});
     for (const fs::directory_entry& file : files)

@@ -1,4 +1,4 @@
-#include "simhost/native/audio_file.h"
+#include "apps/common/audio_file.h"
 
 #include <gtest/gtest.h>
 
@@ -9,12 +9,10 @@
 #include <limits>
 #include <random>
 
+#include "apps/common/audio_writer.h"
 #include "tests/apps/workshop.h"
 
 namespace fs = std::filesystem;
-using simhost::AudioFormat;
-using simhost::AudioWriter;
-using simhost::OpenAudioFile;
 using simhost::SourceRef;
 
 class Gravacoes : public testing::Test {
@@ -121,19 +119,19 @@ TEST_F(Gravacoes, OQueSeGravaVoltaEm24BitsOuNaoFicaNada) {
     for (AudioFormat format : {AudioFormat::Wav, AudioFormat::Flac}) {
         const std::string path = workshop.Path("saida");
         {
-            auto given_up = AudioWriter::Create(path, format, 44100, 1, 13, &error);
+            auto given_up = AudioWriter::Create(path, {format, 44100, 1, 13}, {}, &error);
             ASSERT_TRUE(given_up) << error;
             EXPECT_TRUE(given_up->Write(samples.data(), 13));
         }
         EXPECT_EQ(workshop.Listing(), "");
-        auto writer = AudioWriter::Create(path, format, 44100, 1, 13, &error);
-        ASSERT_TRUE(writer && writer->Write(samples.data(), 13) && writer->Finish(&error)) << error;
+        auto writer = AudioWriter::Create(path, {format, 44100, 1, 13}, {}, &error);
+        ASSERT_TRUE(writer && writer->Write(samples.data(), 13) && writer->Finish()) << error;
         SF_INFO info;
         EXPECT_EQ(workshop.Samples(path, &info), wanted);
         fs::remove(path);
     }
     EXPECT_FALSE(
-        AudioWriter::Create(workshop.Path("x"), AudioFormat::Flac, 44100, 9, 1, &error));  // at most 8 channels
-    EXPECT_FALSE(AudioWriter::Create(workshop.Path("nenhuma/x"), AudioFormat::Wav, 44100, 1, 1, &error));
+        AudioWriter::Create(workshop.Path("x"), {AudioFormat::Flac, 44100, 9, 1}, {}, &error));  // at most 8 channels
+    EXPECT_FALSE(AudioWriter::Create(workshop.Path("nenhuma/x"), {AudioFormat::Wav, 44100, 1, 1}, {}, &error));
     EXPECT_EQ(workshop.Listing(), "");
 }

@@ -4,11 +4,11 @@
 #include <fstream>
 #include <set>
 
+#include "apps/common/audio_file.h"
 #include "apps/common/render.h"
 #include "host/actions.h"
 #include "platform/files.h"
 #include "render/render.h"
-#include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
 #include "tests/support/environment.h"
 #include "tests/support/story.h"
@@ -39,7 +39,7 @@ class ExportarDeVerdade : public Cena {
         std::set<std::string> nomes;
         for (const auto& arquivo : fs::directory_iterator(casa / "Desktop")) {
             std::string erro;
-            const simhost::SourceRef audio = simhost::OpenAudioFile(arquivo.path().string(), &erro);
+            const simhost::SourceRef audio = OpenAudioFile(arquivo.path().string(), &erro);
             EXPECT_TRUE(audio) << erro;
             if (!audio) continue;
             EXPECT_EQ(audio->SampleRate(), 48000);

@@ -4,9 +4,9 @@
 #include <iomanip>
 #include <map>
 
+#include "apps/common/audio_file.h"
 #include "commands/commands.h"
 #include "platform/files.h"
-#include "simhost/native/audio_file.h"
 #include "simhost/native/lua_script.h"
 #include "slicer/autosplit.h"
 #include "slicer/preview.h"
@@ -29,7 +29,7 @@ TEST_F(Cena, OExemploDoManualFazOQueEleDiz) {
     const int acao = host::AddRemoveReaScript(true, 0, arquivo.c_str(), true);
 
     std::string erro;
-    Faixa("Voz", {{"fala", 0, 13.7, simhost::OpenAudioFile(SourceFolder() + "/data/fala.flac", &erro)}});
+    Faixa("Voz", {{"fala", 0, 13.7, OpenAudioFile(SourceFolder() + "/data/fala.flac", &erro)}});
     host.RunAction(acao);
     Selecionar({"fala"});
     host.RunAction(acao);
@@ -95,7 +95,7 @@ TEST_F(Cena, VoltarLevaOQueNaoDeixouPontoDeDesfazer) {
 // How many pieces each floor leaves of the recording that the manual's pictures show.
 TEST_F(Cena, OsPisosDoManualFazOQueEleDiz) {
     std::string erro;
-    Faixa("Voz", {{"fala", 0, 13.7, simhost::OpenAudioFile(SourceFolder() + "/data/fala.flac", &erro)}});
+    Faixa("Voz", {{"fala", 0, 13.7, OpenAudioFile(SourceFolder() + "/data/fala.flac", &erro)}});
     host.undo.Start();
     for (const auto& [piso, bloco, pedacos] : {std::tuple{-30.0, 60, 18}, {-40, 55, 7}, {-45, 55, 12}, {-50, 150, 1}}) {
         Selecionar({"fala"});

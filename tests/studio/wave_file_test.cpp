@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/studio/wave_writer.h"
+#include "tests/support/wave_writer.h"
 
 using namespace std::string_literals;
 

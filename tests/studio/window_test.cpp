@@ -8,8 +8,8 @@
 #include "apps/studio/wave_file.h"
 #include "host/actions.h"
 #include "platform/files.h"
-#include "tests/studio/wave_writer.h"
 #include "tests/support/desktop_driver.h"
+#include "tests/support/wave_writer.h"
 
 namespace {
 

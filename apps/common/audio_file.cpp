@@ -1,4 +1,4 @@
-#include "simhost/native/audio_file.h"
+#include "apps/common/audio_file.h"
 
 #include <emmintrin.h>
 #include <fcntl.h>
@@ -12,7 +12,6 @@
 #include <cstdlib>
 #include <vector>
 
-namespace simhost {
 namespace {
 
 struct CloseSndfile {
@@ -45,6 +44,7 @@ class Hush {
 constexpr int BlockBytes = 128 * 1024;  // fits the second-level cache together with the doubles made from it
 
 constexpr int MostFramesPerByte = 4096;  // no coding comes near, not even of silence
+constexpr int LowestRate = 1000, HighestRate = 1'000'000;
 
 // On a page border, because libsndfile reads straight into it and the kernel copies much slower to some addresses.
 struct FreeBlock {
@@ -131,7 +131,7 @@ SndfileRef Unpack(const std::string& path, SF_INFO* info) {
     return to;
 }
 
-class FileSource : public Source {
+class FileSource : public simhost::Source {
   public:
     FileSource(std::string path, SndfileRef file, const SF_INFO& info)
         : Source(info.samplerate, info.channels, info.frames),
@@ -197,7 +197,7 @@ std::string Quoted(const std::string& path) {
 
 }  // namespace
 
-SourceRef OpenAudioFile(const std::string& path, std::string* error) {
+simhost::SourceRef OpenAudioFile(const std::string& path, std::string* error, AudioFacts* facts) {
     const auto refuse = [&](const std::string& why) {
         *error = Quoted(path) + " " + why;
         return nullptr;
@@ -213,6 +213,10 @@ SourceRef OpenAudioFile(const std::string& path, std::string* error) {
     SndfileRef file(sf_open(path.c_str(), SFM_READ, &info));
     if (!file) return refuse("nao e audio que se possa ler");
     if (info.frames == 0) return refuse("nao tem audio nenhum");
+    if (info.samplerate < LowestRate || info.samplerate > HighestRate)
+        return refuse("tem uma taxa absurda, " + std::to_string(info.samplerate) + " Hz");
+    if (facts) *facts = FactsOf(file.get(), info, path);
+    const int64_t promised = info.frames;
     // Where a seek may lose the stream, the end is looked for through a handle of its own.
     const bool believable = FindsAnyFrame(info)
                                 ? LastFrameIsThere(file.get(), info)
@@ -220,7 +224,7 @@ SourceRef OpenAudioFile(const std::string& path, std::string* error) {
                                       LastFrameIsThere(SndfileRef(sf_open(path.c_str(), SFM_READ, &info)).get(), info);
     if (!believable) file = Unpack(path, &info);
     if (!file || info.frames == 0) return refuse("nao tem audio que se possa ler, ou nao cabe na pasta temporaria");
+    if (facts && promised != SF_COUNT_MAX && promised > info.frames)
+        facts->promisedShare = static_cast<double>(promised) / static_cast<double>(info.frames);
     return std::make_shared<FileSource>(path, std::move(file), info);
 }
-
-}  // namespace simhost

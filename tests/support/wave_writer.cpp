@@ -1,4 +1,4 @@
-#include "tests/studio/wave_writer.h"
+#include "tests/support/wave_writer.h"
 
 #include <filesystem>
 #include <fstream>

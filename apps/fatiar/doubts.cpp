@@ -1,0 +1,58 @@
+#include "apps/fatiar/doubts.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "apps/fatiar/text.h"
+
+namespace {
+
+constexpr double MuchRemoved = 0.8;
+constexpr int AboveBackground = 4;  // dB, at which the advice puts the threshold
+constexpr int LowestThreshold = -200;
+
+double Decibels(double level) {
+    return std::clamp<double>(20 * std::log10(level), LowestThreshold, -LowestThreshold);
+}
+
+// "o fundo fica perto de -48 dB; tente --piso -44", or `otherwise` where that is on the wrong side of what was used.
+std::string Advice(const Levels& levels, double threshold, bool lower, const std::string& otherwise) {
+    const auto background = static_cast<int>(std::lround(Decibels(levels.background)));
+    const int better = std::clamp(background + AboveBackground, LowestThreshold, 0);
+    const std::string about = levels.background > 0 ? Formatted("o fundo fica perto de %d dB; ", background) : "";
+    const bool helps =
+        levels.background > 0 && better < Decibels(levels.loudest) && (lower ? better < threshold : better > threshold);
+    return about + (helps ? Formatted("tente --piso %d", better) : otherwise);
+}
+
+}  // namespace
+
+bool Silent(const Levels& levels, const Options& options) {
+    return levels.known && (levels.loudest == 0 || Decibels(levels.loudest) < options.thresholdDb);
+}
+
+std::string DoubtSilence(const Levels& levels, const Options& options) {
+    if (levels.loudest == 0) return "so ha silencio, do comeco ao fim; confira o microfone ou o canal gravado";
+    return Formatted("so ha silencio: nada chega a %g dB; ", options.thresholdDb) +
+           Advice(levels, options.thresholdDb, true,
+                  Formatted("tente --piso %.0f", std::floor(Decibels(levels.loudest)) - 1));
+}
+
+std::string DoubtHeader(double promisedSeconds, double seconds) {
+    return Formatted("o cabecalho promete %.3f s, mas o arquivo so tem %.3f s; tente copiar de novo", promisedSeconds,
+                     seconds);
+}
+
+std::vector<std::string> DoubtCut(const Cut& cut, const Levels& levels, const Options& options) {
+    const double removed = 1 - static_cast<double>(cut.Kept()) / static_cast<double>(cut.recorded);
+    const double threshold = options.thresholdDb, lower = std::max<double>(threshold - 6, LowestThreshold);
+    if (removed > MuchRemoved)
+        return {Formatted("saiu quase tudo (%.1f%%); ", 100 * removed) +
+                Advice(levels, threshold, true, Formatted("tente --piso %g", lower))};
+    if (removed > 0) return {};
+    if (!levels.known) return {"nada foi cortado: a gravacao e curta ou longa demais; tente junta-la ou parti-la"};
+    const bool grown = options.beforeMs + options.afterMs > 0;
+    return {"nada foi cortado; " + Advice(levels, threshold, false,
+                                          grown ? "tente menos --margem ou --pausa"
+                                                : Formatted("tente um --bloco menor que %d", options.blockMs))};
+}
