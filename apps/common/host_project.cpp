@@ -30,8 +30,9 @@ std::string Name(const std::string& name) {
 const char* SourceKind(const std::string& file) {
     constexpr struct {
         const char *ending, *kind;
-    } kinds[] = {{".wav", "WAVE"},  {".aif", "WAVE"}, {".aiff", "WAVE"},
-                 {".flac", "FLAC"}, {".mp3", "MP3"},  {".ogg", "VORBIS"}};
+    } kinds[] = {{".wav", "WAVE"},   {".wave", "WAVE"},  {".rf64", "WAVE"},  {".aif", "WAVE"},
+                 {".aiff", "WAVE"},  {".aifc", "WAVE"},  {".flac", "FLAC"},  {".mp3", "MP3"},
+                 {".ogg", "VORBIS"}, {".oga", "VORBIS"}, {".opus", "VORBIS"}};
     std::string lower = file;
     for (char& c : lower)
         if (c >= 'A' && c <= 'Z') c += 'a' - 'A';
