@@ -12,7 +12,8 @@ static void Catch(int signal) {
 void CatchInterrupts() {
     struct sigaction action {};
     action.sa_handler = Catch;
-    action.sa_flags = SA_RESETHAND;  // a second one ends the program at once; a read that waits is woken
+    // A read that waits is woken. A second signal, as wrappers send it, does not cut the tidying short.
+    action.sa_flags = 0;
     for (int signal : {SIGINT, SIGTERM, SIGHUP}) sigaction(signal, &action, nullptr);
     std::signal(SIGPIPE, SIG_IGN);  // a reader that goes away is a write that fails
 }
