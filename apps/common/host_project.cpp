@@ -1,18 +1,10 @@
 #include "apps/common/host_project.h"
 
 #include <algorithm>
-#include <charconv>
+
+#include "apps/common/decimal.h"
 
 namespace {
-
-// To the nanosecond, without zeros at its end.
-std::string Decimal(double value) {
-    char text[400];  // room for the largest
-    std::string decimal(text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 9).ptr);
-    decimal.erase(decimal.find_last_not_of('0') + 1);
-    if (decimal.ends_with('.')) decimal.pop_back();
-    return decimal;
-}
 
 std::string Quoted(std::string text) {
     for (char& c : text)

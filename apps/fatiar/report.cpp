@@ -3,6 +3,7 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
+#include "apps/common/decimal.h"
 #include "apps/common/tool.h"
 #include "apps/fatiar/text.h"
 

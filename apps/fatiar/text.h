@@ -9,6 +9,3 @@ std::string Formatted(const char* format, auto... values) {
     std::snprintf(text.data(), text.size() + 1, format, values...);
     return text;
 }
-
-// A number to the nanosecond, without zeros at its end.
-std::string Decimal(double value);
