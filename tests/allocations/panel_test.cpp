@@ -4,8 +4,6 @@
 #include "tests/counting_new.h"
 #include "tests/support/panel_scene.h"
 
-namespace {
-
 class SemAlocar : public Painel {
   protected:
     // The pointer goes to each widget, which is lit and tells its tooltip.
@@ -41,5 +39,3 @@ TEST_F(SemAlocar, NenhumPasseAlocaDepoisDoPrimeiro) {
     Abrir();
     EXPECT_GT(AllocationsMade(), antes) << "the counter counts";
 }
-
-}  // namespace

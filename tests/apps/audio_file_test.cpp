@@ -1,9 +1,5 @@
 #include "apps/common/audio_file.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <limits>

@@ -1,7 +1,6 @@
 // Many recordings, and what a run leaves when something stands in its way.
 #include <sys/resource.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <regex>
 #include <sstream>

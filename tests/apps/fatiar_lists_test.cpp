@@ -1,6 +1,4 @@
 // The lists, read by strict readers of their forms and by the programs that they are for.
-#include <algorithm>
-#include <cmath>
 #include <regex>
 #include <sstream>
 

@@ -1,6 +1,4 @@
 // Speech as people record it: several microphones, pauses that are to stay, recordings that went wrong.
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <random>

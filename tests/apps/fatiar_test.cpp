@@ -1,6 +1,4 @@
 // What one recording gives: pieces, sound, tables, refusals.
-#include <algorithm>
-#include <cmath>
 #include <fstream>
 #include <sstream>
 

@@ -1,8 +1,4 @@
 // A user's whole path through the panel of the real module, on a real recording that is heard again.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
 
 #include "tests/apps/workshop.h"
 

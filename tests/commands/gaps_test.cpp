@@ -2,8 +2,6 @@
 #include "commands/commands.h"
 #include "tests/support/story.h"
 
-namespace {
-
 class Lacunas : public Cena {};
 
 TEST_F(Lacunas, ItensEncostamNaOrdemDoTempo) {
@@ -37,5 +35,3 @@ TEST_F(Lacunas, JuntarSobrepoeCincoMilesimosEFundeAsBordas) {
             {"Voz: A 0-2 * / Som: B 5-6 *", "Voz: A 0-2 ~/0.005 ~\\0.005 * / Som: B 1.995-2.995 ~/0.005 ~\\0.005 *"},
             {"Voz: A 0-2", nullptr, "Erro: Selecione pelo menos um item."}});
 }
-
-}  // namespace

@@ -2,8 +2,6 @@
 #include "commands/commands.h"
 #include "tests/support/story.h"
 
-namespace {
-
 class Moves : public Cena {};
 
 TEST_F(Moves, ItensMudamDeFaixa) {
@@ -46,5 +44,3 @@ TEST_F(Moves, ColarEncostaNoVizinhoEEmpilhaOResto) {
             {"1: a 1-2 * | b 3-5 * / 2: y 3-12", "1: a 12-13 * | b 13-15 * / 2: y 3-12"}});
     for (void (*comando)() : {ColaClipEsq, ColaClipDir, MvClipEsq, MvClipDir}) Contar(comando, "", {{"1: a 1-2"}});
 }
-
-}  // namespace

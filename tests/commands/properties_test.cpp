@@ -2,8 +2,6 @@
 #include "commands/commands.h"
 #include "tests/support/story.h"
 
-namespace {
-
 class Propriedades : public Cena {};
 
 TEST_F(Propriedades, MuteVirouOGrupoInteiro) {
@@ -40,5 +38,3 @@ TEST_F(Propriedades, AlturaDasFaixasEVistaInteira) {
     Contar([] { ZoomAllFaixas(true); }, "",
            {{"1: a 0-5 / 2: b 1-9", "1 (height 75): a 0-5 / 2 (height 75): b 1-9 {view 0-12}"}});
 }
-
-}  // namespace

@@ -2,8 +2,6 @@
 #include "commands/commands.h"
 #include "tests/support/story.h"
 
-namespace {
-
 class Regioes : public Cena {};
 
 TEST_F(Regioes, TocaPelaOrdemNoTempo) {
@@ -26,7 +24,7 @@ TEST_F(Regioes, CriaDaSelecaoELimpaAsSelecoes) {
     Contar(CriarOuRenomearRegiao, "", {{"Voz: a 1-2", nullptr, semSelecao}});
     ResponderTexto("Refrao");
     ResponderTexto("");
-    CancelarTexto();
+    ResponderTexto(std::nullopt);
     Contar(CriarOuRenomearRegiao, "Criar Regiao (Itens)",
            {{"Voz: a 1-2 * | b 3-5 *", "Voz: a 1-2 | b 3-5 [R1 Refrao 1-5]"}});
     Contar(CriarOuRenomearRegiao, "Criar Regiao", {{"Voz: a 1-2 * {time 4-8}", "Voz: a 1-2 [R1 4-8]"}});
@@ -38,7 +36,7 @@ TEST_F(Regioes, CriaDaSelecaoELimpaAsSelecoes) {
 
 TEST_F(Regioes, RenomeiaADoCursorESoONome) {
     constexpr char cena[] = "Voz: a 1-2 * [R1 Velho 2-6] {cursor 3}";
-    CancelarTexto();
+    ResponderTexto(std::nullopt);
     Contar(CriarOuRenomearRegiao, "", {{cena}});
     ResponderTexto("Novo nome");
     host.project.markers[0].colour = 0x1010203;
@@ -47,7 +45,7 @@ TEST_F(Regioes, RenomeiaADoCursorESoONome) {
     EXPECT_EQ(Historico(), "Renomear Regiao");
     EXPECT_EQ(host.dialogs.inputs.at(1).before, "Velho");
     host.project.markers[0].name = std::string(2000, 'x');  // longer than the dialog's text
-    CancelarTexto();
+    ResponderTexto(std::nullopt);
     CriarOuRenomearRegiao();
     EXPECT_EQ(host.dialogs.inputs.at(2).before, std::string(511, 'x'));
 }
@@ -78,5 +76,3 @@ TEST_F(Regioes, VerSelecaoEmprestaASelecaoDaFaixa) {
         EXPECT_EQ(Historico(), "Ver Selecao");
     }
 }
-
-}  // namespace

@@ -2,8 +2,6 @@
 #include "commands/commands.h"
 #include "tests/support/story.h"
 
-namespace {
-
 class Selecao : public Cena {};
 
 TEST_F(Selecao, PeloCursorSubstituiAAnterior) {
@@ -45,5 +43,3 @@ TEST_F(Selecao, DeTempoCobreOsItensSelecionados) {
            {{"Voz: a 1-2 * | b 3-4 / Som: c 2-9 *", "Voz: a 1-2 * | b 3-4 / Som: c 2-9 * {time 1-9}"},
             {"Voz: a 1-2", nullptr, "Quilmo: Nenhum item selecionado."}});
 }
-
-}  // namespace

@@ -4,8 +4,6 @@
 #include "panel/host_options.h"
 #include "tests/support/story.h"
 
-namespace {
-
 class Transporte : public Cena {};
 
 TEST_F(Transporte, GravaNasArmadasSenaoNasSelecionadas) {
@@ -66,5 +64,3 @@ TEST_F(Transporte, PreparaSoOQueEstaLigado) {
     EXPECT_EQ(Acoes(), "DesligarSnap AlternarLinhasDeGrade DesligarOpcao1161");
     EXPECT_EQ(host.settings.host["promptendrec"], (std::vector<char>{7, 7}));
 }
-
-}  // namespace

@@ -2,8 +2,6 @@
 #include "commands/commands.h"
 #include "tests/support/story.h"
 
-namespace {
-
 class Trim : public Cena {};
 
 constexpr char FechouDireita[] = "Corta e Apaga Direita (Ripple)";
@@ -77,5 +75,3 @@ TEST_F(Trim, ExcluirFechaCadaBuracoNaSuaFaixa) {
             {"Voz: A 1-3 * | B 1-4 * | C 6-7", "Voz: C 1-2"}});
     Contar(ExcluirRipple, "", {{"Voz: A 0-2"}});
 }
-
-}  // namespace

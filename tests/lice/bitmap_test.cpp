@@ -1,15 +1,11 @@
 #include "lice/bitmap.h"
 
-#include <gtest/gtest.h>
-
 #include <climits>
 
 #include "lice/lice.h"
 
-namespace {
-
 // The answer of resize, and what the surface shows afterwards.
-std::string Resized(LICE_IBitmap& bm, int width, int height) {
+static std::string Resized(LICE_IBitmap& bm, int width, int height) {
     const LICE_pixel* before = bm.getBits();
     const std::string answer = bm.resize(width, height) ? "true: " : "false: ";
     const std::string bits = !bm.getBits() ? " without bits" : bm.getBits() == before ? " same bits" : " new bits";
@@ -17,11 +13,9 @@ std::string Resized(LICE_IBitmap& bm, int width, int height) {
            std::to_string(bm.getRowSpan()) + bits;
 }
 
-int SetScale(LICE_IBitmap& bm, int code, int scale) {
+static int SetScale(LICE_IBitmap& bm, int code, int scale) {
     return static_cast<int>(bm.Extended(code, &scale));
 }
-
-}  // namespace
 
 TEST(SysBitmap, KeepsItsSectionWhileItIsLargeEnough) {
     const DWORD objects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);

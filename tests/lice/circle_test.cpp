@@ -1,9 +1,6 @@
 // Circles and arcs against a slow raster that walks them pixel by pixel and tests every one.
 #include "lice/circle.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "lice/circle_masks.h"
 #include "lice/glyph.h"
 #include "tests/lice/brush.h"
@@ -44,11 +41,7 @@ class SlowRaster {
         xc_ = static_cast<int>(std::floor(0.5 + c.cx));
         yc_ = static_cast<int>(std::floor(0.5 + c.cy));
         fill_ = fill;
-        if (aa_) {
-            Smooth(c.r);
-        } else {
-            Plain(static_cast<int>(0.5 + c.r));
-        }
+        aa_ ? Smooth(c.r) : Plain(static_cast<int>(0.5 + c.r));
     }
 
   private:
@@ -63,16 +56,10 @@ class SlowRaster {
             for (int x = left; x <= right; ++x) Point(x, y, ia_);
     }
     void Four(int x, int y, int weight) {
-        for (int sign : {-1, 1}) {
-            Point(sign * x, -y, weight);
-            Point(sign * x, y, weight);
-        }
+        for (int side : {-x, x}) Point(side, -y, weight), Point(side, y, weight);
     }
     void Ends(int r, int weight) {
-        Point(0, -r, weight);
-        Point(0, r, weight);
-        Point(-r, 0, weight);
-        Point(r, 0, weight);
+        for (int reach : {-r, r}) Point(0, reach, weight), Point(reach, 0, weight);
     }
     void Cross(int r) {
         Box(0, -r, 0, -1);

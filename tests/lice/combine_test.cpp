@@ -1,8 +1,6 @@
 // The arithmetic alone: every function against its formula, one pixel at a time and four.
 #include "lice/paint.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/lice/reference.h"
 #include "tests/lice/support.h"
 

@@ -4,10 +4,8 @@
 
 #include "tests/lice/brush.h"
 
-namespace {
-
 // Every pixel asks for itself whether the rectangle has it.
-void FillSlowly(TestSurface& surface, Brush brush, int64_t x, int64_t y, int64_t w, int64_t h) {
+static void FillSlowly(TestSurface& surface, Brush brush, int64_t x, int64_t y, int64_t w, int64_t h) {
     x = brush.Scaled(x, surface);
     y = brush.Scaled(y, surface);
     for (int64_t* side : {&w, &h})
@@ -21,8 +19,6 @@ void FillSlowly(TestSurface& surface, Brush brush, int64_t x, int64_t y, int64_t
                 brush.Blend(surface, column, row, brush.Ia(), CopyForms::Fast);
     }
 }
-
-}  // namespace
 
 TEST(FillRect, AgreesWithAPixelByPixelReference) {
     // Sums that no int holds cover the surface, too.

@@ -1,8 +1,7 @@
 // Text against a slow composer; and what that cannot see: ownership, memory, and GDI's own text.
 #include "lice/font.h"
 
-#include <memory>
-#include <string>
+#include <optional>
 
 #include "lice/font_scratch.h"
 #include "lice/lice.h"
@@ -11,9 +10,7 @@
 #include "tests/lice/slow_text.h"
 #include "tests/support/rects.h"
 
-namespace {
-
-std::string AnyText(Random& random) {
+static std::string AnyText(Random& random) {
     std::string text;
     for (int i = random.In(0, 12); i > 0; --i)
         text += random.Of({"A",        "j",         "Wa",           "fi",           " ",
@@ -23,12 +20,59 @@ std::string AnyText(Random& random) {
     return text;
 }
 
-}  // namespace
+static Look AnyLook(Random& random) {
+    return {random.Pixel(),
+            random.Pixel(),
+            random.Pixel(),
+            random.Chance(4) ? OPAQUE : TRANSPARENT,
+            random.Of({0, 0, 0, 1, 2, 3, 4, 5, 6}) | random.Of({0, 0, LICE_BLIT_USE_ALPHA, LICE_BLIT_IGNORE_SCALING}),
+            random.Alpha()};
+}
+
+static UINT AnyFormat(Random& random) {
+    UINT format = random.In(0, 63) & random.In(0, 63);
+    if (random.Chance(3)) format |= DT_NOCLIP;
+    for (const UINT flag : {UINT{DT_CALCRECT}, UINT{LICE_DT_USE_TEXT_ALPHA}, UINT{LICE_DT_NO_NATIVE}})
+        if (random.Chance(4)) format |= flag;
+    return format;
+}
+
+// Any text in any look, with the font and slowly.
+static void CompareText(Random& random, LICE_CachedFont& font, SlowFont& slow, const std::string& called) {
+    const Look look = AnyLook(random);
+    font.SetTextColor(look.text);
+    font.SetBkColor(look.back);
+    font.SetEffectColor(look.effect);
+    font.SetBkMode(look.bkMode);
+    font.SetCombineMode(look.mode, look.alpha);
+    font.SetLineSpacing(slow.lineSpacing = random.Of({0, 0, 3, -5}));
+
+    const std::string text = AnyText(random);
+    const UINT format = AnyFormat(random);
+    RECT rect{random.In(-30, 40), random.In(-30, 40), 0, 0};
+    rect.right = rect.left + random.In(-3, 140);
+    rect.bottom = rect.top + random.In(-3, 140);
+    TestSurface drawn = TestSurface::Any(random, 120, true, 16);
+    if (!drawn.Has(0, 0)) return;  // scaled to nothing
+    TestSurface wanted = drawn;
+    RECT wantedRect = rect;
+    SCOPED_TRACE(called + Called("mode", look.mode, "alpha", look.alpha, "scale", drawn.Scale(), "format", format,
+                                 "text", testing::PrintToString(text), "at", Show(rect)));
+    const int wantedResult = SlowDraw(wanted, slow, look, text, wantedRect, format);
+    // The block has no closing zero, so that a sanitizer sees reading ahead.
+    const std::vector<char> bytes(text.begin(), text.end());
+    const bool counted = random.Chance(2) && !bytes.empty();
+    EXPECT_EQ(font.DrawText(&drawn, counted ? bytes.data() : text.c_str(),
+                            counted ? static_cast<int>(bytes.size()) : -1, &rect, format),
+              wantedResult);
+    EXPECT_EQ(Show(rect), Show(wantedRect));
+    ASSERT_TRUE(drawn.memory == wanted.memory);
+}
 
 TEST(Font, AgreesWithASlowComposer) {
     Random random;
     constexpr int V = LICE_FONT_FLAG_VERTICAL, Up = LICE_FONT_FLAG_VERTICAL_BOTTOMUP;
-    for (const int height : {-7, -12, 19, -34}) {
+    for (const int height : {-7, -12, 19, -34})
         for (const int flags : {0, V, V | Up, Up, LICE_FONT_FLAG_PRECALC, LICE_FONT_FLAG_BLUR, LICE_FONT_FLAG_INVERT,
                                 LICE_FONT_FLAG_MONO, LICE_FONT_FLAG_SHADOW, LICE_FONT_FLAG_OUTLINE,
                                 LICE_FONT_FLAG_OUTLINE | V, LICE_FONT_FLAG_BLUR | LICE_FONT_FLAG_INVERT | V | Up}) {
@@ -36,51 +80,9 @@ TEST(Font, AgreesWithASlowComposer) {
             LICE_CachedFont font;
             font.SetFromHFont(CreateInterfaceFont(height), flags | LICE_FONT_FLAG_OWNS_HFONT);
             ASSERT_EQ(font.GetLineHeight(), slow.lineHeight);
-            for (int round = 0; round < 60; ++round) {
-                const Look look{random.Pixel(),
-                                random.Pixel(),
-                                random.Pixel(),
-                                random.Chance(4) ? OPAQUE : TRANSPARENT,
-                                random.Of({0, 0, 0, 1, 2, 3, 4, 5, 6}) |
-                                    random.Of({0, 0, LICE_BLIT_USE_ALPHA, LICE_BLIT_IGNORE_SCALING}),
-                                random.Alpha()};
-                font.SetTextColor(look.text);
-                font.SetBkColor(look.back);
-                font.SetEffectColor(look.effect);
-                font.SetBkMode(look.bkMode);
-                font.SetCombineMode(look.mode, look.alpha);
-                font.SetLineSpacing(slow.lineSpacing = random.Of({0, 0, 3, -5}));
-
-                const std::string text = AnyText(random);
-                UINT format = random.In(0, 63) & random.In(0, 63);
-                if (random.Chance(3)) format |= DT_NOCLIP;
-                if (random.Chance(4)) format |= DT_CALCRECT;
-                if (random.Chance(4)) format |= LICE_DT_USE_TEXT_ALPHA;
-                if (random.Chance(4)) format |= LICE_DT_NO_NATIVE;
-                RECT rect{random.In(-30, 40), random.In(-30, 40), 0, 0};
-                rect.right = rect.left + random.In(-3, 140);
-                rect.bottom = rect.top + random.In(-3, 140);
-
-                TestSurface drawn = TestSurface::Any(random, 120, true, 16);
-                if (!drawn.Has(0, 0)) continue;  // scaled to nothing
-                TestSurface wanted = drawn;
-                RECT wantedRect = rect;
-                const std::string trace =
-                    Called("mode", look.mode, "alpha", look.alpha, "scale", drawn.Scale(), "height", height, "flags",
-                           flags, "format", format, "text", testing::PrintToString(text), "at", Show(rect));
-                const int wantedResult = SlowDraw(wanted, slow, look, text, wantedRect, format);
-                // The block has no closing zero, so that a sanitizer sees reading ahead.
-                const std::vector<char> bytes(text.begin(), text.end());
-                const bool counted = random.Chance(2) && !bytes.empty();
-                EXPECT_EQ(font.DrawText(&drawn, counted ? bytes.data() : text.c_str(),
-                                        counted ? static_cast<int>(bytes.size()) : -1, &rect, format),
-                          wantedResult)
-                    << trace;
-                EXPECT_EQ(Show(rect), Show(wantedRect)) << trace;
-                ASSERT_TRUE(drawn.memory == wanted.memory) << trace;
-            }
+            for (int round = 0; round < 60 && !testing::Test::HasFatalFailure(); ++round)
+                CompareText(random, font, slow, Called("height", height, "flags", flags));
         }
-    }
 }
 
 TEST(Font, ReadsOnlyWhatItWasGiven) {
@@ -199,44 +201,41 @@ TEST(Font, TallTextIsTheSystemsOwn) {
     DeleteObject(handle);
 }
 
+// Each step goes on with the buffer of the one before, or begins a new one.
 TEST(HeapBuffer, GrowsByHalvesInPagesAndShrinksWhenAskedTo) {
-    struct Step {
+    constexpr int TooLarge = std::numeric_limits<int>::max();
+    const struct {
+        int granularity;  // of a new buffer, or 0
         int size;
         bool mayShrink;
         int used, allocated;
+    } steps[] = {
+        {65536, 1, true, 1, 65440},
+        {0, 65440, true, 65440, 65440},
+        {0, 65441, true, 65441, 130976},
+        {0, 1000, true, 1000, 130976},
+        {0, 300000, true, 300000, 446368},
+        {0, 184224, true, 184224, 446368},  // four granules may stay idle
+        {0, 184223, true, 184223, 270240},
+        {0, 0, true, 0, 0},
+        {4096, 100000, false, 100000, 147360},
+        {0, 1000, false, 1000, 147360},
+        {0, 1000, true, 1000, 147360},
+        {0, 999, true, 999, 4000},
+        {0, -5, false, 0, 4000},
+        {4096, 20000000, false, 20000000, 24190880},  // never more than four megabytes to spare
+        {256, 10, true, 10, 266},
+        {0, 300, true, 300, 556},
+        {0, TooLarge, true, 300, 556},
     };
-    const struct {
-        int granularity;
-        std::vector<Step> steps;
-    } rows[] = {
-        {65536,
-         {{1, true, 1, 65440},
-          {65440, true, 65440, 65440},
-          {65441, true, 65441, 130976},
-          {1000, true, 1000, 130976},
-          {300000, true, 300000, 446368},
-          {184224, true, 184224, 446368},  // four granules may stay idle
-          {184223, true, 184223, 270240},
-          {0, true, 0, 0}}},
-        {4096,
-         {{100000, false, 100000, 147360},
-          {1000, false, 1000, 147360},
-          {1000, true, 1000, 147360},
-          {999, true, 999, 4000},
-          {-5, false, 0, 4000}}},
-        {4096, {{20000000, false, 20000000, 24190880}}},  // never more than four megabytes to spare
-        {256, {{10, true, 10, 266}, {300, true, 300, 556}, {std::numeric_limits<int>::max(), true, 300, 556}}},
-    };
-    for (const auto& row : rows) {
-        HeapBuffer buffer(row.granularity);
-        for (const Step& step : row.steps) {
-            if (buffer.Size() > 0) buffer.Items<char>()[0] = 'k';
-            const bool had = buffer.Size() > 0 && step.size > 0;
-            void* block = buffer.resize(step.size, step.mayShrink);
-            EXPECT_EQ(buffer.Size(), step.used);
-            EXPECT_EQ(buffer.Allocated(), step.allocated) << step.size;
-            EXPECT_EQ(block == nullptr, step.used == 0);
-            EXPECT_TRUE(!had || buffer.Items<char>()[0] == 'k');
-        }
+    std::optional<HeapBuffer> buffer;
+    for (const auto& [granularity, size, mayShrink, used, allocated] : steps) {
+        if (granularity) buffer.emplace(granularity);
+        if (buffer->Size() > 0) buffer->Items<char>()[0] = 'k';
+        const bool had = buffer->Size() > 0 && size > 0;
+        EXPECT_EQ(buffer->resize(size, mayShrink) == nullptr, used == 0);
+        EXPECT_EQ(buffer->Size(), used);
+        EXPECT_EQ(buffer->Allocated(), allocated) << size;
+        EXPECT_TRUE(!had || buffer->Items<char>()[0] == 'k');
     }
 }

@@ -1,8 +1,6 @@
 // Lines by the place of their n-th pixel, where the library walks with running sums.
 #include "lice/line.h"
 
-#include <cmath>
-
 #include "tests/lice/brush.h"
 
 namespace {

@@ -1,8 +1,6 @@
 // Trapezoids row by row as their rules say, and convex polygons by the corners around them.
 #include "lice/polygon.h"
 
-#include <algorithm>
-
 #include "tests/lice/brush.h"
 
 namespace {
@@ -62,9 +60,8 @@ TEST(Trapezoid, CoversTheRowsBetweenItsSides) {
 }
 
 struct Corner {
-    int x, y;
-    auto operator<=>(const Corner& other) const { return std::pair(y, x) <=> std::pair(other.y, other.x); }
-    bool operator==(const Corner&) const = default;
+    int y, x;
+    auto operator<=>(const Corner&) const = default;  // from the top, then from the left
 };
 
 // One side of the hull, from the top: the next corner leans furthest out, the last of several on one line.
@@ -98,7 +95,7 @@ double Across(const std::vector<Corner>& chain, size_t edge, int y) {
 void DrawSlowly(TestSurface& surface, Brush brush, std::vector<Corner> corners) {
     const int W = surface.BackingWidth(), H = surface.BackingHeight();
     for (Corner& c : corners) {
-        c = {static_cast<int>(brush.Scaled(c.x, surface)), static_cast<int>(brush.Scaled(c.y, surface))};
+        c = {static_cast<int>(brush.Scaled(c.y, surface)), static_cast<int>(brush.Scaled(c.x, surface))};
         if (surface.isFlipped()) c.y = H - 1 - c.y;
     }
     brush.mode |= LICE_BLIT_IGNORE_SCALING;
@@ -139,7 +136,7 @@ TEST(Polygon, IsFilledBetweenTheTwoSidesOfItsHull) {
             LICE_FillConvexPolygon(&drawn, x.data(), y.data(), count, brush.color, brush.alpha, brush.mode);
         }
         std::vector<Corner> corners;
-        for (int k = 0; k < count; ++k) corners.push_back({x[k], y[k]});
+        for (int k = 0; k < count; ++k) corners.push_back({y[k], x[k]});
         DrawSlowly(expected, brush, corners);
         return Called(count, "points", testing::PrintToString(x), testing::PrintToString(y));
     });

@@ -72,19 +72,11 @@ inline LICE_pixel Combine(LICE_pixel old, LICE_pixel source, int64_t ia, int mod
     if (modeByte == LICE_BLIT_MODE_HSVADJ) return HsvAdjust(old, source, ia);
     return EachChannel(old, source, [=](int64_t d, int64_t s) {
         const int64_t t = 256 - s * ia / 256, u = s * ia + (256 - ia) * 128;
-        switch (modeByte) {
-            case LICE_BLIT_MODE_COPY:
-                return s + (d - s) * (256 - ia) / 256;
-            case LICE_BLIT_MODE_ADD:
-                return Held(d + s * ia / 256);
-            case LICE_BLIT_MODE_DODGE:
-                return Held(t >= 2 ? d * 256 / t : d * 256);
-            case LICE_BLIT_MODE_MUL:
-                return d * ((256 - ia) * 256 + s * ia) >> 16;
-            case LICE_BLIT_MODE_OVERLAY:
-                return Held(d * (d * (32768 - u) / 256 + u) >> 15);
-        }
-        return d;
+        if (modeByte == LICE_BLIT_MODE_COPY) return s + (d - s) * (256 - ia) / 256;
+        if (modeByte == LICE_BLIT_MODE_ADD) return Held(d + s * ia / 256);
+        if (modeByte == LICE_BLIT_MODE_DODGE) return Held(t >= 2 ? d * 256 / t : d * 256);
+        if (modeByte == LICE_BLIT_MODE_MUL) return d * ((256 - ia) * 256 + s * ia) >> 16;
+        return modeByte == LICE_BLIT_MODE_OVERLAY ? Held(d * (d * (32768 - u) / 256 + u) >> 15) : d;
     });
 }
 

@@ -1,7 +1,5 @@
 #include "lice/round_rect.h"
 
-#include <cmath>
-
 #include "lice/circle.h"
 #include "lice/line.h"
 #include "tests/lice/brush.h"

@@ -1,7 +1,5 @@
 #include "lice/scaled_blit.h"
 
-#include <cmath>
-
 #include "lice/blit.h"
 #include "tests/lice/reference.h"
 #include "tests/lice/support.h"

@@ -1,7 +1,5 @@
 // The built module itself, in the host as it would be loaded there.
-#include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstdio>
 
 #include "module/entry.h"

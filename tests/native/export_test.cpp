@@ -1,13 +1,10 @@
 // The export from the click to the files on the desktop: a real interpreter, real renders.
-#include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <set>
 
 #include "apps/common/audio_file.h"
 #include "apps/common/render.h"
 #include "host/actions.h"
-#include "platform/files.h"
 #include "render/render.h"
 #include "simhost/native/lua_script.h"
 #include "tests/support/environment.h"
@@ -15,24 +12,17 @@
 
 namespace fs = std::filesystem;
 
-namespace {
-
 class ExportarDeVerdade : public Cena {
   protected:
     void SetUp() override {
         Cena::SetUp();
         casa = fs::path(host.resourcePath) / "casa";
         fs::create_directories(casa / "Desktop");
-        fs::create_directories(casa / ".config" / "REAPER");
+        fs::create_directories(casa / ".config/REAPER");
         SetEnvironment("HOME", casa.string());
         SetEnvironment("TEMP", host.resourcePath);
         RunScriptsWithLua(host);
         RenderToFiles(host);
-    }
-    std::string PresetsDoHost() {
-        std::string texto;
-        ReadTextFile((casa / ".config/REAPER/reaper-render.ini").string(), texto);
-        return texto;
     }
     // "name.wav 2.5s", sorted.
     std::string NaAreaDeTrabalho() {
@@ -59,7 +49,8 @@ class ExportarDeVerdade : public Cena {
 TEST_F(ExportarDeVerdade, SemRegioesVaiOProjetoComSeuNome) {
     Projeto("1: a 1-2 | b 3-4.5");
     host.project.path = "/x/Ep \"1\" 100%.rpp";
-    std::ofstream(casa / ".config" / "REAPER" / "reaper-render.ini") << "<RENDERPRESET outro 44100\n>\n";
+    const std::string presetsDoHost = (casa / ".config/REAPER/reaper-render.ini").string();
+    GravarArquivo(presetsDoHost, "<RENDERPRESET outro 44100\n>\n");
     RenderPreLeigo();
     RenderPreLeigo();
     EXPECT_EQ(NaAreaDeTrabalho(), "Ep _1_ 100%.mp3 4s | Ep _1_ 100%.wav 4.5s");
@@ -69,7 +60,7 @@ TEST_F(ExportarDeVerdade, SemRegioesVaiOProjetoComSeuNome) {
             "Quilmo - Concluido: Exportacao concluida!\n\nArquivo salvo em:\n" + (casa / "Desktop").string();
         return uma + " | " + uma;
     }());
-    const std::string presets = PresetsDoHost();
+    const std::string presets = LerArquivo(presetsDoHost);
     EXPECT_EQ(presets.find("<RENDERPRESET outro 44100\n>\n"), 0u);
     const std::string nosso = "RENDERPRESET_OUTPUT VELATURNO_PRE 1 0 124.128 0 0 Ep \"1\" 100% 0 \"" +
                               (casa / "Desktop").string() + "\" 1000 0 \"\" 0\n";
@@ -116,5 +107,3 @@ TEST_F(ExportarDeVerdade, OQueFalhaNoHostEViolacao) {
     host.RunAction(acao::RenderizarProjeto);
     EsperarViolacao("the render failed: '" + (casa / "nenhuma").string());
 }
-
-}  // namespace

@@ -13,8 +13,6 @@
 #include "tests/support/panel_scene.h"
 #include "tests/support/story.h"
 
-namespace {
-
 // While it lives, no file grows beyond so many bytes.
 class DiscoCheio {
   public:
@@ -65,5 +63,3 @@ TEST_F(Painel, ComODiscoCheioTudoSegueENadaRodaPelaMetade) {
         host.scripts.run.clear();
     }
 }
-
-}  // namespace

@@ -2,34 +2,31 @@
 // what it says of floors.
 #include <fstream>
 #include <iomanip>
-#include <map>
 
 #include "apps/common/audio_file.h"
 #include "commands/commands.h"
-#include "platform/files.h"
 #include "simhost/native/lua_script.h"
 #include "slicer/autosplit.h"
 #include "slicer/preview.h"
-#include "tests/support/folders.h"
 #include "tests/support/pattern.h"
 #include "tests/support/story.h"
 
-static std::string Manual() {
-    std::string texto;
-    ReadTextFile(SourceFolder() + "/docs/manual.md", texto);
-    return texto;
+static const std::string Manual = LerArquivo(SourceFolder() + "/docs/manual.md");
+
+static MediaTrack* FaixaComFala() {
+    std::string erro;
+    return Faixa("Voz", {{"fala", 0, 13.7, OpenAudioFile(SourceFolder() + "/data/fala.flac", &erro)}});
 }
 
 TEST_F(Cena, OExemploDoManualFazOQueEleDiz) {
-    const std::string texto = Manual(), arquivo = host.resourcePath + "/exemplo.lua";
-    const auto blocos = Matches(texto, "```lua\n([^`]*)```");
+    const std::string arquivo = host.resourcePath + "/exemplo.lua";
+    const auto blocos = Matches(Manual, "```lua\n([^`]*)```");
     ASSERT_FALSE(blocos.empty());
-    std::ofstream(arquivo) << "assert(not reaper.Quilmo_Teste or reaper.Quilmo_Teste(2, 3) == 5)\n" << blocos[0][1];
+    GravarArquivo(arquivo, "assert(not reaper.Quilmo_Teste or reaper.Quilmo_Teste(2, 3) == 5)\n" + blocos[0][1]);
     simhost::RunScriptsWithLua(host);
     const int acao = host::AddRemoveReaScript(true, 0, arquivo.c_str(), true);
 
-    std::string erro;
-    Faixa("Voz", {{"fala", 0, 13.7, OpenAudioFile(SourceFolder() + "/data/fala.flac", &erro)}});
+    FaixaComFala();
     host.RunAction(acao);
     Selecionar({"fala"});
     host.RunAction(acao);
@@ -47,7 +44,7 @@ TEST(Manual, TodasAsDicasEstaoNaTabela) {
         std::string botao, direito, shift;
     };
     std::map<std::string, Linha> tabela;
-    const std::string texto = Replaced(Manual(), "&lt;", "<");
+    const std::string texto = Replaced(Manual, "&lt;", "<");
     for (const auto& linha : Matches(texto, R"(\| (.+) \| `(.+)` \| [^|]+ \|(?: ?([^|\n]*) \| ?([^|\n]*) \|)?\n)")) {
         const std::string dica = Replaced(linha[2], R"(\\\|)", "|");
         EXPECT_TRUE(tabela.insert({dica, {linha[1], linha[3], linha[4]}}).second) << dica;
@@ -94,8 +91,7 @@ TEST_F(Cena, VoltarLevaOQueNaoDeixouPontoDeDesfazer) {
 
 // How many pieces each floor leaves of the recording that the manual's pictures show.
 TEST_F(Cena, OsPisosDoManualFazOQueEleDiz) {
-    std::string erro;
-    Faixa("Voz", {{"fala", 0, 13.7, OpenAudioFile(SourceFolder() + "/data/fala.flac", &erro)}});
+    FaixaComFala();
     host.undo.Start();
     for (const auto& [piso, bloco, pedacos] : {std::tuple{-30.0, 60, 18}, {-40, 55, 7}, {-45, 55, 12}, {-50, 150, 1}}) {
         Selecionar({"fala"});

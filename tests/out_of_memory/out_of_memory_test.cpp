@@ -28,13 +28,7 @@ class SemMemoria : public Painel {
         host.dialogs.onInput = [](const simhost::ShownInput&) { return "nome"; };
     }
     static void Cenario() {
-        Projeto("1 (selected): a 0.5-3 * | b 2.5-5 * | c 6-9 / 2: d 1-3.5 [M1 m 0] [R1 r 0-2] {cursor 1.5}");
-        SelecaoDeTempo(1, 2);
-    }
-    std::string Log() {
-        std::string texto;
-        ReadTextFile(host.resourcePath + "/quilmo_extension_log.txt", texto);
-        return texto;
+        Projeto("1 (selected): a 0.5-3 * | b 2.5-5 * | c 6-9 / 2: d 1-3.5 [M1 m 0] [R1 r 0-2] {cursor 1.5} {time 1-2}");
     }
     void Inteiro() {
         EXPECT_FALSE(host.undo.Open());
@@ -99,18 +93,19 @@ TEST_F(SemMemoria, ComandosFechamOQueAbriram) {
 
 TEST_F(SemMemoria, PortasNaoDeixamPassarNada) {
     const auto fala = Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
+    const std::string log = host.resourcePath + "/quilmo_extension_log.txt";
     const auto cenario = [&] {
         Projeto("1: a 0-3.5 *");
         Dados(ItemChamado("a")).takes[0]->source = fala;
         host.undo.Start();
-        RemoveFile(host.resourcePath + "/quilmo_extension_log.txt");
+        RemoveFile(log);
     };
     bool cortou = true;
     CadaPedidoFalha(
         cenario, [&] { cortou = Quilmo_AutoSplit(true, 55, -30); },
         [&] {
             EXPECT_EQ(Historico(), "Fatiador Preview");
-            EXPECT_EQ(Log().find("Falha em Quilmo_AutoSplit: ") != std::string::npos, !cortou);
+            EXPECT_EQ(LerArquivo(log).find("Falha em Quilmo_AutoSplit: ") != std::string::npos, !cortou);
         });
 }
 

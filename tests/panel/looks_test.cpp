@@ -1,7 +1,5 @@
 // What users see, against what was kept once it had been looked at: data/painel.txt tells every widget of every page,
 // the pictures beside this file show all that is no text.
-#include <cmath>
-#include <functional>
 #include <set>
 
 #include "panel/icons.h"

@@ -1,13 +1,9 @@
 // The rounded rectangles beside the plain calls that they stand for, pixel by pixel.
 #include "panel/rounded.h"
 
-#include <cmath>
-
 #include "tests/lice/support.h"
 
-namespace {
-
-void PreencherDevagar(LICE_IBitmap* bm, const RECT& r, int raio, LICE_pixel cor, float alfa) {
+static void PreencherDevagar(LICE_IBitmap* bm, const RECT& r, int raio, LICE_pixel cor, float alfa) {
     const int w = r.right - r.left, h = r.bottom - r.top;
     const auto parte = [&](int x, int y, int largura, int altura, double cobertura) {
         LICE_FillRect(bm, r.left + x, r.top + y, largura, altura, cor, static_cast<float>(alfa * cobertura), 0);
@@ -44,5 +40,3 @@ TEST(Arredondado, FacePreenchimentoEContornoComoAsChamadasSimples) {
             << i << ": " << x << ' ' << y << ' ' << w << ' ' << h << ' ' << raio << ' ' << alfa;
     }
 }
-
-}  // namespace

@@ -9,8 +9,6 @@
 
 using driver::Button;
 
-namespace {
-
 class Linhas : public Painel {
   protected:
     void SetUp() override {
@@ -103,9 +101,7 @@ TEST_F(Linhas, ZoomRepeteEnquantoSeguro) {
         EXPECT_EQ(Acoes(), tres);
         Soltar(botao);
         Apertar(botao);
-        const double intervalo = driver::TimerInterval(JanelaPainel, 2);
-        EXPECT_GE(intervalo, 90 * (1 - driver::IntervalSlack));
-        EXPECT_LE(intervalo, 90 * (1 + driver::IntervalSlack));
+        EsperarIntervalo(2, 90);
         Soltar(botao);
         EXPECT_FALSE(EsperarTique(2));
     }
@@ -126,5 +122,3 @@ TEST_F(Linhas, StatusDizOUltimoComando) {
     Abrir();
     EXPECT_FALSE(ModoRipple) << "the switch outlives the window";
 }
-
-}  // namespace

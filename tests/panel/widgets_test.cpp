@@ -1,10 +1,6 @@
 // What a widget makes of the mouse, and which size its label gets.
 #include "panel/widgets.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 namespace {
 
 LICE_MemBitmap Tela(320, 100, 0);

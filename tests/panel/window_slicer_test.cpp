@@ -4,8 +4,6 @@
 #include "slicer/preview.h"
 #include "tests/support/panel_scene.h"
 
-namespace {
-
 class PainelFatiador : public Painel {
   protected:
     // The panel is open, the mode is on, the item is cut, and the panel hears nothing of its activation.
@@ -57,5 +55,3 @@ TEST_F(PainelFatiador, FecharOPainelCancelaAntes) {
     EXPECT_FALSE(JanelaPainelAberta());
     ConfereCancelado();
 }
-
-}  // namespace

@@ -3,10 +3,7 @@
 
 #include <filesystem>
 
-#include "platform/files.h"
 #include "tests/support/panel_scene.h"
-
-namespace {
 
 constexpr char DoHost[] = "740 40";  // at the host's right edge: 1100 - 340 - 20
 
@@ -16,17 +13,8 @@ class PainelLugar : public Painel {
         Painel::SetUp();
         CaminhoPainel = host.resourcePath;
     }
-    void Gravar(const std::string& conteudo) {
-        std::FILE* arquivo = OpenFile(CaminhoJanelaIni(), "wb");
-        ASSERT_TRUE(arquivo);
-        std::fwrite(conteudo.data(), 1, conteudo.size(), arquivo);
-        std::fclose(arquivo);
-    }
-    std::string Gravado() {
-        std::string conteudo;
-        return ReadTextFile(CaminhoJanelaIni(), conteudo) ? conteudo : "none";
-    }
-    std::string Canto() { return std::to_string(Lugar().left) + " " + std::to_string(Lugar().top); }
+    static void Gravar(const std::string& conteudo) { GravarArquivo(CaminhoJanelaIni(), conteudo); }
+    static std::string Gravado() { return LerArquivo(CaminhoJanelaIni()); }
     std::string Tamanho() {
         return std::to_string(Lugar().right - Lugar().left) + " " + std::to_string(Lugar().bottom - Lugar().top);
     }
@@ -83,7 +71,7 @@ TEST_F(PainelLugar, CadaArquivoTemSeuLugar) {
 }
 
 TEST_F(PainelLugar, FecharGuardaELembra) {
-    EXPECT_EQ(Gravado(), "none");
+    EXPECT_EQ(Gravado(), "(no file)");
     Abrir();
     EXPECT_EQ(Canto(), DoHost);
     MoveWindow(JanelaPainel, 123, 45, 1, 1, FALSE);
@@ -132,5 +120,3 @@ TEST_F(PainelLugar, AreaDeTrabalhoMenorQueAJanela) {
     Abrir();
     EXPECT_EQ(Canto(), "100 50") << "the left and upper edge are the ones that show";
 }
-
-}  // namespace

@@ -1,14 +1,10 @@
 // What the panel relies on in windows and does not show in its own tests. It holds on either desktop.
-#include <gtest/gtest.h>
 
-#include <map>
 #include <utility>
 
 #include "platform/window_frame.h"
 #include "tests/support/desktop_driver.h"
 #include "tests/support/rects.h"
-
-namespace {
 
 // Windows that write down what they hear, as one line of text: "a: +active, b: paint".
 class Desktop : public testing::Test {
@@ -96,16 +92,14 @@ TEST_F(Desktop, WhatIsGoneIsRefused) {
 }
 
 TEST_F(Desktop, FramesStandAroundTheClientArea) {
-    for (const driver::Frame& frame :
-         {driver::Frame{4, 0, 19, 96}, {4, 4, 23, 96}, {8, 8, 45, 96}, {4, 4, 23, 0}, {4, 4, 23, 192}}) {
+    for (const driver::Frame& frame : driver::Frames) {
         const bool set = driver::SetFrame(frame);
         const HWND window = Make("framed");
         const SIZE size = SizeAround(window, {320, 240});
         MoveWindow(window, 50, 50, size.cx, size.cy, FALSE);
         RECT client{}, unscaled{};
         GetClientRect(window, &client);
-        EXPECT_EQ(client.right, 320) << frame.padding << " at " << frame.dpi;
-        EXPECT_EQ(client.bottom, 240) << frame.padding << " at " << frame.dpi;
+        EXPECT_EQ(::Show(client), ::Show({0, 0, 320, 240})) << frame.padding << " at " << frame.dpi;
         DestroyWindow(window);
         if (!set) continue;
         EXPECT_TRUE(AdjustWindowRectEx(&unscaled, WS_OVERLAPPEDWINDOW, FALSE, 0));
@@ -201,5 +195,3 @@ TEST_F(Desktop, TimersTickUntilTheyAreKilled) {
     EXPECT_FALSE(driver::AwaitTimer(window, 1)) << "killed by its own handler";
     EXPECT_FALSE(driver::AwaitTimer(window, 2)) << "killed by another's";
 }
-
-}  // namespace

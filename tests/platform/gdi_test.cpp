@@ -1,11 +1,8 @@
 // Drawing as the module leans on it. The same promises hold for the headless stand-in and for the system's own GDI.
-#include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstring>
 #include <random>
 #include <utility>
-#include <vector>
 
 #include "tests/platform/canvas.h"
 

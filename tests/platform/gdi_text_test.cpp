@@ -1,12 +1,8 @@
 // Fonts and text as the module leans on them, for the headless stand-in and for the system's own GDI.
-#include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "tests/platform/canvas.h"
-
-namespace {
 
 TEST(Gdi, HeightsOfFonts) {
     Canvas canvas(4, 4);
@@ -22,7 +18,7 @@ TEST(Gdi, HeightsOfFonts) {
     }
 }
 
-bool Within(const RECT& outer, const RECT& inner) {
+static bool Within(const RECT& outer, const RECT& inner) {
     return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
            inner.bottom <= outer.bottom;
 }
@@ -125,5 +121,3 @@ TEST_F(GdiText, ColoursTheCoveredPixelsOnly) {
     EXPECT_EQ(SetTextColor(canvas.dc, 0), RGB(255, 0, 0));
     EXPECT_EQ(SetBkColor(canvas.dc, 0), RGB(0, 0, 255));
 }
-
-}  // namespace

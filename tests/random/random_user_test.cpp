@@ -14,8 +14,6 @@
 #include "tests/counting_new.h"
 #include "tests/random/random_project.h"
 
-namespace {
-
 using driver::Button;
 
 class UsuarioAleatorio : public ProjetoAleatorio {
@@ -69,45 +67,27 @@ class UsuarioAleatorio : public ProjetoAleatorio {
     }
     // What a user's hand does, and what a window hears of: all that can happen while a dialog or a menu is open too.
     void EventoDaMao() {
-        switch (acaso.In(1, 24)) {
-            case 1:
-            case 2:
-            case 3:
-            case 4:
-                return ApontarAoAcaso();
-            case 5:
-                return ApertarNoPainel(UmBotao());
-            case 6:
-                return Soltar(UmBotao());
-            case 7:
-                return driver::Wheel(acaso.In(-3, 3));
-            case 8:
-                return driver::HoldKey(VK_SHIFT, acaso.Chance(3));
-            case 9:
-                if (JanelaPainel && acaso.Chance(3)) Fechar();
-                return;
-            case 10:
-                Abrir();
-                return;
-            case 11:
-                if (acaso.Chance(2)) SetForegroundWindow(acaso.Chance(2) ? dono : outra);
-                return driver::Pump();
-            case 12:  // a tick, which may also be one that was on its way when its timer was stopped
-            case 13:
-                if (JanelaPainel) SendMessageA(JanelaPainel, WM_TIMER, acaso.In(1, 2), 0);
-                return driver::Pump();
-            case 14:
-                if (JanelaPainel)
-                    SendMessageA(JanelaPainel,
-                                 acaso.Of({UINT{WM_LBUTTONUP}, UINT{WM_RBUTTONUP}, UINT{WM_RBUTTONDBLCLK}}), 0, 0);
-                return driver::Pump();
-            default:
-                ApontarAoAcaso();
-                const Button botao = UmBotao();
-                ApertarNoPainel(botao);
-                if (acaso.Chance(4)) ApontarAoAcaso();
-                if (!acaso.Chance(8)) Soltar(botao);
-        }
+        const int qual = acaso.In(1, 24);
+        if (qual <= 4) return ApontarAoAcaso();
+        if (qual == 5) return ApertarNoPainel(UmBotao());
+        if (qual == 6) return Soltar(UmBotao());
+        if (qual == 7) return driver::Wheel(acaso.In(-3, 3));
+        if (qual == 8) return driver::HoldKey(VK_SHIFT, acaso.Chance(3));
+        if (qual == 9 && JanelaPainel && acaso.Chance(3)) Fechar();
+        if (qual == 10) Abrir();
+        if (qual == 11 && acaso.Chance(2)) SetForegroundWindow(acaso.Chance(2) ? dono : outra);
+        // A tick may also be one that was on its way when its timer was stopped.
+        if ((qual == 12 || qual == 13) && JanelaPainel) SendMessageA(JanelaPainel, WM_TIMER, acaso.In(1, 2), 0);
+        constexpr UINT soltos[] = {WM_LBUTTONUP, WM_RBUTTONUP, WM_RBUTTONDBLCLK};
+        if (qual == 14 && JanelaPainel) SendMessageA(JanelaPainel, acaso.Of(soltos), 0, 0);
+        qual <= 14 ? driver::Pump() : CliqueAoAcaso();
+    }
+    void CliqueAoAcaso() {
+        ApontarAoAcaso();
+        const Button botao = UmBotao();
+        ApertarNoPainel(botao);
+        if (acaso.Chance(4)) ApontarAoAcaso();
+        if (!acaso.Chance(8)) Soltar(botao);
     }
     Button UmBotao() { return acaso.Chance(4) ? Button::Right : Button::Left; }
 
@@ -115,27 +95,17 @@ class UsuarioAleatorio : public ProjetoAleatorio {
         if (acaso.Chance(2)) SetForegroundWindow(outra);  // else a script, behind the user's back
         driver::Pump();
         hostMexeu = true;
-        switch (acaso.In(1, 10)) {
-            case 1:
-                host.undo.Back();
-                return;
-            case 2:
-                host.undo.Redo();
-                return;
-            case 3:
-                return host.transport.Elapse(acaso.In(1, 10) * 0.1);
-            case 4:
-                return host.RunAction(
-                    acaso.Of({acao::Tocar, acao::Gravar, acao::Parar, acao::RemoverItens, acao::DuplicarFaixas}));
-            case 5:
-                host.undo.Begin();
-                MexerNoProjeto();
-                return host.undo.End("Edit");
-            case 6:
-                return MexerNoProjeto();
-            default:
-                return SelecionarAoAcaso();
-        }
+        static constexpr int acoes[] = {acao::Tocar, acao::Gravar, acao::Parar, acao::RemoverItens,
+                                        acao::DuplicarFaixas};
+        const int qual = acaso.In(1, 10);
+        if (qual == 1) host.undo.Back();
+        if (qual == 2) host.undo.Redo();
+        if (qual == 3) host.transport.Elapse(acaso.In(1, 10) * 0.1);
+        if (qual == 4) host.RunAction(acaso.Of(acoes));
+        if (qual == 5) host.undo.Begin();
+        if (qual == 5 || qual == 6) MexerNoProjeto();
+        if (qual == 5) host.undo.End("Edit");
+        if (qual > 6) SelecionarAoAcaso();
     }
 
     // A dialog or a menu is open and its loop delivers events, to the panel too.
@@ -254,5 +224,3 @@ TEST_F(UsuarioAleatorio, NaoQuebraNada) {
     EXPECT_LT(alocacoes, cedo + 200) << "memory grows";
     EXPECT_GE(modos, eventos / 2000) << "the slicer was hardly tried";
 }
-
-}  // namespace

@@ -8,8 +8,6 @@
 
 namespace fs = std::filesystem;
 
-namespace {
-
 class Exportar : public Cena {
   protected:
     void SetUp() override {
@@ -69,5 +67,3 @@ TEST_F(Exportar, RecusasNaoDeixamNada) {
     EXPECT_EQ(reamostragem, (std::vector<char>{3, 0})) << "of another size: left alone";
     EXPECT_TRUE(host.scripts.run.empty());
 }
-
-}  // namespace

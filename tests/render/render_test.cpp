@@ -4,8 +4,6 @@
 
 #include "tests/support/story.h"
 
-namespace {
-
 class Render : public Cena {
   protected:
     std::string Rodar(void (*comando)(), const char* cena) {
@@ -54,5 +52,3 @@ TEST_F(Render, LimitesPelaOrdemDePrioridade) {
     EXPECT_EQ(limites("1: [M1 x 0]"), "-1 antes Quilmo: Projeto vazio.");
     EXPECT_EQ(Historico(), "");
 }
-
-}  // namespace

@@ -1,8 +1,5 @@
 // The stand-in catches bad callers: one deliberately bad caller for each kind of violation. Then what tests
 // and tools lean on: failing on demand, the trace, registrations, dialogs, settings.
-#include <filesystem>
-#include <fstream>
-
 #include "simhost/accessor.h"
 #include "tests/support/scene.h"
 
@@ -195,7 +192,7 @@ TEST_F(Strict, DialogsAreAnsweredFromTheQueuesThenByCaution) {
 TEST_F(Strict, AScriptIsReadWhenAddedAndRunUnderItsNumber) {
     EXPECT_EQ(host::AddRemoveReaScript(true, 0, (host.resourcePath + "/missing.lua").c_str(), true), 0);
     const std::string path = host.resourcePath + "/s.lua";
-    std::ofstream(DeUtf8(path)) << "print(1)";
+    GravarArquivo(path, "print(1)");
     const int number = host::AddRemoveReaScript(true, 0, path.c_str(), true);
     ASSERT_NE(number, 0);
     std::string ran;

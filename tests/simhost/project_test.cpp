@@ -3,8 +3,6 @@
 #include "tests/lice/support.h"
 #include "tests/support/story.h"
 
-namespace {
-
 class Arrangement : public Cena {
   protected:
     void Block(const char* title, void (*edit)()) {
@@ -13,8 +11,6 @@ class Arrangement : public Cena {
         host::Undo_EndBlock2(nullptr, title, -1);
     }
 };
-
-}  // namespace
 
 TEST_F(Arrangement, ItemsStandByPositionUnderTheirTracks) {
     Faixa("Voz", {{"C", 20, 24}, {"A", 2, 6}});
@@ -107,7 +103,7 @@ TEST_F(Arrangement, UndoGivesTheProjectBackUnderNewHandles) {
     EXPECT_EQ(Retrato(), "Voz: A 2-4 | A 4-6 @2 [R1 r 1-2]");
     EXPECT_NE(host::Undo_DoUndo2(nullptr), 0);
     EXPECT_EQ(Retrato(), "Voz: A 2-6");
-    EXPECT_EQ(UltimoDesfazer(), "");
+    EXPECT_EQ(Historico(), "");
     EXPECT_FALSE(host::ValidatePtr(before, "MediaItem*"));
     EXPECT_TRUE(host::ValidatePtr(track, "MediaTrack*"));
     EXPECT_FALSE(host::ValidatePtr(track, "MediaItem*"));
@@ -130,14 +126,15 @@ TEST_F(Arrangement, PreferencesChangeWhatUndoGives) {
     EXPECT_EQ(Selecionados(), "B");  // as the user left it
 
     host.preferences.undoPoints = 2;
-    for (const char* title : {"two", "three", "four"}) Block(title, [] { Marcador("m", 1); });
+    for (const char* title : {"two", "three", "four"})
+        Block(title, [] { host::AddProjectMarker2(nullptr, false, 1, 1, "m", -1, 0); });
     EXPECT_EQ(Historico(), "three | four");
     while (host::Undo_DoUndo2(nullptr)) continue;
     EXPECT_EQ(Retrato(), "Voz: A 2-6 | B 8-9 [M1 m 1]");
 }
 
 TEST_F(Arrangement, MarkersAndRegionsAreListedByPosition) {
-    Marcador("m", 5);
+    Projeto("[M1 m 5]");
     EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 6, 4, "back to front", -1, 0), 1);
     EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 0, 9, "c", 7, 0x1000000), 7);
     EXPECT_EQ(host::AddProjectMarker2(nullptr, true, 4.5, 5, nullptr, 7, 0), 8);  // 7 is taken
@@ -199,7 +196,7 @@ TEST_F(Arrangement, ActionsEditWhatIsSelectedAndNotLocked) {
         host::Main_OnCommand(row.action, 0);
         EXPECT_EQ(Historico(), "");
         Selecionar({"A", "L"});
-        SelecionarFaixas({"Voz"});
+        Dados(FaixaChamada("Voz")).selected = true;
         host::Main_OnCommand(row.action, 0);
         EXPECT_EQ(Retrato(), row.picture);
         EXPECT_EQ(Historico(), row.undo);

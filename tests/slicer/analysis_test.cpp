@@ -1,9 +1,6 @@
 #include "slicer/analysis.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <functional>
 #include <limits>
 #include <random>
 

@@ -1,16 +1,13 @@
 // The slicer as a script calls it: what is cut away, what closes up, and in which order the host is asked.
-#include <cmath>
 
 #include "slicer/autosplit.h"
 #include "tests/support/pattern.h"
 #include "tests/support/scene.h"
 
-namespace {
-
 constexpr int Taxa = 48000;
 
 // Silence and sound at half scale in turn, changing at these seconds; the last of them is the end.
-simhost::SourceRef Fala(std::initializer_list<double> bordas) {
+static simhost::SourceRef Fala(std::initializer_list<double> bordas) {
     std::vector<Segment> trechos;
     double antes = 0, nivel = 0;
     for (const double borda : bordas) {
@@ -138,5 +135,3 @@ TEST_F(Fatias, CortesRecusados) {
         EXPECT_EQ(Retrato(), pedacos) << recusa;
     }
 }
-
-}  // namespace

@@ -3,8 +3,6 @@
 
 #include "tests/support/story.h"
 
-namespace {
-
 class Bounce : public Cena {};
 
 TEST_F(Bounce, AbreAteAsAlcasESeEncolheDeVolta) {
@@ -48,5 +46,3 @@ TEST_F(Bounce, PelaFaixaECadaUmUmaVez) {
     const auto nada = [] { EXPECT_FALSE(BounceEntrada(10.0) || BounceEntradaAtivo); };
     Contar(nada, "", {{"1: a 5-6"}, {"1: a 5-6 no take *", "1:  5-6 no take *"}});
 }
-
-}  // namespace

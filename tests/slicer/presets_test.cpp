@@ -1,32 +1,19 @@
 // The presets file: what is written, and what is made of every kind of broken one.
 #include "slicer/presets.h"
 
-#include <gtest/gtest.h>
-
 #include <clocale>
 #include <filesystem>
 
-#include "platform/files.h"
 #include "tests/support/scene.h"
-
-namespace {
-
-namespace fs = std::filesystem;
 
 class Presets : public Cena {
   protected:
     void SetUp() override {
         Cena::SetUp();
-        fs::create_directories(DeUtf8(host.resourcePath + "/Scripts"));
-    }
-    void Escrever(const std::string& texto, const char* onde = "") {
-        std::FILE* arquivo = OpenFile(host.resourcePath + "/" + onde + "presets_fatiador.ini", "wb");
-        ASSERT_NE(arquivo, nullptr);
-        std::fwrite(texto.data(), 1, texto.size(), arquivo);
-        std::fclose(arquivo);
+        std::filesystem::create_directories(DeUtf8(host.resourcePath + "/Scripts"));
     }
     void Carregar(const std::string& texto) {
-        Escrever(texto);
+        GravarArquivo(arquivo, texto);
         db = -37, ms = 55, fechar = true;
         Carregar();
     }
@@ -34,10 +21,11 @@ class Presets : public Cena {
     // What a write makes of the file.
     std::string Gravado() {
         GravarPresets(tabela, db, ms, fechar, host.resourcePath);
-        std::string texto;
-        return ReadTextFile(host.resourcePath + "/presets_fatiador.ini", texto) ? texto : "(no file)";
+        return LerArquivo(arquivo);
     }
 
+    const std::string arquivo = host.resourcePath + "/presets_fatiador.ini",
+                      antigo = host.resourcePath + "/Scripts/presets_fatiador.ini";
     TabelaDePresets tabela = {};
     double db = -37.0;
     int ms = 55;
@@ -53,9 +41,7 @@ TEST_F(Presets, SemArquivoValemOsDeFabricaEAsLinhasTemFormaFixa) {
     EXPECT_EQ(Gravado(), std::string("LAST_USED=-37.00,55,true\n") + DeFabrica);
     for (const int slot : {0, 7, -1}) SalvarPreset(tabela, slot, 1, 1, true, host.resourcePath);
     SalvarPreset(tabela, 2, -12.5, 9000, false, host.resourcePath);
-    std::string texto;
-    ASSERT_TRUE(ReadTextFile(host.resourcePath + "/presets_fatiador.ini", texto));
-    EXPECT_EQ(texto,
+    EXPECT_EQ(LerArquivo(arquivo),
               "LAST_USED=-12.50,9000,false\nP1=-37.00,50,false\nP2=-12.50,9000,false\nP3=-30.00,60,true\n"
               "P4=-25.00,40,false\nP5=-45.00,100,true\nP6=-50.00,150,true\n");
     db = 1e300;  // a line is never longer than its buffer
@@ -65,10 +51,10 @@ TEST_F(Presets, SemArquivoValemOsDeFabricaEAsLinhasTemFormaFixa) {
 }
 
 TEST_F(Presets, DaPastaAntigaESoParaFrente) {
-    Escrever("LAST_USED=-20,10,false\n", "Scripts/");
+    GravarArquivo(antigo, "LAST_USED=-20,10,false\n");
     Carregar();
     EXPECT_EQ(Gravado(), std::string("LAST_USED=-20.00,10,false\n") + DeFabrica);
-    Escrever("LAST_USED=-11,11,true\n", "Scripts/");
+    GravarArquivo(antigo, "LAST_USED=-11,11,true\n");
     Carregar();
     EXPECT_EQ(db, -20);
 }
@@ -114,5 +100,3 @@ TEST_F(Presets, PontoEmQualquerLocalidadeEPastaQueNaoAceita) {
     CarregarPresets(tabela, db, ms, fechar, host.resourcePath + "/nao/existe");
     EXPECT_EQ(db, -20.25);
 }
-
-}  // namespace

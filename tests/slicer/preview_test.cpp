@@ -1,16 +1,11 @@
 // The preview mode, from the page's buttons and from outside, by what it leaves in the project and on the undo history.
 #include "slicer/preview.h"
 
-#include <cmath>
-
 #include "host/actions.h"
 #include "panel/slicer_page.h"
-#include "platform/files.h"
 #include "slicer/bounce.h"
 #include "slicer/presets.h"
 #include "tests/support/panel_scene.h"
-
-namespace {
 
 constexpr char ComPreview[] = "Fatiador Bounce Entrada | Fatiador Preview";
 
@@ -46,8 +41,7 @@ class Previa : public Painel {
         host.undo.End(titulo);
     }
     std::string UltimosGravados() {
-        std::string texto;
-        ReadTextFile(host.resourcePath + "/presets_fatiador.ini", texto);
+        const std::string texto = LerArquivo(host.resourcePath + "/presets_fatiador.ini");
         return texto.substr(0, texto.find('\n'));
     }
     int64_t Cortes() { return host.calls.Count("GetAudioAccessorSamples"); }
@@ -276,5 +270,3 @@ TEST_F(Previa, PerguntaCongelaAPaginaESalvaUmPreset) {
     EXPECT_EQ(UltimosGravados(), "LAST_USED=-33.25,55,true") << "work outside writes nothing";
     EXPECT_EQ(RetratoCompleto(), original);
 }
-
-}  // namespace

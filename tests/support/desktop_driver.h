@@ -18,6 +18,7 @@ struct Frame {
     int border, padding, caption;  // unscaled
     UINT dpi;                      // 0: 96, on a system that does not tell a window's DPI
 };
+constexpr Frame Frames[] = {{4, 0, 19, 96}, {4, 4, 23, 96}, {8, 8, 45, 96}, {4, 4, 23, 0}, {4, 4, 23, 192}};
 // Of windows made from now on. False where padding or DPI stay the system's own.
 bool SetFrame(const Frame& frame);
 

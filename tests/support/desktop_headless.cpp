@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "platform/headless/desktop.h"
 #include "tests/support/desktop_driver.h"
 

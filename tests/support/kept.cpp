@@ -1,12 +1,9 @@
 #include "tests/support/kept.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <sstream>
 #include <utility>
 
-#include "platform/files.h"
 #include "platform/pictures/png_file.h"
 #include "tests/support/folders.h"
 
@@ -14,13 +11,9 @@ static const bool Gravando = std::getenv("QUILMO_WRITE_GOLDEN");
 
 void ConfereGuardado(const std::string& arquivo, const std::string& achado) {
     const std::string caminho = SourceFolder() + '/' + arquivo;
-    if (std::FILE* novo = Gravando ? OpenFile(caminho, "wb") : nullptr) {
-        std::fwrite(achado.data(), 1, achado.size(), novo);
-        std::fclose(novo);
-    }
-    std::string guardado, linhaGuardada, linha;
-    ReadTextFile(caminho, guardado);
-    std::istringstream guardadas(guardado), achadas(achado);
+    if (Gravando) GravarArquivo(caminho, achado);
+    std::string linhaGuardada, linha;
+    std::istringstream guardadas(LerArquivo(caminho)), achadas(achado);
     for (int numero = 1; guardadas || achadas; ++numero) {
         std::getline(guardadas, linhaGuardada);
         std::getline(achadas, linha);

@@ -3,7 +3,6 @@
 #include <dlfcn.h>
 #include <elf.h>
 
-#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>

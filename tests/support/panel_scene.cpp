@@ -125,18 +125,6 @@ void Painel::Mover(const std::string& nome) {
     Mover(meio.x, meio.y);
 }
 
-void Painel::Mover(int x, int y) {
-    driver::Move(JanelaPainel, x, y);
-}
-
-void Painel::Apertar(driver::Button botao) {
-    driver::Press(botao);
-}
-
-void Painel::Soltar(driver::Button botao) {
-    driver::Release(botao);
-}
-
 void Painel::Clicar(int x, int y, driver::Button botao) {
     Mover(x, y);
     Apertar(botao);
@@ -144,13 +132,14 @@ void Painel::Clicar(int x, int y, driver::Button botao) {
 }
 
 void Painel::Clicar(const std::string& nome, driver::Button botao) {
-    Mover(nome);
-    Apertar(botao);
-    Soltar(botao);
+    const POINT meio = Achar(nome).Meio();
+    Clicar(meio.x, meio.y, botao);
 }
 
-bool Painel::EsperarTique(UINT_PTR timer) {
-    return driver::AwaitTimer(JanelaPainel, timer);
+void Painel::EsperarIntervalo(UINT_PTR timer, double ms) {
+    const double achado = driver::TimerInterval(JanelaPainel, timer);
+    EXPECT_GE(achado, ms * (1 - driver::IntervalSlack));
+    EXPECT_LE(achado, ms * (1 + driver::IntervalSlack));
 }
 
 void Painel::Espiar(std::function<bool(UINT, WPARAM)> espiao) {

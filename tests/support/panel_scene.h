@@ -28,19 +28,21 @@ class Painel : public Cena {
     void Abrir();   // by the action, as the user does
     void Fechar();  // by the window's close button
     RECT Lugar();   // of the panel on the screen
+    std::string Canto() { return std::to_string(Lugar().left) + " " + std::to_string(Lugar().top); }
 
     static std::vector<WidgetNaTela> Widgets();  // of a pass of its own, in their order
     // A widget goes by its label, its icon, its tooltip, or its colour as "r g b". Of two pages the one on top counts;
     // throws when the page has none of that name, or several.
     static WidgetNaTela Achar(const std::string& nome);
 
-    void Mover(int x, int y);
+    void Mover(int x, int y) { driver::Move(JanelaPainel, x, y); }
     void Mover(const std::string& nome);  // to its middle
-    void Apertar(driver::Button botao = driver::Button::Left);
-    void Soltar(driver::Button botao = driver::Button::Left);
+    void Apertar(driver::Button botao = driver::Button::Left) { driver::Press(botao); }
+    void Soltar(driver::Button botao = driver::Button::Left) { driver::Release(botao); }
     void Clicar(int x, int y, driver::Button botao = driver::Button::Left);
     void Clicar(const std::string& nome, driver::Button botao = driver::Button::Left);
-    bool EsperarTique(UINT_PTR timer);  // false when the panel has no such timer
+    bool EsperarTique(UINT_PTR timer) { return driver::AwaitTimer(JanelaPainel, timer); }  // false when it has none
+    void EsperarIntervalo(UINT_PTR timer, double ms);                                      // from tick to tick
 
     // Sees the panel's messages before the panel does; true keeps one from it.
     void Espiar(std::function<bool(UINT mensagem, WPARAM wParam)> espiao);

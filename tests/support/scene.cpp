@@ -1,7 +1,5 @@
 #include "tests/support/scene.h"
 
-#include <algorithm>
-#include <cmath>
 #include <random>
 #include <stdexcept>
 
@@ -102,40 +100,6 @@ void Selecionar(std::initializer_list<std::string> nomes) {
         faixas.Select(*item, std::find(nomes.begin(), nomes.end(), item->Name()) != nomes.end());
 }
 
-void SelecionarFaixas(std::initializer_list<std::string> nomes) {
-    simhost::TrackList& faixas = Host::Current().project.tracks;
-    for (int i = 0; i < faixas.Count(); ++i)
-        faixas.At(i)->selected = std::find(nomes.begin(), nomes.end(), faixas.At(i)->name) != nomes.end();
-}
-
-void Cursor(double segundos) {
-    Host::Current().project.cursor = segundos;
-}
-
-void SelecaoDeTempo(double inicio, double fim) {
-    Host::Current().project.timeSelection = {inicio, fim};
-}
-
-void Regiao(const std::string& nome, double inicio, double fim) {
-    AddMarker(Host::Current().project, {true, inicio, fim, nome}, -1);
-}
-
-void Marcador(const std::string& nome, double tempo) {
-    AddMarker(Host::Current().project, {false, tempo, tempo, nome}, -1);
-}
-
-void ResponderMensagem(int resposta) {
-    Host::Current().dialogs.messageAnswers.push_back(resposta);
-}
-
-void ResponderTexto(const std::string& texto) {
-    Host::Current().dialogs.inputAnswers.push_back(texto);
-}
-
-void CancelarTexto() {
-    Host::Current().dialogs.inputAnswers.push_back(std::nullopt);
-}
-
 // What `dizer` says of each, parted by `entre`.
 template <class Lista, class Dizer>
 static std::string Juntar(const Lista& lista, const char* entre, Dizer dizer) {
@@ -148,11 +112,6 @@ std::string Selecionados() {
     return Juntar(Host::Current().project.tracks.Selected(), ", ", [](const auto* item) { return item->Name(); });
 }
 
-std::string UltimoDesfazer() {
-    const char* titulo = Host::Current().undo.Title();
-    return titulo ? titulo : "";
-}
-
 std::string Historico() {
     return Juntar(Host::Current().undo.Titles(), " | ", [](const std::string& titulo) { return titulo; });
 }
@@ -162,13 +121,10 @@ std::string Mensagens() {
 }
 
 static std::string NomeDaAcao(int numero) {
-    switch (numero) {
 #define NOME(nome, valor) \
-    case valor:           \
-        return #nome;
-        ACOES_DO_HOST(NOME)
+    if (numero == valor) return #nome;
+    ACOES_DO_HOST(NOME)
 #undef NOME
-    }
     return std::to_string(numero);
 }
 

@@ -6,11 +6,13 @@
 
 #include <filesystem>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/api.h"
 #include "simhost/host.h"
+#include "tests/support/folders.h"
 #include "tests/support/portrait.h"
 #include "tests/support/sources.h"
 
@@ -26,6 +28,10 @@ class Cena : public testing::Test {
     ~Cena() override;
     void SetUp() override;     // puts the module's state back and loads it
     void TearDown() override;  // closes the panel and unloads; fails the test on a violation or on what was left open
+
+    // To the next message box without an answer yet, 6 yes or 7 no; and to the next dialog, nothing where it is left.
+    void ResponderMensagem(int resposta) { host.dialogs.messageAnswers.push_back(resposta); }
+    void ResponderTexto(std::optional<std::string> texto) { host.dialogs.inputAnswers.push_back(std::move(texto)); }
 
     simhost::Host host;
 };
@@ -44,20 +50,11 @@ MediaItem* ItemChamado(const std::string& nome);
 simhost::Item& Dados(MediaItem* item);  // for setting up what callers cannot set
 simhost::Track& Dados(MediaTrack* faixa);
 void Selecionar(std::initializer_list<std::string> nomes);  // these items and no others
-void SelecionarFaixas(std::initializer_list<std::string> nomes);
-void Cursor(double segundos);
-void SelecaoDeTempo(double inicio, double fim);
-void Regiao(const std::string& nome, double inicio, double fim);
-void Marcador(const std::string& nome, double tempo);
-void ResponderMensagem(int resposta);  // to the next message box without an answer yet: 6 yes, 7 no
-void ResponderTexto(const std::string& texto);
-void CancelarTexto();
 
-std::string Selecionados();    // "A, B", in the host's order
-std::string UltimoDesfazer();  // the topmost undo point's title; empty when there is none
-std::string Historico();       // all of them, oldest first: "um | dois"
-std::string Mensagens();       // message boxes shown: "Erro: texto | Aviso: texto"
-std::string Acoes();           // names of the actions run: "Tocar Parar"
+std::string Selecionados();  // "A, B", in the host's order
+std::string Historico();     // all of them, oldest first: "um | dois"
+std::string Mensagens();     // message boxes shown: "Erro: texto | Aviso: texto"
+std::string Acoes();         // names of the actions run: "Tocar Parar"
 
 // The expected violation, by a part of its sentence, has happened; it no longer fails the test.
 void EsperarViolacao(const std::string& parte);

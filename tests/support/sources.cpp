@@ -6,68 +6,26 @@ using simhost::SourceRef;
 
 namespace {
 
-class MemorySource : public simhost::Source {
+class MadeSource : public simhost::Source {
   public:
-    MemorySource(int rate, int channels, std::vector<double> samples)
-        : Source(rate, channels, static_cast<int64_t>(samples.size()) / channels), samples_(std::move(samples)) {}
+    MadeSource(int rate, int channels, int64_t frames, ReadFrames read)
+        : Source(rate, channels, frames), read_(std::move(read)) {}
 
   protected:
-    bool ReadInside(int64_t first, int frames, double* out) override {
-        std::copy_n(samples_.data() + first * Channels(), static_cast<int64_t>(frames) * Channels(), out);
-        return true;
-    }
+    bool ReadInside(int64_t first, int frames, double* out) override { return read_(first, frames, out); }
 
   private:
-    std::vector<double> samples_;
+    ReadFrames read_;
 };
 
-// Runs of one amplitude, found by halving, then copied run by run.
-class BurstSource : public simhost::Source {
-  public:
-    BurstSource(int rate, int channels, int64_t frames, std::vector<Segment> segments)
-        : Source(rate, channels, frames), segments_(std::move(segments)) {
-        int64_t end = 0;
-        for (const Segment& s : segments_) ends_.push_back(end += s.frames);
-        halfPeriod_ = std::max(1, rate / 2000);
-    }
+bool Nothing(int64_t, int, double*) {
+    return false;
+}
 
-  protected:
-    bool ReadInside(int64_t first, int frames, double* out) override {
-        const int channels = Channels();
-        auto run = std::upper_bound(ends_.begin(), ends_.end(), first) - ends_.begin();
-        for (int64_t i = first; i < first + frames; ++i) {
-            while (i >= ends_[run]) ++run;
-            const Segment& s = segments_[run];
-            const double value = i / halfPeriod_ % 2 ? -s.amplitude : s.amplitude;
-            for (int c = 0; c < channels; ++c) *out++ = s.channel < 0 || s.channel == c ? value : 0.0;
-        }
-        return true;
-    }
-
-  private:
-    std::vector<Segment> segments_;
-    std::vector<int64_t> ends_;
-    int64_t halfPeriod_;
-};
-
-class MidiSource : public simhost::Source {
-  public:
-    explicit MidiSource(double quarterNotes) : Source(0, 0, 0), quarterNotes_(quarterNotes) {}
+struct MidiSource : MadeSource {
+    explicit MidiSource(double quarterNotes) : MadeSource(0, 0, 0, Nothing), quarterNotes_(quarterNotes) {}
     double Length() const override { return quarterNotes_; }
-
-  protected:
-    bool ReadInside(int64_t, int, double*) override { return false; }
-
-  private:
     double quarterNotes_;
-};
-
-class UnreadableSource : public simhost::Source {
-  public:
-    using simhost::Source::Source;
-
-  protected:
-    bool ReadInside(int64_t, int, double*) override { return false; }
 };
 
 uint64_t Scramble(uint64_t x) {
@@ -77,44 +35,50 @@ uint64_t Scramble(uint64_t x) {
     return x ^ x >> 31;
 }
 
-class NoiseSource : public simhost::Source {
-  public:
-    NoiseSource(int rate, int channels, int64_t frames, uint64_t seed, double amplitude)
-        : Source(rate, channels, frames), start_(Scramble(seed)), amplitude_(amplitude) {}
-
-  protected:
-    bool ReadInside(int64_t first, int frames, double* out) override {
-        const uint64_t begin = start_ + static_cast<uint64_t>(first) * Channels();
-        for (uint64_t i = 0; i < static_cast<uint64_t>(frames) * Channels(); ++i) {
-            const uint64_t bits = Scramble(begin + i) >> 11;  // 53 bits over -1..1
-            out[i] = amplitude_ * (static_cast<double>(bits) / 4503599627370496.0 - 1.0);
-        }
-        return true;
-    }
-
-  private:
-    uint64_t start_;
-    double amplitude_;
-};
-
 }  // namespace
+
+SourceRef Made(int rate, int channels, int64_t frames, ReadFrames read) {
+    return std::make_shared<MadeSource>(rate, channels, frames, std::move(read));
+}
 
 SourceRef Silence(int rate, int channels, int64_t frames) {
     return Bursts(rate, channels, {{frames, 0.0}});
 }
 
+// Runs of one amplitude, found by halving, then copied run by run.
 SourceRef Bursts(int rate, int channels, const std::vector<Segment>& segments) {
-    int64_t frames = 0;
-    for (const Segment& s : segments) frames += s.frames;
-    return std::make_shared<BurstSource>(rate, channels, frames, segments);
+    std::vector<int64_t> ends;
+    for (const Segment& s : segments) ends.push_back(s.frames + (ends.empty() ? 0 : ends.back()));
+    const int halfPeriod = std::max(1, rate / 2000);
+    return Made(rate, channels, ends.empty() ? 0 : ends.back(), [=](int64_t first, int frames, double* out) {
+        auto run = std::upper_bound(ends.begin(), ends.end(), first) - ends.begin();
+        for (int64_t i = first; i < first + frames; ++i) {
+            while (i >= ends[run]) ++run;
+            const Segment& s = segments[run];
+            const double value = i / halfPeriod % 2 ? -s.amplitude : s.amplitude;
+            for (int c = 0; c < channels; ++c) *out++ = s.channel < 0 || s.channel == c ? value : 0.0;
+        }
+        return true;
+    });
 }
 
 SourceRef Noise(int rate, int channels, int64_t frames, uint64_t seed, double amplitude) {
-    return std::make_shared<NoiseSource>(rate, channels, frames, seed, amplitude);
+    return Made(rate, channels, frames, [=, start = Scramble(seed)](int64_t first, int count, double* out) {
+        const uint64_t begin = start + static_cast<uint64_t>(first) * channels;
+        for (uint64_t i = 0; i < static_cast<uint64_t>(count) * channels; ++i) {
+            const uint64_t bits = Scramble(begin + i) >> 11;  // 53 bits over -1..1
+            out[i] = amplitude * (static_cast<double>(bits) / 4503599627370496.0 - 1.0);
+        }
+        return true;
+    });
 }
 
 SourceRef Memory(int rate, int channels, std::vector<double> interleaved) {
-    return std::make_shared<MemorySource>(rate, channels, std::move(interleaved));
+    const int64_t frames = static_cast<int64_t>(interleaved.size()) / channels;
+    return Made(rate, channels, frames, [=, samples = std::move(interleaved)](int64_t first, int count, double* out) {
+        std::copy_n(samples.data() + first * channels, static_cast<int64_t>(count) * channels, out);
+        return true;
+    });
 }
 
 SourceRef Midi(double quarterNotes) {
@@ -122,5 +86,5 @@ SourceRef Midi(double quarterNotes) {
 }
 
 SourceRef Unreadable(int rate, int channels, int64_t frames) {
-    return std::make_shared<UnreadableSource>(rate, channels, frames);
+    return Made(rate, channels, frames, Nothing);
 }

@@ -43,23 +43,22 @@ static void LerFaixa(const std::string& texto) {
 
 void Projeto(const std::string& retrato) {
     ProjetoVazio();
-    std::string resto =
-        Extrair(retrato, R"(\{(cursor|time|play) (-?[\d.]+)(-([\d.]+))?\})", [](const std::vector<std::string>& m) {
-            if (m[1] == "cursor")
-                Cursor(std::stod(m[2]));
-            else if (m[1] == "play")
-                Host::Current().transport.state = std::stoi(m[2]);
-            else
-                SelecaoDeTempo(std::stod(m[2]), std::stod(m[4]));
+    simhost::Project& projeto = Host::Current().project;
+    std::string resto = Extrair(retrato, R"(\{(cursor|time|play) (-?[\d.]+)(-([\d.]+))?\})",
+                                [&projeto](const std::vector<std::string>& m) {
+                                    if (m[1] == "cursor")
+                                        projeto.cursor = std::stod(m[2]);
+                                    else if (m[1] == "play")
+                                        Host::Current().transport.state = std::stoi(m[2]);
+                                    else
+                                        projeto.timeSelection = {std::stod(m[2]), std::stod(m[4])};
+                                });
+    resto =
+        Extrair(resto, R"(\[([RM])\d+ (\S* )?([\d.]+)(-([\d.]+))?\])", [&projeto](const std::vector<std::string>& m) {
+            const bool regiao = m[1] == "R";
+            const double inicio = std::stod(m[3]), fim = regiao ? std::stod(m[5]) : inicio;
+            AddMarker(projeto, {regiao, inicio, fim, m[2].substr(0, m[2].find(' '))}, -1);
         });
-    resto = Extrair(resto, R"(\[([RM])\d+ (\S* )?([\d.]+)(-([\d.]+))?\])", [](const std::vector<std::string>& m) {
-        std::string nome = m[2];
-        if (!nome.empty()) nome.pop_back();
-        if (m[1] == "R")
-            Regiao(nome, std::stod(m[3]), std::stod(m[5]));
-        else
-            Marcador(nome, std::stod(m[3]));
-    });
     if (resto.find(':') != std::string::npos)
         for (const std::string& faixa : Partes(resto, " / ")) LerFaixa(faixa);
     Host::Current().undo.Start();
