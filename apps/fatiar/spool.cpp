@@ -1,5 +1,6 @@
 #include "apps/fatiar/spool.h"
 
+#include <poll.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -23,11 +24,18 @@ std::string Spool::Path() const {
     return "/proc/self/fd/" + std::to_string(descriptor_);
 }
 
-// From one descriptor to the other until its end. A signal wakes a read that waits.
+// Waits for bytes, or for a signal: one that comes just before a read would not wake it.
+static ssize_t Read(int from, char* block, size_t size) {
+    constexpr int Milliseconds = 50;
+    for (pollfd input{from, POLLIN, 0}; poll(&input, 1, Milliseconds) <= 0;) ThrowWhenInterrupted();
+    return read(from, block, size);
+}
+
+// From one descriptor to the other until its end.
 static bool Copy(int from, int to) {
     static char block[1 << 16];
     ssize_t got;
-    while ((got = read(from, block, sizeof block)) > 0)
+    while ((got = Read(from, block, sizeof block)) > 0)
         for (ssize_t put, done = 0; done < got; done += put) {
             ThrowWhenInterrupted();
             if ((put = write(to, block + done, static_cast<size_t>(got - done))) < 0) return false;
