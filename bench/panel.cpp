@@ -9,10 +9,12 @@
 #include <vector>
 
 #include "bench/cairo_page.h"
+#include "bench/floor_scene.h"
 #include "bench/ratios.h"
 #include "module/entry.h"
 #include "panel/observer.h"
 #include "panel/state.h"
+#include "platform/headless/desktop.h"
 #include "platform/win32.h"
 #include "simhost/host.h"
 
@@ -175,8 +177,20 @@ void PassCairo(benchmark::State& state) {
     }
 }
 
+void PassFloor(benchmark::State& state) {
+    std::vector<FloorScene::Box> faces;
+    for (const Box& box : Scene()) faces.push_back({box.x, box.y, box.w, box.h});
+    OpenPanel panel;
+    OpenPanel::Paint();
+    const desktop::Picture picture = desktop::PictureOf(JanelaPainel);
+    FloorScene floor(picture.pixels, picture.width, picture.height, CorFundo, faces);
+    if (!floor.Exact()) return state.SkipWithError("other pixels");
+    for (auto _ : state) benchmark::DoNotOptimize(floor.Draw().data());
+}
+
 BENCHMARK(PassOurs)->Unit(benchmark::kMillisecond);
 BENCHMARK(HoverOurs)->Unit(benchmark::kMillisecond);
+BENCHMARK(PassFloor)->Unit(benchmark::kMillisecond);
 BENCHMARK(PassCairo)->Unit(benchmark::kMillisecond);
 
 }  // namespace
@@ -184,5 +198,6 @@ BENCHMARK(PassCairo)->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv) {
     return RunWithRatios(argc, argv,
                          {{"a pass of the main page: times as fast as Cairo", "PassCairo", "PassOurs", 13},
-                          {"a pass with the mouse on the move", "PassCairo", "HoverOurs", 13}});
+                          {"a pass with the mouse on the move", "PassCairo", "HoverOurs", 13},
+                          {"a pass / the same pixels by loops for this scene", "PassOurs", "PassFloor", 1, true}});
 }
