@@ -50,8 +50,8 @@ std::vector<std::string> AsEdl(const std::vector<ListedCut>& cuts, FrameRate rat
         }
         const std::string times = TimeCode(source, rate) + ' ' + TimeCode(source + length, rate) + ' ' +
                                   TimeCode(start, rate) + ' ' + TimeCode(start + length, rate);
-        texts.back() +=
-            Formatted("\n%03d  AX       %-5s C        ", ++event, kind) + times + "\n* FROM CLIP NAME: " + clip + '\n';
+        texts.back() += Formatted("\n%03d  AX       %-5s C        ", ++event, kind) += times;
+        texts.back().append("\n* FROM CLIP NAME: ").append(clip) += '\n';
     }
     return texts;
 }

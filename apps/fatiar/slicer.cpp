@@ -28,7 +28,7 @@ static Cut CutOf(const simhost::Track& track, const simhost::Source& source, boo
 Cut Slicer::ByModule(const simhost::SourceRef& source, const Options& options, bool close) {
     simhost::Track& track = PutOnTrack(source, "", host_);
     plugin_.autoSplit(close, options.blockMs, options.thresholdDb);
-    const Cut cut = CutOf(track, *source, close);
+    Cut cut = CutOf(track, *source, close);
     host_.project = {};
     host_.undo.Start();  // whose points hold the recording, too
     ExpectNoMisuse(host_);
