@@ -1,6 +1,6 @@
-// Rectangles of pixels moved between surfaces, beside pixman and memcpy, at the size of the panel's page and of one of
-// its icons, whose rows have a gap. The source-alpha blit takes alphas of every value, opaque pixels, and a shape that
-// is clear outside, opaque inside and soft at its edge.
+// Rectangles of pixels moved between surfaces, beside pixman and memcpy. They are as large as the panel's page and as
+// one of its icons, whose rows have a gap. The source-alpha blit takes alphas of every value, opaque pixels, and a
+// shape. The shape is clear outside, opaque inside and soft at its edge.
 #include <benchmark/benchmark.h>
 #include <pixman.h>
 

@@ -83,9 +83,8 @@ std::vector<double> Speech() {
     return samples;
 }
 
-// What the slots read: a minute from memory; or, as resident, ten minutes that repeat the first chunk, which the
-// accessor copies once and then leaves in the reader's buffer as it is, so that only the work on a cached chunk is
-// timed.
+// What the slots read: a minute from memory. A resident item is ten minutes that repeat its first chunk. The accessor
+// copies that once and leaves it in the reader's buffer, so that only the work on a cached chunk is timed.
 struct Item {
     const double* samples;
     bool resident;

@@ -6,7 +6,7 @@
 
 #include "lice/four_pixels.h"
 
-// Shares of the distance from source to old are taken without sign, where a shift rounds toward zero, and then get the
+// Shares of the distance from source to old are taken without sign, where a shift rounds toward zero. Then they get the
 // sign of the distance. keepOdd is 0 for alpha, so that the source's stays; the old one is added, held at 255.
 inline FourPixels OverFour(FourPixels old, FourPixels source, EightWords keepEven, EightWords keepOdd) {
     const __m128i d = (__m128i)old, s = (__m128i)source;

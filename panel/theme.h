@@ -14,8 +14,8 @@ LICE_CachedFont* FontePainel(int altura);
 int LarguraTexto(const char* texto, int altura);
 // The font size for a widget of that width.
 int TamanhoDaFonte(int largura);
-// The largest size from `tamanho` down to 9 at which the text and `extra` pixels fit between the widget's side margins,
-// and the text's width at it. A text too long at 9 overflows.
+// The largest size, from `tamanho` down to 9, at which the text and `extra` pixels fit between the side margins; and
+// the text's width at that size. A text too long at 9 overflows.
 struct TextoAjustado {
     int tamanho, largura;
 };

@@ -1,6 +1,6 @@
 // simhost/box.h
-// A value that lives at an address of its own: copied in depth like a plain value, while pointers to it stay good when
-// the list that holds it grows or its box is moved. Never empty but after being moved from.
+// A value that lives at an address of its own. It is copied in depth, like a plain value. Pointers to it stay good when
+// the list that holds it grows or its box is moved. It is empty only after being moved from.
 #pragma once
 #include <memory>
 #include <utility>

@@ -1,7 +1,7 @@
 // simhost/handles.h
-// The pointers that the host hands out. They are numbers that no memory has, so that nothing can be read through them,
-// and none is given twice in the life of the process. A thing gets its handle when it is first asked for, and the
-// handle dies with the thing: a copy, as undo makes them, is another thing and has none yet.
+// The pointers that the host hands out. They are numbers that no memory has, so that nothing can be read through them.
+// None is given twice in the life of the process. A thing gets its handle when it is first asked for. The handle dies
+// with the thing: a copy, as undo makes them, is another thing and has none yet.
 #pragma once
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 // simhost/host.h
 // The stand-in host. It answers the 76 functions over an in-memory project, strictly: every misuse of a handle, an undo
-// block or an accessor is a violation, and the first one is kept as a sentence. The functions are plain C pointers, so
-// only one Host lives at a time, and all of it belongs to the thread that made it.
+// block or an accessor is a violation. The first one is kept as a sentence. The functions are plain C pointers, so only
+// one Host lives at a time; it belongs to the thread that made it.
 //
 //     simhost::Host host;
 //     simhost::Track& voice = AddTrack(host.project, "Voz");

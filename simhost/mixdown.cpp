@@ -154,8 +154,7 @@ void Mix::Compose(int64_t block, int from, int to, double* out) {
     }
 }
 
-// Kept, because pieces that were crossfaded in one place again and again, and glued each time, ask for the same frames
-// twice at each depth.
+// Sums are kept. Where pieces were crossfaded and glued again and again, each depth asks for the same frames twice.
 void Mix::KeepSum(const std::vector<Part>& parts, int64_t block, int from, int to) {
     const int64_t first = block * BlockFrames + from;
     const size_t samples = static_cast<size_t>(to - from) * Channels();

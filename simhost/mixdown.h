@@ -1,6 +1,6 @@
 // simhost/mixdown.h
-// Items as one stream of sound. Every item starts on the frame nearest to its position, so that one that plays at its
-// source's own rate is heard sample for sample, never between two of them.
+// Items as one stream of sound. Every item starts on the frame nearest to its position. At its source's own rate it is
+// therefore heard sample for sample, never between two of them.
 #pragma once
 #include <cmath>
 #include <functional>
@@ -36,8 +36,8 @@ class Mix : public Source {
         double End() const { return position + fades.length; }
     };
     struct Part;
-    // Frames that are a source's own from `first` on. It is never a mix where that mix has a run itself, so that mixes
-    // of mixes are read at the cost of one.
+    // Frames that are a source's own from `first` on. That source is no mix with a run of its own there: mixes of mixes
+    // are read at the cost of one.
     struct Run {
         int64_t begin, end;
         Source* source;

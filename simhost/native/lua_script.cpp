@@ -8,8 +8,8 @@
 
 namespace simhost {
 
-// The calls as scripts see them: a project argument comes first where the C function has one, numbers and texts are
-// returned instead of written through pointers, and items are opaque pointers.
+// The calls as scripts see them. A project argument comes first where the C function has one. Numbers and texts are
+// returned instead of written through pointers; items are opaque pointers.
 static int CountProjectMarkers(lua_State* l) {
     int markers = 0, regions = 0;
     lua_pushinteger(l, api::CountProjectMarkers(nullptr, &markers, &regions));

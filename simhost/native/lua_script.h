@@ -1,5 +1,5 @@
 // simhost/native/lua_script.h
-// Runs the scripts that callers add, in a real Lua 5.4, with the host calls that they are known to use and those that
+// Runs the scripts that callers add, in a real Lua 5.4. They find the host calls that they are known to use, and what
 // extensions registered. What goes wrong in a script is a violation.
 #pragma once
 #include "simhost/host.h"

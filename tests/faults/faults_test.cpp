@@ -1,5 +1,5 @@
-// A host that begins to fail in the middle of a command, one function at a time, or that answers with absurd numbers:
-// every command still comes to its end, closes what it opened, and passes on no handle that it was not given.
+// A host that begins to fail in the middle of a command, one function at a time, or answers with absurd numbers. Every
+// command still comes to its end, closes what it opened, and passes on no handle that it was not given.
 #include <random>
 
 #include "commands/commands.h"

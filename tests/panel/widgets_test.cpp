@@ -44,6 +44,8 @@ TEST(Widgets, RotuloEncolheAteNoveEAiTransborda) {
     EXPECT_EQ(AjustarTexto(texto, 12, 0, 10).tamanho, 9);
     const struct { int largura, tamanho; } tamanhos[] = {{201, 16}, {200, 15}, {100, 15}, {99, 14}, {50, 14}, {49, 12}};
     for (const auto& caso : tamanhos) EXPECT_EQ(TamanhoDaFonte(caso.largura), caso.tamanho);
+    EXPECT_EQ(FontePainel(0), FontePainel(1));
+    EXPECT_EQ(FontePainel(64), FontePainel(63));
 }
 
 // The ink of a label, whatever the face: in the middle, and in the size of the font.
