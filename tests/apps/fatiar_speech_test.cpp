@@ -86,22 +86,20 @@ TEST_F(Fatiar, ResultadosDuvidososSaoDitosEmUmaLinha) {
     }
 }
 
+static const std::pair<std::string, int> Codings[] = {
+    {".wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16},  {".flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_16},
+    {".aiff", SF_FORMAT_AIFF | SF_FORMAT_FLOAT}, {".ogg", SF_FORMAT_OGG | SF_FORMAT_VORBIS},
+    {".opus", SF_FORMAT_OGG | SF_FORMAT_OPUS},   {".mp3", SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III},
+    {".w64", SF_FORMAT_W64 | SF_FORMAT_PCM_24},  {".caf", SF_FORMAT_CAF | SF_FORMAT_ALAC_16},
+    {".au", SF_FORMAT_AU | SF_FORMAT_ULAW}};
+
 // Whatever is in a file, the program says one line about it or slices it. BROKEN_SEEDS asks for more than a few.
 TEST_F(Fatiar, ArquivosQuebradosNuncaDerrubamOPrograma) {
     const char* const wanted = std::getenv("BROKEN_SEEDS");
-    const int seeds = wanted ? std::atoi(wanted) : 5, flac = SF_FORMAT_FLAC | SF_FORMAT_PCM_16;
-    const std::pair<std::string, int> formats[] = {{".wav", Wav16},
-                                                   {".flac", flac},
-                                                   {".aiff", SF_FORMAT_AIFF | SF_FORMAT_FLOAT},
-                                                   {".ogg", SF_FORMAT_OGG | SF_FORMAT_VORBIS},
-                                                   {".opus", SF_FORMAT_OGG | SF_FORMAT_OPUS},
-                                                   {".mp3", SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III},
-                                                   {".w64", SF_FORMAT_W64 | SF_FORMAT_PCM_24},
-                                                   {".caf", SF_FORMAT_CAF | SF_FORMAT_ALAC_16},
-                                                   {".au", SF_FORMAT_AU | SF_FORMAT_ULAW}};
+    const int seeds = wanted ? std::atoi(wanted) : 5;
     workshop.Run("mkdir mal");
     std::mt19937 random(20);
-    for (const auto& [ending, format] : formats) {
+    for (const auto& [ending, format] : Codings) {
         workshop.Write("inteiro", format, 48000, 1, Recording(48000, 0.8, {{0.1, 0.2}, {0.5, 0.2}}, 1));
         for (int seed = 0; seed < seeds; ++seed) {
             std::string bytes = workshop.Text("inteiro");

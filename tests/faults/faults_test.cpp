@@ -14,8 +14,6 @@
 #include "slicer/preview.h"
 #include "tests/support/story.h"
 
-namespace {
-
 struct Comando {
     const char* nome;
     void (*rodar)();
@@ -161,5 +159,3 @@ TEST_F(Falhas, RespostasAbsurdas) {
             });
         }
 }
-
-}  // namespace

@@ -4,9 +4,7 @@
 #include "tests/lice/reference.h"
 #include "tests/lice/support.h"
 
-namespace {
-
-LICE_pixel BlitPixel(LICE_pixel old, LICE_pixel source, float alpha, int mode) {
+static LICE_pixel BlitPixel(LICE_pixel old, LICE_pixel source, float alpha, int mode) {
     const int modeByte = mode & 0xFF, from = (mode & 3) * 8, to = (mode >> 2 & 3) * 8;
     if (modeByte >= 0xF0) return (old & ~(255u << to)) | (source >> from & 255) << to;
     const bool plain = modeByte == 0 && !(mode & LICE_BLIT_USE_ALPHA);
@@ -19,7 +17,8 @@ LICE_pixel BlitPixel(LICE_pixel old, LICE_pixel source, float alpha, int mode) {
 }
 
 // Every pixel asks for itself whether both surfaces have it. Rows of an opaque copy are read before they are written.
-void SlowBlit(TestSurface& dest, TestSurface& src, int dstx, int dsty, const RECT* source, float alpha, int mode) {
+static void SlowBlit(TestSurface& dest, TestSurface& src, int dstx, int dsty, const RECT* source, float alpha,
+                     int mode) {
     if (alpha == 0.0f) return;
     RECT r = {0, 0, src.BackingWidth(), src.BackingHeight()};
     if (source) {
@@ -45,13 +44,11 @@ void SlowBlit(TestSurface& dest, TestSurface& src, int dstx, int dsty, const REC
     }
 }
 
-int AnyMode(Random& random) {
+static int AnyMode(Random& random) {
     int mode = random.Of({0, 0, 0, 1, 2, 3, 4, 5, 6, 0xEF, random.In(0xF0, 0xFF)});
     if (random.Chance(2)) mode |= LICE_BLIT_USE_ALPHA;
     return mode | random.Of({0, 0, 0x100, 0x7E00, 0x40000000});
 }
-
-}  // namespace
 
 // Draw scales differ only where the mode counts backing pixels.
 TEST(Blit, AgreesWithAPixelByPixelReference) {
@@ -71,11 +68,10 @@ TEST(Blit, AgreesWithAPixelByPixelReference) {
         const RECT r = {random.In(-6, 20), random.In(-6, 20), random.In(-2, 45), random.In(-2, 45)};
         const RECT* source = random.Chance(4) ? nullptr : &r;
         SlowBlit(expected, src, dstx, dsty, source, alpha, mode);
-        if (source && random.Chance(2)) {
+        if (source && random.Chance(2))
             LICE_BlitRect(&dest, &src, dstx, dsty, r.left, r.top, r.right - r.left, r.bottom - r.top, alpha, mode);
-        } else {
+        else
             LICE_Blit(&dest, &src, dstx, dsty, source, alpha, mode);
-        }
         ASSERT_TRUE(dest.memory == expected.memory) << "mode " << mode << " alpha " << alpha << " scale " << scale;
     }
 }

@@ -2,22 +2,20 @@
 
 #include "tests/lice/support.h"
 
-namespace {
-
 // Half of each channel for 1, a quarter for 2, an eighth for 3.
-LICE_pixel Share(LICE_pixel p, int shift) {
+static LICE_pixel Share(LICE_pixel p, int shift) {
     LICE_pixel share = 0;
     for (int byte = 0; byte < 32; byte += 8) share |= (p >> byte & 255) >> shift << byte;
     return share;
 }
 
 // Coordinates count pixels as the sizes read, whatever the scale.
-LICE_pixel& At(TestSurface& surface, int x, int y) {
+static LICE_pixel& At(TestSurface& surface, int x, int y) {
     return surface.getBits()[(surface.isFlipped() ? surface.getHeight() - 1 - y : y) * surface.getRowSpan() + x];
 }
 
 // A row and the one above count as they were before. The last row's neighbour counts as it is found.
-void SlowBlur(TestSurface& dest, TestSurface& src, int dstx, int dsty, int srcx, int srcy, int srcw, int srch) {
+static void SlowBlur(TestSurface& dest, TestSurface& src, int dstx, int dsty, int srcx, int srcy, int srcw, int srch) {
     for (const TestSurface* surface : {&dest, &src})
         if (surface->Scale() > 0 && surface->Scale() < 256) return;
     int left = std::max(srcx, 0), top = std::max(srcy, 0);
@@ -33,23 +31,16 @@ void SlowBlur(TestSurface& dest, TestSurface& src, int dstx, int dsty, int srcx,
         for (int x = 0; x < w; ++x) own[x] = At(src, left + x, top + y);
         for (int x = 0; x < w; ++x) {
             const auto now = [&](int row) { return At(src, left + x, top + row); };
-            LICE_pixel sum = Share(own[x], 1);
-            if (x == 0 || x == w - 1) {
-                sum += Share(own[x == 0 ? 1 : x - 1], 2);
-            } else {
-                sum += Share(own[x + 1], 3) + Share(own[x - 1], 3);
-            }
-            if (y == 0 || y == h - 1) {
-                sum += Share(now(y == 0 ? 1 : y - 1), 2);
-            } else {
-                sum += Share(above[x], 3) + Share(now(y + 1), 3);
-            }
-            At(dest, dstx + x, dsty + y) = sum;
+            const LICE_pixel beside = x == 0       ? Share(own[1], 2)
+                                      : x == w - 1 ? Share(own[x - 1], 2)
+                                                   : Share(own[x + 1], 3) + Share(own[x - 1], 3);
+            const LICE_pixel across = y == 0       ? Share(now(1), 2)
+                                      : y == h - 1 ? Share(now(y - 1), 2)
+                                                   : Share(above[x], 3) + Share(now(y + 1), 3);
+            At(dest, dstx + x, dsty + y) = Share(own[x], 1) + beside + across;
         }
     }
 }
-
-}  // namespace
 
 // Some are too wide for the lines kept on the stack.
 TEST(Blur, AgreesWithAPixelByPixelReferenceInPlaceAndApart) {

@@ -5,8 +5,6 @@
 #include "lice/glyph.h"
 #include "tests/lice/brush.h"
 
-namespace {
-
 struct Round {
     float cx, cy, r;
     static Round Any(Random& random, int size) {
@@ -124,7 +122,7 @@ class SlowRaster {
     bool fill_ = false;
 };
 
-void DrawSlowly(TestSurface& surface, const Brush& brush, Round c, bool aa, bool fill) {
+static void DrawSlowly(TestSurface& surface, const Brush& brush, Round c, bool aa, bool fill) {
     if (brush.Scales(surface)) c = c.Scaled(surface.Scale());
     if (const CircleMask mask = SmallCircleMask(c.r, fill, aa); mask.coverage) {
         LICE_DrawGlyph(&surface, static_cast<int>(c.cx - c.r), static_cast<int>(c.cy - c.r), brush.color, mask.coverage,
@@ -147,7 +145,7 @@ TEST(Circle, RingsAndDiscsAreThoseOfTheWalkedRaster) {
 }
 
 // The whole circle is drawn in a box for each quadrant, around the arc's two ends there.
-void DrawArcSlowly(TestSurface& surface, const Brush& brush, Round c, float low, float high, bool aa) {
+static void DrawArcSlowly(TestSurface& surface, const Brush& brush, Round c, float low, float high, bool aa) {
     constexpr float turn = 6.2831855f;
     const Round asked = c;
     if (surface.isFlipped()) {
@@ -218,5 +216,3 @@ TEST(CircleMasks, AreThoseThatWereDrawn) {
     EXPECT_EQ(SmallCircleMask(4.5f, true, true).coverage, nullptr);
     EXPECT_EQ(SmallCircleMask(std::nextafter(2.0f, 3.0f), true, true).coverage, nullptr);
 }
-
-}  // namespace

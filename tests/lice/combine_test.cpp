@@ -4,11 +4,9 @@
 #include "tests/lice/reference.h"
 #include "tests/lice/support.h"
 
-namespace {
-
 template <class Combine>
-void Compare(Random& random, int count, const char* name, int lowest, int highest,
-             LICE_pixel (*expected)(LICE_pixel, LICE_pixel, int)) {
+static void Compare(Random& random, int count, const char* name, int lowest, int highest,
+                    LICE_pixel (*expected)(LICE_pixel, LICE_pixel, int)) {
     const Combine combine;
     for (int i = 0; i < count; ++i) {
         const int ia = random.In(lowest, highest);
@@ -18,24 +16,21 @@ void Compare(Random& random, int count, const char* name, int lowest, int highes
             source[k] = random.Pixel();
         }
         CombineRun(combine, drawn, 5, PixelRow{source}, ia);
-        for (int k = 0; k < 5; ++k) {
+        for (int k = 0; k < 5; ++k)
             ASSERT_EQ(drawn[k], expected(old[k], source[k], ia))
                 << name << " of " << std::hex << old[k] << " and " << source[k] << " at " << std::dec << ia;
-        }
     }
 }
 
 template <int modeByte>
-LICE_pixel General(LICE_pixel old, LICE_pixel source, int ia) {
+static LICE_pixel General(LICE_pixel old, LICE_pixel source, int ia) {
     return reference::Combine(old, source, ia, modeByte);
 }
 
 template <int modeByte>
-LICE_pixel Alpha(LICE_pixel old, LICE_pixel source, int ia) {
+static LICE_pixel Alpha(LICE_pixel old, LICE_pixel source, int ia) {
     return reference::CombineAlpha(old, source, ia, modeByte);
 }
-
-}  // namespace
 
 TEST(Combine, EveryFunctionAgreesWithItsFormula) {
     Random random;
@@ -59,8 +54,8 @@ TEST(Combine, EveryFunctionAgreesWithItsFormula) {
 
 // The high word must be the quotient for every old byte, source byte and opacity.
 TEST(Combine, CopyIsExactForEveryPairOfBytesAtEveryOpacity) {
-    for (int ia = 1; ia <= 256; ++ia) {
-        for (int s = 0; s < 256; ++s) {
+    for (int ia = 1; ia <= 256; ++ia)
+        for (int s = 0; s < 256; ++s)
             for (int d = 0; d < 256; d += 16) {
                 SixteenBytes old;
                 for (int i = 0; i < 16; ++i) old[i] = static_cast<uint8_t>(d + i);
@@ -69,8 +64,6 @@ TEST(Combine, CopyIsExactForEveryPairOfBytesAtEveryOpacity) {
                 for (int i = 0; i < 16; ++i)
                     ASSERT_EQ(uniform[i], s + (d + i - s) * (256 - ia) / 256) << d + i << ' ' << s << ' ' << ia;
             }
-        }
-    }
 }
 
 TEST(Combine, OpacityTruncatesAndIsHeldInInt) {

@@ -146,6 +146,17 @@ TEST(Font, RendersNoSpaceForALineFeedThatIsSkipped) {
     }
 }
 
+const struct {
+    UINT format;
+    std::wstring text;
+} TallRows[] = {{0, L"\xE3n"},  // n has no ink right of its room
+                {DT_RIGHT, L"\xE3n"},
+                {DT_CENTER | DT_BOTTOM, L"\xE3n"},
+                {DT_NOCLIP, L"jn"},  // ink left of the pen
+                {DT_END_ELLIPSIS, L"nnnnn"},
+                {DT_END_ELLIPSIS, L"nnnn\xE3"},
+                {DT_END_ELLIPSIS | DT_MODIFYSTRING, L"nnnnn"}};
+
 // GDI draws text too tall to be cached, straight into a surface with a context, and through a scratch otherwise.
 // It gets every bit of the format but the one that lets it write into the text. Only Windows heeds the ellipsis.
 TEST(Font, TallTextIsTheSystemsOwn) {
@@ -156,17 +167,7 @@ TEST(Font, TallTextIsTheSystemsOwn) {
     font.SetTextColor(0xFF4080C0);
     LICE_SysBitmap direct(420, 330), plain(420, 330);
     LICE_MemBitmap without(420, 330);
-    const struct {
-        UINT format;
-        std::wstring text;
-    } rows[] = {{0, L"\xE3n"},  // n has no ink right of its room
-                {DT_RIGHT, L"\xE3n"},
-                {DT_CENTER | DT_BOTTOM, L"\xE3n"},
-                {DT_NOCLIP, L"jn"},  // ink left of the pen
-                {DT_END_ELLIPSIS, L"nnnnn"},
-                {DT_END_ELLIPSIS, L"nnnn\xE3"},
-                {DT_END_ELLIPSIS | DT_MODIFYSTRING, L"nnnnn"}};
-    for (const auto& row : rows) {
+    for (const auto& row : TallRows) {
         const UINT format = row.format | DT_SINGLELINE;
         std::string text;
         for (const wchar_t c : row.text) text += c < 128 ? std::string(1, static_cast<char>(c)) : "\xC3\xA3";
@@ -209,25 +210,23 @@ TEST(HeapBuffer, GrowsByHalvesInPagesAndShrinksWhenAskedTo) {
         int size;
         bool mayShrink;
         int used, allocated;
-    } steps[] = {
-        {65536, 1, true, 1, 65440},
-        {0, 65440, true, 65440, 65440},
-        {0, 65441, true, 65441, 130976},
-        {0, 1000, true, 1000, 130976},
-        {0, 300000, true, 300000, 446368},
-        {0, 184224, true, 184224, 446368},  // four granules may stay idle
-        {0, 184223, true, 184223, 270240},
-        {0, 0, true, 0, 0},
-        {4096, 100000, false, 100000, 147360},
-        {0, 1000, false, 1000, 147360},
-        {0, 1000, true, 1000, 147360},
-        {0, 999, true, 999, 4000},
-        {0, -5, false, 0, 4000},
-        {4096, 20000000, false, 20000000, 24190880},  // never more than four megabytes to spare
-        {256, 10, true, 10, 266},
-        {0, 300, true, 300, 556},
-        {0, TooLarge, true, 300, 556},
-    };
+    } steps[] = {{65536, 1, true, 1, 65440},
+                 {0, 65440, true, 65440, 65440},
+                 {0, 65441, true, 65441, 130976},
+                 {0, 1000, true, 1000, 130976},
+                 {0, 300000, true, 300000, 446368},
+                 {0, 184224, true, 184224, 446368},  // four granules may stay idle
+                 {0, 184223, true, 184223, 270240},
+                 {0, 0, true, 0, 0},
+                 {4096, 100000, false, 100000, 147360},
+                 {0, 1000, false, 1000, 147360},
+                 {0, 1000, true, 1000, 147360},
+                 {0, 999, true, 999, 4000},
+                 {0, -5, false, 0, 4000},
+                 {4096, 20000000, false, 20000000, 24190880},  // never more than four megabytes to spare
+                 {256, 10, true, 10, 266},
+                 {0, 300, true, 300, 556},
+                 {0, TooLarge, true, 300, 556}};
     std::optional<HeapBuffer> buffer;
     for (const auto& [granularity, size, mayShrink, used, allocated] : steps) {
         if (granularity) buffer.emplace(granularity);

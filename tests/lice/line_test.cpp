@@ -3,11 +3,9 @@
 
 #include "tests/lice/brush.h"
 
-namespace {
-
 // Moves the ends of a line onto the surface. `out` is the first place beyond, `moved` where a point beyond goes.
 template <class Number>
-bool Clip(Number& x1, Number& y1, Number& x2, Number& y2, const Number (&out)[2], const Number (&moved)[2]) {
+static bool Clip(Number& x1, Number& y1, Number& x2, Number& y2, const Number (&out)[2], const Number (&moved)[2]) {
     using Real = std::conditional_t<std::is_integral_v<Number>, double, float>;
     const auto code = [&](Number x, Number y) { return (x < 0) + 2 * (x >= out[0]) + 4 * (y < 0) + 8 * (y >= out[1]); };
     for (int pass = 0; pass < 33; ++pass) {
@@ -28,15 +26,37 @@ bool Clip(Number& x1, Number& y1, Number& x2, Number& y2, const Number (&out)[2]
 }
 
 // The line between two neighbours has come `moved` of the way to the second, in 1/65536.
-void BlendPair(TestSurface& surface, const Brush& brush, bool tall, int64_t major, int64_t minor, int64_t side,
-               int64_t moved) {
+static void BlendPair(TestSurface& surface, const Brush& brush, bool tall, int64_t major, int64_t minor, int64_t side,
+                      int64_t moved) {
     const int h = static_cast<int>(moved) >> 8, ia = brush.Ia();
     for (const auto& [at, part] : {std::pair(minor, 255 - h), std::pair(minor + side, h)})
         brush.Blend(surface, tall ? at : major, tall ? major : at, ia == 256 ? part : ia * part >> 8,
                     CopyForms::General);
 }
 
-void DrawSlowly(TestSurface& surface, const Brush& brush, const int (&ends)[4], bool aa) {
+// Level, upright or diagonal: every pixel is met.
+static void StraightSlowly(TestSurface& surface, const Brush& brush, const int64_t (&ends)[4], bool aa) {
+    const auto& [x1, y1, x2, y2] = ends;
+    const int64_t across = std::abs(x2 - x1), down = std::abs(y2 - y1);
+    const int ia = brush.Ia();
+    const int64_t n = std::max(across, down), xStep = (x2 > x1) - (x2 < x1), yStep = (y2 > y1) - (y2 < y1);
+    const bool soft = aa && across == down && n > 0, level = across != down || n == 0;
+    const bool whole = soft && brush.mode % 256 == 0 && brush.alpha == 1.0f;
+    const Brush core{brush.color, whole ? 0.75f : brush.alpha, brush.mode};
+    const Brush fringe{brush.color, whole ? 0.25f : brush.alpha, brush.mode};
+    const CopyForms forms = whole || (level && std::fmod(brush.alpha, 0.25f) == 0) ? CopyForms::Fast
+                            : soft                                                 ? CopyForms::General
+                                                                                   : CopyForms::SolidHalf;
+    for (int64_t i = 0; i <= n; ++i) {
+        const int64_t x = x1 + i * xStep, y = y1 + i * yStep;
+        core.Blend(surface, x, y, soft ? ia * 3 / 4 : ia, forms);
+        if (!soft || i == n) continue;
+        fringe.Blend(surface, x + xStep, y, ia / 4, forms);
+        fringe.Blend(surface, x, y + yStep, ia / 4, forms);
+    }
+}
+
+static void DrawSlowly(TestSurface& surface, const Brush& brush, const int (&ends)[4], bool aa) {
     int64_t p[4];
     for (int i = 0; i < 4; ++i) {
         p[i] = brush.Scaled(ends[i], surface);
@@ -47,25 +67,7 @@ void DrawSlowly(TestSurface& surface, const Brush& brush, const int (&ends)[4], 
     if (!Clip(x1, y1, x2, y2, {W, H}, {W - 1, H - 1})) return;
 
     const int64_t across = std::abs(x2 - x1), down = std::abs(y2 - y1);
-    const int ia = brush.Ia();
-    if (across == 0 || down == 0 || across == down) {
-        const int64_t n = std::max(across, down), xStep = (x2 > x1) - (x2 < x1), yStep = (y2 > y1) - (y2 < y1);
-        const bool soft = aa && across == down && n > 0, level = across != down || n == 0;
-        const bool whole = soft && brush.mode % 256 == 0 && brush.alpha == 1.0f;
-        const Brush core{brush.color, whole ? 0.75f : brush.alpha, brush.mode};
-        const Brush fringe{brush.color, whole ? 0.25f : brush.alpha, brush.mode};
-        const CopyForms forms = whole || (level && std::fmod(brush.alpha, 0.25f) == 0) ? CopyForms::Fast
-                                : soft                                                 ? CopyForms::General
-                                                                                       : CopyForms::SolidHalf;
-        for (int64_t i = 0; i <= n; ++i) {
-            const int64_t x = x1 + i * xStep, y = y1 + i * yStep;
-            core.Blend(surface, x, y, soft ? ia * 3 / 4 : ia, forms);
-            if (!soft || i == n) continue;
-            fringe.Blend(surface, x + xStep, y, ia / 4, forms);
-            fringe.Blend(surface, x, y + yStep, ia / 4, forms);
-        }
-        return;
-    }
+    if (across == 0 || down == 0 || across == down) return StraightSlowly(surface, brush, p, aa);
 
     const bool tall = across < down;
     if (tall) std::swap(x1, y1), std::swap(x2, y2);  // from here on x is the longer axis
@@ -79,17 +81,16 @@ void DrawSlowly(TestSurface& surface, const Brush& brush, const int (&ends)[4], 
         for (const int sign : {1, -1}) {
             const int64_t major = sign > 0 ? x1 + i : x2 - i, minor = sign > 0 ? y1 + moved : y2 - moved;
             if (sign < 0 && 2 * i == n) continue;
-            if (soft) {
+            if (soft)
                 BlendPair(surface, brush, tall, major, minor, sign * side, i * step & 0xFFFF);
-            } else {
-                brush.Blend(surface, tall ? minor : major, tall ? major : minor, ia,
+            else
+                brush.Blend(surface, tall ? minor : major, tall ? major : minor, brush.Ia(),
                             aa ? CopyForms::General : CopyForms::SolidHalf);
-            }
         }
     }
 }
 
-void DrawSlowly(TestSurface& surface, const Brush& brush, const float (&ends)[4]) {
+static void DrawSlowly(TestSurface& surface, const Brush& brush, const float (&ends)[4]) {
     float p[4];
     for (int i = 0; i < 4; ++i) {
         p[i] = i % 2 && surface.isFlipped() ? static_cast<float>(surface.getHeight() - 1) - ends[i] : ends[i];
@@ -117,7 +118,7 @@ void DrawSlowly(TestSurface& surface, const Brush& brush, const float (&ends)[4]
 
 // Ends near the surface or far off, with many diagonals and level lines.
 template <class Number>
-void AnyEnds(Random& random, Number (&p)[4]) {
+static void AnyEnds(Random& random, Number (&p)[4]) {
     const Number far = random.Of({Number{10}, Number{30}, Number{30}, Number{3000}});
     for (Number& v : p) v = random.In(-far, far + 15);
     const int kind = random.In(0, 7);
@@ -125,8 +126,6 @@ void AnyEnds(Random& random, Number (&p)[4]) {
     if (kind == 1) p[2] = p[0];
     if (kind == 2) p[3] = p[1] + (p[2] - p[0]) * random.Of({-1, 1});
 }
-
-}  // namespace
 
 TEST(Line, AgreesWithTheClosedFormOfItsPixels) {
     CompareRounds(25000, [](Random& random, const Brush& brush, TestSurface& drawn, TestSurface& expected) {

@@ -3,14 +3,12 @@
 
 #include "tests/lice/brush.h"
 
-namespace {
-
 struct Row {
     double left, right;
     int y;
 };
 
-void DrawSlowly(TestSurface& surface, const Brush& brush, Row top, Row bottom) {
+static void DrawSlowly(TestSurface& surface, const Brush& brush, Row top, Row bottom) {
     if (top.y > bottom.y) std::swap(top, bottom);
     for (Row* row : {&top, &bottom}) {
         if (row->left > row->right) std::swap(row->left, row->right);
@@ -65,7 +63,7 @@ struct Corner {
 };
 
 // One side of the hull, from the top: the next corner leans furthest out, the last of several on one line.
-std::vector<Corner> Chain(const std::vector<Corner>& sorted, Corner from, int direction) {
+static std::vector<Corner> Chain(const std::vector<Corner>& sorted, Corner from, int direction) {
     std::vector<Corner> chain = {from};
     for (;;) {
         const Corner a = chain.back();
@@ -81,18 +79,18 @@ std::vector<Corner> Chain(const std::vector<Corner>& sorted, Corner from, int di
     }
 }
 
-Corner Next(const std::vector<Corner>& chain, size_t at) {
+static Corner Next(const std::vector<Corner>& chain, size_t at) {
     return chain[std::min(at + 1, chain.size() - 1)];
 }
 
-double Across(const std::vector<Corner>& chain, size_t edge, int y) {
+static double Across(const std::vector<Corner>& chain, size_t edge, int y) {
     const Corner a = chain[edge], b = Next(chain, edge);
     if (y <= a.y) return a.x;
     if (y >= b.y) return b.x;
     return static_cast<double>(y - a.y) * (static_cast<double>(b.x - a.x) / static_cast<double>(b.y - a.y)) + a.x;
 }
 
-void DrawSlowly(TestSurface& surface, Brush brush, std::vector<Corner> corners) {
+static void DrawSlowly(TestSurface& surface, Brush brush, std::vector<Corner> corners) {
     const int W = surface.BackingWidth(), H = surface.BackingHeight();
     for (Corner& c : corners) {
         c = {static_cast<int>(brush.Scaled(c.y, surface)), static_cast<int>(brush.Scaled(c.x, surface))};
@@ -130,16 +128,13 @@ TEST(Polygon, IsFilledBetweenTheTwoSidesOfItsHull) {
         if (random.Chance(3)) y[1] = y[0];
         if (random.Chance(4)) x[1] = x[0];
         if (random.Chance(20)) y.assign(count, y[0]);
-        if (count == 3) {
+        if (count == 3)
             LICE_FillTriangle(&drawn, x[0], y[0], x[1], y[1], x[2], y[2], brush.color, brush.alpha, brush.mode);
-        } else {
+        else
             LICE_FillConvexPolygon(&drawn, x.data(), y.data(), count, brush.color, brush.alpha, brush.mode);
-        }
         std::vector<Corner> corners;
         for (int k = 0; k < count; ++k) corners.push_back({y[k], x[k]});
         DrawSlowly(expected, brush, corners);
         return Called(count, "points", testing::PrintToString(x), testing::PrintToString(y));
     });
 }
-
-}  // namespace

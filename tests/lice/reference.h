@@ -40,17 +40,12 @@ inline LICE_pixel HsvAdjust(LICE_pixel old, LICE_pixel source, int64_t ia) {
     const int64_t r = d.c[2], g = d.c[1], b = d.c[0];
     const int64_t v = std::max({r, g, b});
     int64_t delta, base, numerator;
-    if (g > r && g > b) {
+    if (g > r && g > b)
         delta = g - std::min(b, r), base = 128, numerator = b - r;
-    } else if (g > r) {
-        delta = b - r, base = 256, numerator = r - g;
-    } else if (r <= b) {
-        delta = b - g, base = 256, numerator = r - g;
-    } else if (g >= b) {
-        delta = r - b, base = 0, numerator = g - b;
-    } else {
-        delta = r - g, base = 383, numerator = g - b;
-    }
+    else if (g > r || r <= b)
+        delta = b - std::min(g, r), base = 256, numerator = r - g;
+    else
+        delta = r - std::min(g, b), base = g >= b ? 0 : 383, numerator = g - b;
     int64_t h = numerator * (reciprocal(delta) + 1) / 1024 + base;
     int64_t s = delta * reciprocal(v) / 256;
 

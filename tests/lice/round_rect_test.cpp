@@ -18,11 +18,8 @@ TEST(RoundRect, IsFourSidesAndFourQuadrants) {
         const double left = whole(x), top = whole(y), right = left + whole(w), bottom = top + whole(h);
         const double r = std::floor(std::min({radius * 1.0, whole(w) / 2, whole(h) / 2}));
         const auto side = [&](double x1, double y1, double x2, double y2) {
-            if (b.Scales(expected)) {
-                LICE_FLine(&expected, x1, y1, x2, y2, b.color, b.alpha, b.mode, aa);
-            } else {
-                LICE_Line(&expected, x1, y1, x2, y2, b.color, b.alpha, b.mode, aa);
-            }
+            b.Scales(expected) ? LICE_FLine(&expected, x1, y1, x2, y2, b.color, b.alpha, b.mode, aa)
+                               : LICE_Line(&expected, x1, y1, x2, y2, b.color, b.alpha, b.mode, aa);
         };
         const auto quadrant = [&](double cx, double cy, float low, float high) {
             LICE_Arc(&expected, cx, cy, r, low, high, b.color, b.alpha, b.mode, aa);

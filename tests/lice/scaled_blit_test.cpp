@@ -4,8 +4,6 @@
 #include "tests/lice/reference.h"
 #include "tests/lice/support.h"
 
-namespace {
-
 constexpr int Filter = LICE_BLIT_FILTER_BILINEAR;
 
 struct Areas {
@@ -16,7 +14,7 @@ struct Areas {
 // The sum of all source pixels around column and row, each times weight(dx, dy). It is divided by `total`, or where
 // that is 0, by the weights that counted.
 template <class Weight>
-LICE_pixel Weighted(TestSurface& src, int64_t column, int64_t row, int reach, int64_t total, Weight weight) {
+static LICE_pixel Weighted(TestSurface& src, int64_t column, int64_t row, int reach, int64_t total, Weight weight) {
     int64_t sums[4] = {}, counted = 0;
     for (int dy = -reach; dy <= reach; ++dy) {
         for (int dx = -reach; dx <= reach; ++dx) {
@@ -31,7 +29,7 @@ LICE_pixel Weighted(TestSurface& src, int64_t column, int64_t row, int reach, in
 }
 
 // The surfaces have no draw scale, and the sizes differ.
-void SlowScaledBlit(TestSurface& dest, TestSurface& src, const Areas& s, float alpha, int mode) {
+static void SlowScaledBlit(TestSurface& dest, TestSurface& src, const Areas& s, float alpha, int mode) {
     const int ia = static_cast<int>(alpha * 256.0), modeByte = mode & 0xFF;
     if (ia == 0 || modeByte > 5 || (modeByte == 0 && ia < 0)) return;
     const auto fixed = [](double v) { return static_cast<int64_t>(v * 65536.0); };
@@ -61,18 +59,15 @@ void SlowScaledBlit(TestSurface& dest, TestSurface& src, const Areas& s, float a
                 });
             }
             LICE_pixel& pixel = dest.At(s.dstx + x, s.dsty + y);
-            if (mode & LICE_BLIT_USE_ALPHA) {
+            if (mode & LICE_BLIT_USE_ALPHA)
                 pixel = reference::CombineAlpha(pixel, source, ia, modeByte);
-            } else if (modeByte == 0 && ia == 128) {
+            else if (modeByte == 0 && ia == 128)
                 pixel = (mode & 0x1FFFF) == 0 ? reference::Average(pixel, source) : reference::Mean(pixel, source);
-            } else {
+            else
                 pixel = reference::Combine(pixel, source, ia, modeByte);
-            }
         }
     }
 }
-
-}  // namespace
 
 TEST(ScaledBlit, EachFamilyAgreesWithAPixelByPixelReference) {
     Random random;

@@ -171,28 +171,34 @@ class SlowFont {
         for (int y = 0; y < cell.bottom; ++y)
             for (int x = first; x < last; ++x)
                 g.rows[y].push_back(Has(LICE_FONT_FLAG_INVERT) ? 255 - ink(x, y) : ink(x, y));
-        if (Has(LICE_FONT_FLAG_VERTICAL)) {
-            std::vector<std::vector<int>> turned(g.Width(), std::vector<int>(g.Height()));
-            for (int y = 0; y < g.Height(); ++y)
-                for (int x = 0; x < g.Width(); ++x)
-                    (Upward() ? turned[g.Width() - 1 - x][y] : turned[x][g.Height() - 1 - y]) = g.rows[y][x];
-            g.rows = turned;
-        }
-        const bool effect = Has(LICE_FONT_FLAG_SHADOW | LICE_FONT_FLAG_OUTLINE);
-        if (!effect && !Has(LICE_FONT_FLAG_MONO)) return g;
+        if (Has(LICE_FONT_FLAG_VERTICAL)) Turn(g);
+        if (Has(LICE_FONT_FLAG_SHADOW | LICE_FONT_FLAG_OUTLINE | LICE_FONT_FLAG_MONO)) LeaveThreeLevels(g);
+        return g;
+    }
+
+    void Turn(SlowGlyph& g) const {
+        std::vector<std::vector<int>> turned(g.Width(), std::vector<int>(g.Height()));
+        for (int y = 0; y < g.Height(); ++y)
+            for (int x = 0; x < g.Width(); ++x)
+                (Upward() ? turned[g.Width() - 1 - x][y] : turned[x][g.Height() - 1 - y]) = g.rows[y][x];
+        g.rows = turned;
+    }
+
+    // None, the effect's and full.
+    void LeaveThreeLevels(SlowGlyph& g) const {
         for (auto& row : g.rows)
             for (int& c : row) c = c < 131 ? 0 : 255;
         const auto plain = g.rows;
         const auto full = [&](int x, int y) {
             return x >= 0 && y >= 0 && x < g.Width() && y < g.Height() && plain[y][x] == 255;
         };
-        for (int y = 0; effect && y < g.Height(); ++y)
+        if (!Has(LICE_FONT_FLAG_SHADOW | LICE_FONT_FLAG_OUTLINE)) return;
+        for (int y = 0; y < g.Height(); ++y)
             for (int x = 0; x < g.Width(); ++x) {
                 bool added = full(x, y - 1) || full(x - 1, y);
                 added |= Has(LICE_FONT_FLAG_SHADOW) ? full(x - 1, y - 1) : full(x, y + 1) || full(x + 1, y);
                 if (plain[y][x] == 0 && added) g.rows[y][x] = 128;
             }
-        return g;
     }
 
     int flags_;
@@ -217,8 +223,57 @@ inline LICE_pixel MergeCoverage(LICE_pixel old, int coverage, const Look& look, 
                               std::min<int64_t>(twoColors ? ia : coverage * ia / 256, 256), modeByte);
 }
 
+// In the clip, its left top at (x, y).
+inline void SlowGlyphOn(TestSurface& dest, const SlowFont& font, const Look& look, const SlowGlyph& g, int x, int y,
+                        const RECT& clip, float alpha) {
+    const bool two = font.Has(LICE_FONT_FLAG_SHADOW | LICE_FONT_FLAG_OUTLINE | LICE_FONT_FLAG_MONO);
+    for (int py = std::max<int>(y, clip.top); py < std::min<int>(y + g.Height(), clip.bottom); ++py)
+        for (int px = std::max<int>(x, clip.left); px < std::min<int>(x + g.Width(), clip.right); ++px) {
+            if (look.bkMode == OPAQUE)
+                LICE_FillRect(&dest, px, py, 1, 1, look.back, alpha,
+                              (look.mode & ~LICE_BLIT_USE_ALPHA) | LICE_BLIT_IGNORE_SCALING);
+            LICE_pixel& pixel = dest.At(px, py);
+            pixel = MergeCoverage(pixel, g.rows[py - y][px - x], look, alpha, two);
+        }
+}
+
 inline int ScaledBack(int64_t value, int scale) {
     return static_cast<int>(value * 256 / scale);
+}
+
+// How far the lines reach along their own axis.
+inline int SlowLines(TestSurface& dest, SlowFont& font, const Look& look, const std::string& text, const RECT& rect,
+                     UINT format) {
+    const int scale = dest.Scale();
+    const bool vertical = font.Has(LICE_FONT_FLAG_VERTICAL);
+    float alpha = look.alpha;
+    if (format & LICE_DT_USE_TEXT_ALPHA) alpha = static_cast<float>(alpha * ((look.text >> 24) / 255.0));
+    SIZE size = font.Measure(text, format & DT_SINGLELINE, 0);
+    if (scale > 0) {  // measured in logical pixels, and brought back
+        size.cx = static_cast<LONG>(reference::ScaleCoord(ScaledBack(size.cx, scale), scale));
+        size.cy = static_cast<LONG>(reference::ScaleCoord(ScaledBack(size.cy, scale), scale));
+    }
+    int x = rect.left, y = rect.top;
+    if (format & DT_CENTER) x += (rect.right - rect.left - size.cx) / 2;
+    if (format & DT_RIGHT) x = rect.right - size.cx;
+    if (format & DT_VCENTER) y += (rect.bottom - rect.top - size.cy) / 2;
+    if (format & DT_BOTTOM) y = rect.bottom - size.cy;
+    if (font.Upward()) y += size.cy;
+
+    RECT clip{0, 0, dest.BackingWidth(), dest.BackingHeight()};
+    const bool shown = alpha != 0.0f && (format & DT_NOCLIP || IntersectRect(&clip, &clip, &rect));
+    int reach = vertical ? x : y;
+    const int start = reach;
+    for (const Placed& p : font.Place(text, x, y, format, vertical ? rect.bottom : rect.right, font.Upward())) {
+        if (!shown) break;
+        const SlowGlyph& g = *p.glyph;
+        const int top = font.Upward() ? p.y - g.Height() : p.y;
+        const int gx = vertical ? p.x : p.x - g.left;
+        const int gy = !vertical ? top : font.Upward() ? top - g.left : top + g.left;
+        reach = std::max(reach, vertical ? p.x + g.Width() : top + g.Height());
+        SlowGlyphOn(dest, font, look, g, gx, gy, clip, alpha);
+    }
+    return reach - start;
 }
 
 inline int SlowDraw(TestSurface& dest, SlowFont& font, const Look& look, const std::string& text, RECT& rect,
@@ -237,42 +292,7 @@ inline int SlowDraw(TestSurface& dest, SlowFont& font, const Look& look, const s
         rect.bottom = rect.top + size.cy;
         result = vertical ? size.cx : size.cy;
     } else {
-        float alpha = look.alpha;
-        if (format & LICE_DT_USE_TEXT_ALPHA) alpha = static_cast<float>(alpha * ((look.text >> 24) / 255.0));
-        SIZE size = font.Measure(text, format & DT_SINGLELINE, 0);
-        if (scale > 0) {  // measured in logical pixels, and brought back
-            size.cx = static_cast<LONG>(reference::ScaleCoord(ScaledBack(size.cx, scale), scale));
-            size.cy = static_cast<LONG>(reference::ScaleCoord(ScaledBack(size.cy, scale), scale));
-        }
-        int x = rect.left, y = rect.top;
-        if (format & DT_CENTER) x += (rect.right - rect.left - size.cx) / 2;
-        if (format & DT_RIGHT) x = rect.right - size.cx;
-        if (format & DT_VCENTER) y += (rect.bottom - rect.top - size.cy) / 2;
-        if (format & DT_BOTTOM) y = rect.bottom - size.cy;
-        if (font.Upward()) y += size.cy;
-
-        RECT clip{0, 0, dest.BackingWidth(), dest.BackingHeight()};
-        const bool shown = alpha != 0.0f && (format & DT_NOCLIP || IntersectRect(&clip, &clip, &rect));
-        int reach = vertical ? x : y;
-        const int start = reach;
-        for (const Placed& p : font.Place(text, x, y, format, vertical ? rect.bottom : rect.right, font.Upward())) {
-            if (!shown) break;
-            const SlowGlyph& g = *p.glyph;
-            const int top = font.Upward() ? p.y - g.Height() : p.y;
-            const int gx = vertical ? p.x : p.x - g.left;
-            const int gy = !vertical ? top : font.Upward() ? top - g.left : top + g.left;
-            reach = std::max(reach, vertical ? p.x + g.Width() : top + g.Height());
-            for (int py = std::max<int>(gy, clip.top); py < std::min<int>(gy + g.Height(), clip.bottom); ++py)
-                for (int px = std::max<int>(gx, clip.left); px < std::min<int>(gx + g.Width(), clip.right); ++px) {
-                    if (look.bkMode == OPAQUE)
-                        LICE_FillRect(&dest, px, py, 1, 1, look.back, alpha,
-                                      (look.mode & ~LICE_BLIT_USE_ALPHA) | LICE_BLIT_IGNORE_SCALING);
-                    const bool two = font.Has(LICE_FONT_FLAG_SHADOW | LICE_FONT_FLAG_OUTLINE | LICE_FONT_FLAG_MONO);
-                    LICE_pixel& pixel = dest.At(px, py);
-                    pixel = MergeCoverage(pixel, g.rows[py - gy][px - gx], look, alpha, two);
-                }
-        }
-        result = reach - start;
+        result = SlowLines(dest, font, look, text, rect, format);
     }
     if (scale > 0) {
         each(ScaledBack);

@@ -25,9 +25,8 @@ class Random {
     // Extreme channels come up often enough to meet one another.
     LICE_pixel Pixel() {
         LICE_pixel p = engine_();
-        for (int shift = 0; shift < 32; shift += 8) {
+        for (int shift = 0; shift < 32; shift += 8)
             if (Chance(4)) p = (p & ~(0xFFu << shift)) | (Chance(2) ? 0xFFu << shift : 0);
-        }
         return p;
     }
     template <class T, size_t n>

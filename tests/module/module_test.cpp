@@ -11,8 +11,6 @@
 
 using simhost::SourceRef;
 
-namespace {
-
 struct Caso {
     const char* nome;
     SourceRef fonte;
@@ -23,7 +21,7 @@ struct Caso {
 };
 
 // A minute of bursts and pauses of many lengths and levels around -37 dB, from a plain generator of our own.
-SourceRef Misto(int taxa, int canais, int64_t quadros, uint64_t semente) {
+static SourceRef Misto(int taxa, int canais, int64_t quadros, uint64_t semente) {
     const auto sorteia = [&semente](uint64_t ate) {
         semente = semente * 6364136223846793005u + 1442695040888963407u;
         return (semente >> 33) % ate;
@@ -37,7 +35,7 @@ SourceRef Misto(int taxa, int canais, int64_t quadros, uint64_t semente) {
     return Bursts(taxa, canais, trechos);
 }
 
-std::vector<Caso> Casos() {
+static std::vector<Caso> Casos() {
     return {
         {"mono 44100", Misto(44100, 1, 44100 * 60, 1), 0, 60, true, 55, -37},
         {"stereo 48000, open", Misto(48000, 2, 48000 * 60, 2), 7.3, 60, false, 55, -37},
@@ -56,7 +54,7 @@ std::vector<Caso> Casos() {
 }
 
 // Every piece, to the last bit: position, length, source offset, fades.
-std::string Pecas(simhost::Host& host) {
+static std::string Pecas(simhost::Host& host) {
     std::string texto;
     for (const simhost::Item* item : host.project.tracks.Items()) {
         char linha[200];
@@ -66,8 +64,6 @@ std::string Pecas(simhost::Host& host) {
     }
     return texto;
 }
-
-}  // namespace
 
 TEST(Modulo, ExportaQuatroNomesEMaisNada) {
     const std::vector<std::string> quatro = {"Quilmo_AbrirPainel", "Quilmo_AutoSplit", "Quilmo_Teste",

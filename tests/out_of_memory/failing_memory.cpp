@@ -44,18 +44,13 @@ static bool Fails(void* caller) {
     return failed = true;
 }
 
-OneFailure::OneFailure(int64_t n) {
+bool FailsAt(int64_t n, const std::function<void()>& run) {
     void* once[1];
     backtrace(once, 1);  // its first call loads a library
     failed = false;
     untilFailure = n;
-}
-
-OneFailure::~OneFailure() {
+    run();
     untilFailure = 0;
-}
-
-bool OneFailure::Happened() const {
     return failed;
 }
 

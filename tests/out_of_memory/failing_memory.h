@@ -3,16 +3,10 @@
 // inside a call of the host or of what stands in for the system succeed.
 #pragma once
 #include <cstdint>
+#include <functional>
 
-// The module's n-th request from now on fails, counted from 1. At the end tells whether it came to that.
-class OneFailure {
-  public:
-    explicit OneFailure(int64_t n);
-    ~OneFailure();
-    OneFailure(const OneFailure&) = delete;
-    OneFailure& operator=(const OneFailure&) = delete;
-    bool Happened() const;
-};
+// Runs it with the module's n-th request failing, counted from 1; whether it came to that.
+bool FailsAt(int64_t n, const std::function<void()>& run);
 
 // Tells the calls of the host's functions apart from the module's own work; after each load of the module.
 void WatchHostCalls();

@@ -17,8 +17,6 @@
 #include "tests/support/panel_scene.h"
 #include "tests/support/story.h"
 
-namespace {
-
 class SemMemoria : public Painel {
   protected:
     void SetUp() override {
@@ -44,13 +42,7 @@ class SemMemoria : public Painel {
         for (int64_t n = 1;; ++n) {
             SCOPED_TRACE("request " + std::to_string(n));
             antes();
-            bool falhou = false;
-            {
-                const OneFailure falha(n);
-                rodar();
-                falhou = falha.Happened();
-            }
-            if (!falhou) return;
+            if (!FailsAt(n, rodar)) return;
             Inteiro();
             depois();
             if (HasFailure()) return;
@@ -115,13 +107,10 @@ TEST_F(SemMemoria, OPainelAbreDepoisDeCadaFalha) {
         falhas = 0;
         EXPECT_EXIT(
             {
-                bool falhou = false;
-                {
-                    const OneFailure falha(n);
+                const bool falhou = FailsAt(n, [] {
                     HookCommand2Proc(nullptr, AcaoPainelId, 0, 0, 0, nullptr);
                     if (JanelaPainel) UpdateWindow(JanelaPainel);
-                    falhou = falha.Happened();
-                }
+                });
                 Quilmo_AbrirPainel();
                 InvalidateRect(JanelaPainel, nullptr, FALSE);
                 UpdateWindow(JanelaPainel);
@@ -170,15 +159,9 @@ TEST_F(SemMemoria, OModoSegueInteiro) {
     for (int64_t n = 1; n < 40; ++n) {
         cenario();
         clicar(entrar);
-        {
-            const OneFailure falha(n);
-            clicar(cortar);
-            clicar(voltar);
-        }
+        FailsAt(n, [&] { clicar(cortar), clicar(voltar); });
         if (ModoFatiadorAtivo) clicar(voltar);
         EXPECT_FALSE(ModoFatiadorAtivo);
         EXPECT_EQ(Retrato(), original);
     }
 }
-
-}  // namespace

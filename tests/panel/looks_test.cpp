@@ -123,6 +123,18 @@ struct Escrito {
     bool noCentro = true;
 };
 
+void ConfereTexto(const Escrito& e) {
+    Folha inteira, composta;
+    e.desenhar(&inteira.bm);
+    OpacidadeDoTexto(0);
+    e.desenhar(&composta.bm);
+    OpacidadeDoTexto(1);
+    const UINT formato = DT_NOPREFIX | DT_SINGLELINE | DT_VCENTER | (e.noCentro ? DT_CENTER : 0);
+    const auto& [x, y, w, h] = e.lugar;
+    EscreverTexto(&composta.bm, e.texto, e.tamanho, e.cor, {x, y, x + w, y + h}, formato);
+    EXPECT_TRUE(inteira.Imagem().pixels == composta.Imagem().pixels) << e.texto << " in " << std::hex << e.cor;
+}
+
 TEST(Aparencia, TextosNoSeuLugar) {
     const auto botao = [](Celula c, AspectoBotao aspecto, bool apertado = false) {
         const EstadoMouse mouse = apertado ? MouseEm(c, true) : EstadoMouse();
@@ -155,17 +167,7 @@ TEST(Aparencia, TextosNoSeuLugar) {
         {barra(""), "PAINEL PRONTO", 12, 0x66808C99, naBarra, false},
         {barra("pronto"), "i  pronto", 12, 0xFF4CA6F2, naBarra, false},
     };
-    for (const auto& [desenhar, texto, tamanho, cor, lugar, noCentro] : casos) {
-        Folha inteira, composta;
-        desenhar(&inteira.bm);
-        OpacidadeDoTexto(0);
-        desenhar(&composta.bm);
-        OpacidadeDoTexto(1);
-        constexpr UINT linha = DT_NOPREFIX | DT_SINGLELINE | DT_VCENTER;
-        EscreverTexto(&composta.bm, texto, tamanho, cor, {lugar.x, lugar.y, lugar.x + lugar.w, lugar.y + lugar.h},
-                      noCentro ? linha | DT_CENTER : linha);
-        EXPECT_TRUE(inteira.Imagem().pixels == composta.Imagem().pixels) << texto << " in " << std::hex << cor;
-    }
+    for (const Escrito& caso : casos) ConfereTexto(caso);
     Folha folha;
     botao(largo, parar)(&folha.bm);
     const driver::Picture imagem = folha.Imagem();
@@ -207,12 +209,10 @@ TEST_F(Paginas, FormasDasPaginas) {
     OpacidadeDoTexto(1);
 }
 
-TEST_F(Paginas, CadaWidgetDeCadaPagina) {
-    std::string achado =
-        "# x, y, width, height; colour; state; label, icon, tooltip; of a slider its value, lowest and highest\n";
-    std::set<std::string> antes;
-    // In the first state all widgets; in another one those that changed.
-    const auto estado = [&](const std::string& titulo) {
+class ListaDeWidgets : public Paginas {
+  protected:
+    // In a page's first state all widgets; in another one those that changed.
+    void Estado(const std::string& titulo) {
         std::set<std::string> agora;
         std::string pagina;
         for (const WidgetNaTela& w : Widgets()) {
@@ -223,50 +223,61 @@ TEST_F(Paginas, CadaWidgetDeCadaPagina) {
             achado += w.linha + '\n';
         }
         if (titulo.empty()) antes = agora;
-    };
-    estado("");
-    ModoRipple = false;
-    estado(", sem ripple");
-    ModoRipple = true;
-    Dados(ItemChamado("A")).mute = true;
-    estado(", itens mudos");
-    Dados(ItemChamado("A")).mute = false;
-    host.transport.state = 1;
-    estado(", tocando");
-    host.transport.state = 5;
-    for (const bool pisca : {false, true}) {
-        PiscaLigado = pisca;
-        estado(pisca ? ", gravando, aceso" : ", gravando, apagado");
     }
-    host.transport.state = 0;
-    StatusExecutado("MuteClip");
-    estado(", depois de MUTE");
-    Mover("MUTE");
-    estado(", o ponteiro em MUTE");
-    Apertar(driver::Button::Right);
-    estado(", MUTE apertado");
-    Soltar(driver::Button::Right);
-    for (const char* botao : {"FECHAR LACUNAS", "SELECIONAR"}) {
+    template <class Coisa>
+    void EstadoCom(Coisa& coisa, int valor, const char* titulo) {  // for as long as the look takes
+        const Coisa antiga = std::exchange(coisa, valor);
+        Estado(titulo);
+        coisa = antiga;
+    }
+    void PaginaPrincipal() {
+        Estado("");
+        EstadoCom(ModoRipple, false, ", sem ripple");
+        EstadoCom(Dados(ItemChamado("A")).mute, true, ", itens mudos");
+        EstadoCom(host.transport.state, 1, ", tocando");
+        for (const bool pisca : {false, true}) {
+            PiscaLigado = pisca;
+            EstadoCom(host.transport.state, 5, pisca ? ", gravando, aceso" : ", gravando, apagado");
+        }
+        StatusExecutado("MuteClip");
+        Estado(", depois de MUTE");
+        Mover("MUTE");
+        Estado(", o ponteiro em MUTE");
+        Apertar(driver::Button::Right);
+        Estado(", MUTE apertado");
+        Soltar(driver::Button::Right);
+    }
+    void Menu(const std::string& botao) {
         driver::AnswerNextMenu("");
         Clicar(botao);
-        achado += std::string("\n# menu de ") + botao + '\n';
+        achado += "\n# menu de " + botao + '\n';
         for (const std::string& entrada : driver::LastMenu()) achado += entrada.empty() ? "--\n" : entrada + '\n';
     }
-    Mover(0, 0);
-    AbrirFatiador();
-    estado("");
-    fecharLacunas = false;
-    estado(", sem fechar lacunas");
-    fecharLacunas = true;
-    Mover("AJUSTA BLOCO");
-    estado(", o ponteiro no bloco");
-    Apertar();
-    estado(", arrastando o bloco");
-    Soltar();
-    Mover(0, 0);
-    SalvarPresetAberto = true;
-    estado(", congelada");
+    void PaginaDoFatiador() {
+        Mover(0, 0);
+        AbrirFatiador();
+        Estado("");
+        EstadoCom(fecharLacunas, false, ", sem fechar lacunas");
+        Mover("AJUSTA BLOCO");
+        Estado(", o ponteiro no bloco");
+        Apertar();
+        Estado(", arrastando o bloco");
+        Soltar();
+        Mover(0, 0);
+        SalvarPresetAberto = true;
+        Estado(", congelada");
+    }
 
+    std::string achado =
+        "# x, y, width, height; colour; state; label, icon, tooltip; of a slider its value, lowest and highest\n";
+    std::set<std::string> antes;
+};
+
+TEST_F(ListaDeWidgets, CadaWidgetDeCadaPagina) {
+    PaginaPrincipal();
+    Menu("FECHAR LACUNAS");
+    Menu("SELECIONAR");
+    PaginaDoFatiador();
     ConfereGuardado("data/painel.txt", achado);
 }
 

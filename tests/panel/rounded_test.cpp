@@ -29,11 +29,8 @@ TEST(Arredondado, FacePreenchimentoEContornoComoAsChamadasSimples) {
         const LICE_pixel cor = random.Pixel(), contorno = random.Pixel();
         const float alfa = random.Chance(2) ? random.Of({0.03f, 0.04f, 0.12f, 0.15f, 0.4f}) : random.Alpha();
         const bool face = random.Chance(2);
-        if (face) {
-            FaceArredondada(&tela, x, y, w, h, raio, cor, contorno, alfa);
-        } else {
-            PreencheArredondado(&tela, x, y, w, h, raio, cor, alfa);
-        }
+        face ? FaceArredondada(&tela, x, y, w, h, raio, cor, contorno, alfa)
+             : PreencheArredondado(&tela, x, y, w, h, raio, cor, alfa);
         PreencherDevagar(&esperada, {x, y, x + w, y + h}, raio, cor, face ? 1.0f : alfa);
         if (face) LICE_RoundRect(&esperada, x, y, w - 1, h - 1, raio, contorno, alfa, 0, true);
         ASSERT_TRUE(tela.memory == esperada.memory)

@@ -1,11 +1,9 @@
 // What a widget makes of the mouse, and which size its label gets.
 #include "panel/widgets.h"
 
-namespace {
+static LICE_MemBitmap Tela(320, 100, 0);
 
-LICE_MemBitmap Tela(320, 100, 0);
-
-EstadoMouse MouseEm(int x, int y) {
+static EstadoMouse MouseEm(int x, int y) {
     EstadoMouse mouse;
     mouse.x = x;
     mouse.y = y;
@@ -101,5 +99,3 @@ TEST_F(Slider, ArrastoSegueForaETerminaUmaVez) {
     r = Passar(150, true, true, -37);
     EXPECT_FALSE(r.mudou || r.sobre);
 }
-
-}  // namespace

@@ -16,7 +16,25 @@ static std::string Ponteiro() {
     return std::to_string(Mouse.x) + " " + std::to_string(Mouse.y);
 }
 
-TEST_F(Painel, AbreJuntoAoHostEVoltaAFrente) {
+class JanelaDoPainel : public Painel {
+  protected:
+    void AbrirContando() {
+        Abrir();
+        AposCadaPasse([this] {
+            ++passes;
+            if (Mouse.esquerdoApertou) cliques += "E";
+            if (Mouse.direitoApertou) cliques += "D";
+        });
+    }
+    std::string Cliques() { return std::exchange(cliques, ""); }  // left and right, since the last call
+
+    int passes = 0;
+
+  private:
+    std::string cliques;
+};
+
+TEST_F(JanelaDoPainel, AbreJuntoAoHostEVoltaAFrente) {
     const auto marca = [this] { return ToggleActionProc(host.extension.ActionNumber("QUILMO_ABRIR_PAINEL")); };
     const auto preparou = [this] {
         const bool sim = Acoes().find("DesligarSnap") != std::string::npos;
@@ -52,7 +70,7 @@ TEST_F(Painel, AbreJuntoAoHostEVoltaAFrente) {
     EXPECT_TRUE(JanelaPainelAberta()) << "the class is registered once, and still there";
 }
 
-TEST_F(Painel, SemDonoOuComDonoMorto) {
+TEST_F(JanelaDoPainel, SemDonoOuComDonoMorto) {
     AbrirJanelaPainel(nullptr, host.resourcePath);
     ASSERT_TRUE(JanelaPainelAberta());
     EXPECT_EQ(Canto(), "840 40");  // 1200 - 340 - 20
@@ -66,10 +84,8 @@ TEST_F(Painel, SemDonoOuComDonoMorto) {
     EXPECT_TRUE(JanelaPainelAberta());
 }
 
-TEST_F(Painel, PiscaQuatroVezesPorSegundoEnquantoAberto) {
-    Abrir();
-    int passes = 0;
-    AposCadaPasse([&] { ++passes; });
+TEST_F(JanelaDoPainel, PiscaQuatroVezesPorSegundoEnquantoAberto) {
+    AbrirContando();
     const bool antes = PiscaLigado;
     ASSERT_TRUE(EsperarTique(1));
     EXPECT_NE(PiscaLigado, antes);
@@ -79,17 +95,9 @@ TEST_F(Painel, PiscaQuatroVezesPorSegundoEnquantoAberto) {
     EsperarIntervalo(1, 250);
 }
 
-TEST_F(Painel, UmCliquePorAperto) {
-    Abrir();
+TEST_F(JanelaDoPainel, UmCliquePorAperto) {
+    AbrirContando();
     EXPECT_EQ(Ponteiro(), "-1 -1");
-    int passes = 0;
-    std::string cliques;
-    AposCadaPasse([&] {
-        ++passes;
-        if (Mouse.esquerdoApertou) cliques += "E";
-        if (Mouse.direitoApertou) cliques += "D";
-    });
-    const auto desdeEntao = [&] { return std::exchange(cliques, ""); };
     for (int x = 10; x < 20; ++x) PostMessageA(JanelaPainel, WM_MOUSEMOVE, 0, MAKELPARAM(x, 5));
     driver::Pump();
     EXPECT_EQ(Mouse.x, 19);
@@ -101,35 +109,40 @@ TEST_F(Painel, UmCliquePorAperto) {
     Apertar();
     EXPECT_TRUE(EsperarTique(1));
     Mover(101, 50);
-    EXPECT_EQ(desdeEntao(), "E") << "on the press, once, however long it is held";
+    EXPECT_EQ(Cliques(), "E") << "on the press, once, however long it is held";
     Soltar();
-    EXPECT_EQ(desdeEntao(), "");
+    EXPECT_EQ(Cliques(), "");
     for (const Button botao : {Button::Left, Button::Left, Button::Right, Button::Right}) Clicar(101, 50, botao);
-    EXPECT_EQ(desdeEntao(), "EEDD") << "a double click is two clicks";
+    EXPECT_EQ(Cliques(), "EEDD") << "a double click is two clicks";
+
+    SetForegroundWindow(outra);
+    driver::Pump();
+    Clicar(101, 50);
+    EXPECT_EQ(Cliques(), "E") << "the click that activates the panel counts";
+    EXPECT_EQ(GetForegroundWindow(), JanelaPainel);
+    EXPECT_EQ(SendMessageA(JanelaPainel, WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0), 0);
+    driver::Wheel(1);
+    EXPECT_EQ(Mouse.x, 101);
+    EXPECT_EQ(Cliques(), "");
+}
+
+TEST_F(JanelaDoPainel, CadaApertoQueEsperouNaFilaConta) {
+    AbrirContando();
+    Mover(101, 50);
     SendMessageA(JanelaPainel, WM_LBUTTONDBLCLK, 0, 0);
     EXPECT_EQ(Mouse.x, 101) << "a press counts where the mouse moved last, whatever it carries";
     SendMessageA(JanelaPainel, WM_LBUTTONUP, 0, 0);
     SendMessageA(JanelaPainel, WM_RBUTTONDBLCLK, 0, 0);
     SendMessageA(JanelaPainel, WM_RBUTTONUP, 0, 0);
-    EXPECT_EQ(desdeEntao(), "ED");
+    EXPECT_EQ(Cliques(), "ED");
 
     for (const UINT aperto : {WM_LBUTTONDOWN, WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_RBUTTONDOWN})
         for (const UINT mensagem : {aperto, aperto + 1}) SendMessageA(JanelaPainel, mensagem, 0, 0);  // and its release
-    EXPECT_EQ(desdeEntao(), "EEDD") << "clicks that waited for a busy host, with no pass between them";
-
-    SetForegroundWindow(outra);
-    driver::Pump();
-    Clicar(101, 50);
-    EXPECT_EQ(desdeEntao(), "E") << "the click that activates the panel counts";
-    EXPECT_EQ(GetForegroundWindow(), JanelaPainel);
-    EXPECT_EQ(SendMessageA(JanelaPainel, WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0), 0);
-    driver::Wheel(1);
-    EXPECT_EQ(Mouse.x, 101);
-    EXPECT_EQ(desdeEntao(), "");
+    EXPECT_EQ(Cliques(), "EEDD") << "clicks that waited for a busy host, with no pass between them";
 }
 
-TEST_F(Painel, OBotaoEsquerdoCapturaODireitoNao) {
-    Abrir();
+TEST_F(JanelaDoPainel, OBotaoEsquerdoCapturaODireitoNao) {
+    AbrirContando();
     Mover(10, 10);
     Apertar();
     EXPECT_EQ(GetCapture(), JanelaPainel);
@@ -149,18 +162,15 @@ TEST_F(Painel, OBotaoEsquerdoCapturaODireitoNao) {
     Soltar(Button::Right);
     EXPECT_EQ(Mouse.x, 10);
     EXPECT_TRUE(Mouse.direitoSeguro) << "released elsewhere: held until its next message";
-    int cliques = 0;
-    AposCadaPasse([&cliques] { cliques += Mouse.direitoApertou; });
+    Cliques();
     Clicar(10, 10, Button::Right);
-    EXPECT_EQ(cliques, 1) << "a press that finds the button held is a new click";
+    EXPECT_EQ(Cliques(), "D") << "a press that finds the button held is a new click";
     EXPECT_FALSE(Mouse.direitoSeguro);
 }
 
 // A box or another window takes the mouse while the left button is down: its release goes there.
-TEST_F(Painel, PerderACapturaSoltaOBotao) {
-    Abrir();
-    int cliques = 0;
-    AposCadaPasse([&cliques] { cliques += Mouse.esquerdoApertou; });
+TEST_F(JanelaDoPainel, PerderACapturaSoltaOBotao) {
+    AbrirContando();
     Mover("zoom_in");
     Apertar();
     SetCapture(JanelaPainel);
@@ -172,10 +182,10 @@ TEST_F(Painel, PerderACapturaSoltaOBotao) {
     ReleaseCapture();
     Soltar();
     Clicar("zoom_in");
-    EXPECT_EQ(cliques, 2);
+    EXPECT_EQ(Cliques(), "EE");
 }
 
-TEST_F(Painel, PerderAFrenteParaARepeticao) {
+TEST_F(JanelaDoPainel, PerderAFrenteParaARepeticao) {
     for (const Button botao : {Button::Left, Button::Right}) {
         Abrir();
         Mover("zoom_in");
@@ -189,7 +199,7 @@ TEST_F(Painel, PerderAFrenteParaARepeticao) {
     }
 }
 
-TEST_F(Painel, AMolduraNaoTiraNadaDaPagina) {
+TEST_F(JanelaDoPainel, AMolduraNaoTiraNadaDaPagina) {
     for (const driver::Frame& moldura : driver::Frames) {
         driver::SetFrame(moldura);
         Abrir();
@@ -199,7 +209,7 @@ TEST_F(Painel, AMolduraNaoTiraNadaDaPagina) {
 }
 
 // A command inside a pass may run a message loop of its own: a box, a render.
-TEST_F(Painel, UmPasseSuspensoNaoPerdeOQueDesenha) {
+TEST_F(JanelaDoPainel, UmPasseSuspensoNaoPerdeOQueDesenha) {
     Abrir();
     Mover(10, 10);
     PAINTSTRUCT pintura;

@@ -23,18 +23,16 @@ class Exportar : public Cena {
 };
 
 TEST_F(Exportar, NomeDoProjetoChegaInteiroAoScript) {
-    const std::pair<const char*, const char*> casos[] = {
-        {"/musicas/Show.RPP", "Show"},
-        {"C:\\musicas\\a.rpp", "a"},
-        {"Show.rpp", "Show"},
-        {".rpp", ""},
-        {"/a.rpp/.rpp", ""},
-        {"/x/Show.txt", ""},
-        {"", ""},
-        {"/x/aRpP", ""},
-        {"/x/100%s \"ao vivo\".rpp", "100%s \\\"ao vivo\\\""},
-        {"/x/S\xC3\xA3o.rpp", "S\xC3\xA3o"},
-    };
+    const std::pair<const char*, const char*> casos[] = {{"/musicas/Show.RPP", "Show"},
+                                                         {"C:\\musicas\\a.rpp", "a"},
+                                                         {"Show.rpp", "Show"},
+                                                         {".rpp", ""},
+                                                         {"/a.rpp/.rpp", ""},
+                                                         {"/x/Show.txt", ""},
+                                                         {"", ""},
+                                                         {"/x/aRpP", ""},
+                                                         {"/x/100%s \"ao vivo\".rpp", "100%s \\\"ao vivo\\\""},
+                                                         {"/x/S\xC3\xA3o.rpp", "S\xC3\xA3o"}};
     for (const auto& [caminho, nome] : casos) {
         host.project.path = caminho;
         host.scripts.run.clear();

@@ -7,8 +7,6 @@
 #include "tests/slicer/plain_analysis.h"
 #include "tests/support/portrait.h"
 
-namespace {
-
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double Inf = std::numeric_limits<double>::infinity();
 
@@ -21,9 +19,9 @@ struct Gravacao {
     std::function<bool(int64_t)> falha = {};           // whether the read that starts at that frame fails
     int64_t pedidos = 0, abertos = 0, lidos = 0;       // accessors asked for and not given back; frames read
 };
-Gravacao* gravacao;
+static Gravacao* gravacao;
 
-int Ler(AudioAccessor*, int taxa, int canais, double inicio, int quadros, double* amostras) {
+static int Ler(AudioAccessor*, int taxa, int canais, double inicio, int quadros, double* amostras) {
     Gravacao& g = *gravacao;
     EXPECT_EQ(inicio, g.inicio + static_cast<double>(g.lidos) / taxa);
     EXPECT_LE(quadros, 65536);
@@ -106,7 +104,17 @@ TEST_F(Analise, PausasBordasELimiar) {
     }
 }
 
-// Whatever the material, the answer is that of looking at each frame in turn.
+// By looking at each frame in turn; those that cannot be read are silent.
+static std::vector<std::pair<double, double>> Exame(const std::vector<double>& amostras, int taxa, int canais,
+                                                    double limiar, double bloco) {
+    PlainAnalysis plain(limiar, taxa, canais, bloco);
+    const std::vector<double> mudo(canais, 0.0);
+    const int quadros = static_cast<int>(amostras.size()) / canais;
+    for (int i = 0; i < quadros; ++i)
+        plain.Frame(gravacao->falha(i / 65536 * 65536) ? mudo.data() : &amostras[static_cast<size_t>(i) * canais], i);
+    return plain.Silence(quadros, taxa);
+}
+
 TEST_F(Analise, IgualAoExameQuadroAQuadro) {
     const char* pedida = std::getenv("QUILMO_SEED");
     const unsigned primeira = pedida ? std::strtoul(pedida, nullptr, 10) : 1u, quantas = pedida ? 1 : 300;
@@ -144,15 +152,9 @@ TEST_F(Analise, IgualAoExameQuadroAQuadro) {
         g.falha = [&](int64_t primeiro) { return (primeiro / 65536 * 5 + semente) % 8 < falhas; };
         g.amostra = [&](int64_t quadro, int canal) { return amostras[static_cast<size_t>(quadro) * canais + canal]; };
 
-        const std::vector<TrechoSilencio> silencio = Analisar(comprimento, limiar, bloco);
-
-        PlainAnalysis plain(limiar, taxa, canais, bloco);
-        const std::vector<double> mudo(canais, 0.0);
-        for (int i = 0; i < quadros; ++i)
-            plain.Frame(g.falha(i / 65536 * 65536) ? mudo.data() : &amostras[static_cast<size_t>(i) * canais], i);
         std::vector<std::pair<double, double>> achado;
-        for (const auto& [inicio, fim] : silencio) achado.emplace_back(inicio, fim);
-        ASSERT_EQ(achado, plain.Silence(quadros, taxa));
+        for (const auto& [inicio, fim] : Analisar(comprimento, limiar, bloco)) achado.emplace_back(inicio, fim);
+        ASSERT_EQ(achado, Exame(amostras, taxa, canais, limiar, bloco));
         EXPECT_EQ(g.lidos, quadros);
     }
 }
@@ -184,5 +186,3 @@ TEST_F(Analise, OQueNaoCabeFicaIntacto) {
         EXPECT_EQ(g.lidos, 0);
     }
 }
-
-}  // namespace
