@@ -55,7 +55,7 @@ class Analise : public testing::Test {
 
     std::vector<TrechoSilencio> Analisar(double comprimento, double limiar, double bloco) {
         g.pedidos = g.lidos = 0;
-        const std::vector<TrechoSilencio> silencio = AnalisarItem(nullptr, comprimento, limiar, bloco);
+        std::vector<TrechoSilencio> silencio = AnalisarItem(nullptr, comprimento, limiar, bloco);
         EXPECT_EQ(g.abertos, 0);
         return silencio;
     }
