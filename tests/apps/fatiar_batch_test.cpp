@@ -131,7 +131,7 @@ TEST_F(FatiarMuitos, OProgressoCabeNoTerminalEAAjudaEm80Colunas) {
             EXPECT_LT(line.substr(0, line.find('\033')).size(), std::stoul(columns)) << line;
     }
     const std::string help = Good("fatiar --ajuda").out;
-    const std::string man = workshop.Run("sed 's/\\\\-/-/g' " SOURCE_FOLDER "/docs/fatiar.1").out;
+    const std::string man = workshop.Run("sed 's/\\\\-/-/g' '" SOURCE_FOLDER "/docs/fatiar.1'").out;
     for (std::istringstream lines(help); std::getline(lines, line);) EXPECT_LE(line.size(), 80u) << line;
     for (std::istringstream words(help); words >> word;)
         EXPECT_TRUE(!word.starts_with("--") ||
@@ -141,7 +141,7 @@ TEST_F(FatiarMuitos, OProgressoCabeNoTerminalEAAjudaEm80Colunas) {
 }
 
 TEST_F(FatiarMuitos, AInstalacaoFuncionaDepoisDeMovida) {
-    Good("cmake --install " BUILD_FOLDER " --prefix \"$PWD/aqui\" >/dev/null && mv aqui la");
+    Good("cmake --install '" BUILD_FOLDER "' --prefix \"$PWD/aqui\" >/dev/null && mv aqui la");
     EXPECT_EQ(Good("env -i la/bin/fatiar fala.wav --csv").out, Good("fatiar fala.wav --csv").out);
     EXPECT_NE(workshop.Text("la/share/man/man1/fatiar.1"), "");
 }

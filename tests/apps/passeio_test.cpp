@@ -23,7 +23,7 @@ static double Energy(const std::vector<double>& samples, const SF_INFO& info) {
 TEST(Passeio, OSilencioSaiEAFalaFica) {
     const std::string recording = SOURCE_FOLDER "/data/fala.flac";
     Workshop workshop;
-    const Outcome run = workshop.Run("passeio " + recording + " .");
+    const Outcome run = workshop.Run("passeio '" + recording + "' .");
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.err, "");
     EXPECT_LE(std::count(run.out.begin(), run.out.end(), '\n'), 24) << run.out;
