@@ -25,6 +25,7 @@ fi
 # What is mounted and started in there ends with the command.
 inside() {
     unshare --mount --pid --kill-child bash -c 'mount -t proc proc "$0/proc" && mount -t tmpfs tmpfs "$0/dev/shm" &&
+        mount -t devpts devpts "$0/dev/pts" -o newinstance,ptmxmode=666 && mount --bind "$0/dev/pts/ptmx" "$0/dev/ptmx" &&
         exec chroot "$0" su - novato -c "cd quilmo && $1" </dev/null' "$root" "$1"
 }
 grown() { du -sxm "$root" | cut -f1; }
