@@ -60,7 +60,7 @@ TEST_F(FatiarMuitos, CtrlCNaoDeixaNadaPelaMetade) {
     }
     const Outcome piped = workshop.Run(
         "mkfifo cano; TMPDIR=temp fatiar - -o x <cano & exec 3>cano; "
-        "head -c 9999 fala.wav >&3; until ls -l /proc/$!/fd | grep -q fatiar-; do sleep 0.01; done; "
+        "head -c 9999 fala.wav >&3; until ls -l /proc/$!/fd 2>/dev/null | grep -q fatiar-; do sleep 0.01; done; "
         "kill -TERM $!; wait $!; echo $?; rm cano");
     EXPECT_EQ(piped.out + piped.err, "143\n");
     EXPECT_EQ(workshop.Listing(), before);
