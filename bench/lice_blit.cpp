@@ -90,7 +90,7 @@ int main(int argc, char** argv) {
     for (const Size& size : Sizes) {
         const auto add = [&](const char* what, auto run, auto... arguments) {
             const std::string name = std::string(size.name) + "_" + what;
-            benchmark::RegisterBenchmark(name.c_str(), run, size, arguments...)->Repetitions(5);
+            benchmark::RegisterBenchmark(name.c_str(), run, size, arguments...);
         };
         add("alpha_any", Ours, Alphas::Any, 1.0f, LICE_BLIT_USE_ALPHA);
         add("alpha_any_pixman", Pixman, Alphas::Any, PIXMAN_OP_OVER);

@@ -68,8 +68,8 @@ int main(int argc, char** argv) {
                  {"translucent", Fill<12>},
                  {"pixman_translucent", PixmanOver}};
     for (const auto& [name, work] : kinds) {
-        benchmark::RegisterBenchmark((std::string("panel_") + name).c_str(), Run, work, 320, 659)->Repetitions(5);
-        benchmark::RegisterBenchmark((std::string("button_") + name).c_str(), Run, work, 35, 36)->Repetitions(5);
+        benchmark::RegisterBenchmark((std::string("panel_") + name).c_str(), Run, work, 320, 659);
+        benchmark::RegisterBenchmark((std::string("button_") + name).c_str(), Run, work, 35, 36);
     }
     return RunWithRatios(
         argc, argv,

@@ -62,8 +62,7 @@ int main(int argc, char** argv) {
     } kinds[] = {{"soft_12", Ours, 12, true},     {"cairo_soft_12", Cairo, 12, true},
                  {"soft_120", Ours, 120, true},   {"cairo_soft_120", Cairo, 120, true},
                  {"plain_120", Ours, 120, false}, {"cairo_plain_120", Cairo, 120, false}};
-    for (const auto& [name, work, radius, aa] : kinds)
-        benchmark::RegisterBenchmark(name, work, radius, aa)->Repetitions(5);
+    for (const auto& [name, work, radius, aa] : kinds) benchmark::RegisterBenchmark(name, work, radius, aa);
     return RunWithRatios(argc, argv,
                          {{"Anti-aliased lines of 12 pixels: speed, of Cairo's", "cairo_soft_12", "soft_12", 4},
                           {"Anti-aliased lines of 120 pixels: speed, of Cairo's", "cairo_soft_120", "soft_120", 4},

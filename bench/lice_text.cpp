@@ -120,7 +120,7 @@ void Pixman(benchmark::State& state, const char* text) {
 int main(int argc, char** argv) {
     for (const auto& [size, text] : {std::pair{"9", Nine}, std::pair{"12", Twelve}}) {
         const auto add = [size = std::string("/") + size](const char* name, auto... what) {
-            benchmark::RegisterBenchmark((name + size).c_str(), what...)->Repetitions(5);
+            benchmark::RegisterBenchmark((name + size).c_str(), what...);
         };
         add("draw", Draw, text, FromTheLeft);
         add("draw_centred", Draw, text, Centred);

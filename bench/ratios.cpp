@@ -6,6 +6,7 @@
 #include <iostream>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -67,8 +68,15 @@ void Print(const Ratio& ratio, const std::map<std::string, double>& seconds) {
 }  // namespace
 
 int RunWithRatios(int argc, char** argv, const std::vector<Ratio>& ratios) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    // Many short repetitions that take turns: what else the machine does meanwhile falls on both sides of a ratio.
+    std::vector<std::string> flags = {"--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=25",
+                                      "--benchmark_min_time=0.08"};
+    std::vector<char*> arguments = {argv[0]};
+    for (std::string& flag : flags) arguments.push_back(flag.data());
+    arguments.insert(arguments.end(), argv + 1, argv + argc);
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
     FastestRuns fastest;
     benchmark::RunSpecifiedBenchmarks(&fastest);
     benchmark::Shutdown();

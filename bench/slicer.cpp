@@ -170,8 +170,7 @@ int main(int argc, char** argv) {
                 const std::string where = resident ? "cached_" : "memory_";
                 const std::string name = where + (samples == &silence ? "silence_" : "speech_") + loop;
                 benchmark::RegisterBenchmark(name.c_str(), Run, work, *samples, resident)
-                    ->Unit(benchmark::kMillisecond)
-                    ->Repetitions(7);
+                    ->Unit(benchmark::kMillisecond);
             }
     std::printf("Silent windows of the speech: %.1f %% of the minute, %.1f %% of its first chunk\n",
                 SilentShare(speech.data(), Minute), SilentShare(speech.data(), Chunk));
