@@ -157,10 +157,13 @@ class FileSource : public simhost::Source {
     }
 
   private:
-    // A coding that can only be read onwards is unpacked at the first step aside; who reads straight through never
-    // pays.
+    // A coding that can only be read onwards is opened anew for its start, and unpacked at the first step elsewhere.
     bool GoTo(int64_t frame) {
-        if (!FindsAnyFrame(info_)) file_ = Unpack(path_, &info_);
+        if (!FindsAnyFrame(info_)) {
+            info_ = {};
+            file_ = frame == 0 ? SndfileRef(sf_open(path_.c_str(), SFM_READ, &info_)) : Unpack(path_, &info_);
+            if (frame == 0) return file_ != nullptr;
+        }
         return file_ && sf_seek(file_.get(), frame, SEEK_SET) == frame;
     }
 

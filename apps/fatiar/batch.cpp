@@ -77,7 +77,7 @@ void Batch::Work(const std::vector<Input>& together) {
     }
     for (const Input& input : together)
         job.recordings.push_back(OpenRecording(input, options_, together.size() == 1 ? &progress_ : nullptr));
-    const Levels levels = Slice(job);
+    const std::shared_ptr<Listener> all = Slice(job);
 
     progress_.Begin(Counted("gravando"), job.cut.Written() * static_cast<int64_t>(together.size()));
     WriteSound(job, outputs, progress_);
@@ -89,10 +89,10 @@ void Batch::Work(const std::vector<Input>& together) {
 
     for (size_t k = 0; k < options_.lists.size(); ++k)
         if (targets_.InOneList(options_.lists[k])) listed_[k].push_back(Listed(job, 0, options_.lists[k].path));
-    Doubt(job, levels);
+    Doubt(job, *all);
 }
 
-void Batch::Doubt(const Job& job, const Levels& all) const {
+void Batch::Doubt(const Job& job, Listener& all) const {
     const auto say = [](const std::string& who, const std::string& doubt) {
         SayOnError("aviso: " + who + ": " + doubt);
     };
@@ -101,15 +101,14 @@ void Batch::Doubt(const Job& job, const Levels& all) const {
         const std::string quoted = "'" + recording.label + "'";
         const double seconds = recording.source->Length(), share = recording.facts.promisedShare;
         if (share > 1) say(quoted, DoubtHeader(share * seconds, seconds));
-        if (const Levels own = recording.source->Heard(); Silent(own, options_))
-            say(quoted, DoubtSilence(own, options_));
+        if (Silent(*recording.source, options_)) say(quoted, DoubtSilence(*recording.source, options_));
     }
     if (Silent(all, options_)) return;
     const std::string who = job.recordings.size() == 1 ? first : first + " e as outras";
     for (const std::string& doubt : DoubtCut(job.cut, all, options_)) say(who, doubt);
 }
 
-Levels Batch::Slice(Job& job) {
+std::shared_ptr<Listener> Batch::Slice(Job& job) {
     std::vector<simhost::SourceRef> sources;
     for (const Recording& recording : job.recordings) {
         sources.push_back(recording.source);
@@ -125,7 +124,7 @@ Levels Batch::Slice(Job& job) {
     ThrowWhenInterrupted();
     for (const Recording& recording : job.recordings)
         Expect(!recording.source->Failed(), "'" + recording.label + "' nao pode ser lido ate o fim");
-    return all->Heard();
+    return all;
 }
 
 void Batch::Tell(const Job& job, Outputs& outputs) {

@@ -20,8 +20,8 @@ class Batch {
   private:
     bool Attempt(const std::vector<Input>& together);  // false: it failed, which was said
     void Work(const std::vector<Input>& together);
-    void Doubt(const Job& job, const Levels& all) const;
-    Levels Slice(Job& job);
+    void Doubt(const Job& job, Listener& all) const;
+    std::shared_ptr<Listener> Slice(Job& job);  // all recordings, as they were heard together
     void Tell(const Job& job, Outputs& outputs);
     std::string Counted(const char* what) const;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "apps/fatiar/levels.h"
 #include "apps/fatiar/text.h"
 
 namespace {
@@ -27,11 +28,12 @@ std::string Advice(const Levels& levels, double threshold, bool lower, const std
 
 }  // namespace
 
-bool Silent(const Levels& levels, const Options& options) {
-    return levels.known && (levels.loudest == 0 || Decibels(levels.loudest) < options.thresholdDb);
+bool Silent(Listener& recording, const Options& options) {
+    return recording.HeardToItsEnd() && !Reaches(recording, std::pow(10.0, options.thresholdDb / 20.0));
 }
 
-std::string DoubtSilence(const Levels& levels, const Options& options) {
+std::string DoubtSilence(Listener& recording, const Options& options) {
+    const Levels levels = Hear(recording);
     if (levels.loudest == 0) return "so ha silencio, do comeco ao fim; confira o microfone ou o canal gravado";
     return Formatted("so ha silencio: nada chega a %g dB; ", options.thresholdDb) +
            Advice(levels, options.thresholdDb, true,
@@ -43,16 +45,17 @@ std::string DoubtHeader(double promisedSeconds, double seconds) {
                      seconds);
 }
 
-std::vector<std::string> DoubtCut(const Cut& cut, const Levels& levels, const Options& options) {
+std::vector<std::string> DoubtCut(const Cut& cut, Listener& recording, const Options& options) {
     const double removed = 1 - static_cast<double>(cut.Kept()) / static_cast<double>(cut.recorded);
     const double threshold = options.thresholdDb, lower = std::max<double>(threshold - 6, LowestThreshold);
     if (removed > MuchRemoved)
         return {Formatted("saiu quase tudo (%.1f%%); ", 100 * removed) +
-                Advice(levels, threshold, true, Formatted("tente --piso %g", lower))};
+                Advice(Hear(recording), threshold, true, Formatted("tente --piso %g", lower))};
     if (removed > 0) return {};
-    if (!levels.known) return {"nada foi cortado: a gravacao e curta ou longa demais; tente junta-la ou parti-la"};
+    if (!recording.HeardToItsEnd())
+        return {"nada foi cortado: a gravacao e curta ou longa demais; tente junta-la ou parti-la"};
     const bool grown = options.beforeMs + options.afterMs > 0;
-    return {"nada foi cortado; " + Advice(levels, threshold, false,
+    return {"nada foi cortado; " + Advice(Hear(recording), threshold, false,
                                           grown ? "tente menos --margem ou --pausa"
                                                 : Formatted("tente um --bloco menor que %d", options.blockMs))};
 }

@@ -8,8 +8,8 @@
 #include "apps/fatiar/listener.h"
 #include "apps/fatiar/options.h"
 
-bool Silent(const Levels& levels, const Options& options);  // throughout
-std::string DoubtSilence(const Levels& levels, const Options& options);
+bool Silent(Listener& recording, const Options& options);  // throughout; not one that was never heard
+std::string DoubtSilence(Listener& recording, const Options& options);
 std::string DoubtHeader(double promisedSeconds, double seconds);
-std::vector<std::string> DoubtCut(const Cut& cut, const Levels& levels,
+std::vector<std::string> DoubtCut(const Cut& cut, Listener& recording,
                                   const Options& options);  // of what is not silent

@@ -1,20 +1,10 @@
 #include "apps/fatiar/listener.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "apps/fatiar/interrupt.h"
 
 namespace {
-
-double PeakOf(const double* samples, size_t count) {
-    double peaks[4] = {};  // four chains at once, because each step waits for the one before it
-    size_t i = 0;
-    for (; i + 4 <= count; i += 4)
-        for (size_t k = 0; k < 4; ++k) peaks[k] = std::max(peaks[k], std::fabs(samples[i + k]));
-    for (; i < count; ++i) peaks[0] = std::max(peaks[0], std::fabs(samples[i]));
-    return std::max({peaks[0], peaks[1], peaks[2], peaks[3]});
-}
 
 class Joined : public simhost::Source {
   public:
@@ -43,10 +33,7 @@ class Joined : public simhost::Source {
 }  // namespace
 
 Listener::Listener(simhost::SourceRef inner, Progress* progress)
-    : Source(inner->SampleRate(), inner->Channels(), inner->Frames()),
-      inner_(std::move(inner)),
-      progress_(progress),
-      windowFrames_(std::max(1, static_cast<int>(SampleRate() * 0.01))) {}
+    : Source(inner->SampleRate(), inner->Channels(), inner->Frames()), inner_(std::move(inner)), progress_(progress) {}
 
 bool Listener::ReadInside(int64_t first, int frames, double* out) {
     if (InterruptedBy()) return false;  // nobody waits for the rest
@@ -55,32 +42,10 @@ bool Listener::ReadInside(int64_t first, int frames, double* out) {
         return false;
     }
     const int64_t fresh = first + frames - heard_;
-    if (first <= heard_ && fresh > 0) Listen(out + (heard_ - first) * Channels(), static_cast<int>(fresh));
+    if (first > heard_ || fresh <= 0) return true;
+    heard_ += fresh;
+    if (progress_) progress_->Advance(fresh);
     return true;
-}
-
-void Listener::Listen(const double* samples, int frames) {
-    heard_ += frames;
-    if (progress_) progress_->Advance(frames);
-    while (frames > 0) {
-        const int n = std::min(frames, windowFrames_ - filled_);
-        const auto count = static_cast<size_t>(n) * Channels();
-        peak_ = std::max(peak_, PeakOf(samples, count));
-        samples += count;
-        frames -= n;
-        filled_ += n;
-        if (filled_ < windowFrames_ && heard_ - frames < Frames()) continue;
-        peaks_.push_back(static_cast<float>(peak_));
-        loudest_ = std::max(loudest_, peak_);
-        peak_ = filled_ = 0;
-    }
-}
-
-Levels Listener::Heard() {
-    if (peaks_.empty() || heard_ < Frames()) return {};
-    const auto tenth = peaks_.begin() + static_cast<ptrdiff_t>(peaks_.size() / 10);
-    std::nth_element(peaks_.begin(), tenth, peaks_.end());
-    return {*tenth, loudest_, true};
 }
 
 simhost::SourceRef SideBySide(std::vector<simhost::SourceRef> sources) {
