@@ -100,7 +100,8 @@ int main(int argc, char** argv) {
         for (const int items : {Few, Many})
             benchmark::RegisterBenchmark((items == Few ? few : many)[name].c_str(), Run, command, items)
                 ->Unit(benchmark::kMillisecond)
-                ->Iterations(items == Few ? 5 : 1);
+                ->Iterations(items == Few ? 5 : 1)
+                ->Repetitions(3);
         const double goal = name == "MvClipCima" || name == "ExcluirRipple" ? 0 : 15;
         ratios.push_back({what[name].c_str(), many[name].c_str(), few[name].c_str(), goal, true});
     }

@@ -148,7 +148,7 @@ int main(int argc, char** argv) {
     for (const auto& [name, pieces] : {std::pair{"10_min", 1000}, {"1_hour", 6000}, {"3_hours", 18000}})
         benchmark::RegisterBenchmark(name, Recompute, pieces)->Unit(benchmark::kMillisecond);
     for (const auto& [name, glued] : {std::pair{"recorded", false}, {"glued", true}})
-        benchmark::RegisterBenchmark(name, Analyse, glued)->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(name, Analyse, glued)->Unit(benchmark::kMillisecond)->Repetitions(5);
     return RunWithRatios(argc, argv,
                          {{"1 hour / 10 minutes (linear: 6)", "1_hour", "10_min", 7, true},
                           {"3 hours / 1 hour (linear: 3)", "3_hours", "1_hour", 3.5, true},
