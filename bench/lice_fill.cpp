@@ -26,18 +26,14 @@ void Memset(Surface& s) {
     memset(s.bitmap.getBits(), 0x55, static_cast<size_t>(s.width) * s.height * sizeof(LICE_pixel));
 }
 
-void Clear(Surface& s) {
-    LICE_Clear(&s.bitmap, Color);
-}
+void Clear(Surface& s) { LICE_Clear(&s.bitmap, Color); }
 
 template <int percent>
 void Fill(Surface& s) {
     LICE_FillRect(&s.bitmap, 0, 0, s.width, s.height, Color, static_cast<float>(percent) / 100.0f, 0);
 }
 
-void PixmanFill(Surface& s) {
-    pixman_fill(s.bitmap.getBits(), s.width, 32, 0, 0, s.width, s.height, Color);
-}
+void PixmanFill(Surface& s) { pixman_fill(s.bitmap.getBits(), s.width, 32, 0, 0, s.width, s.height, Color); }
 
 void PixmanOver(Surface& s) {
     const auto part = [](int channel) { return static_cast<uint16_t>(channel * 257 * Translucent); };

@@ -134,6 +134,4 @@ const std::vector<Ratio> Ratios = {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    return RunWithRatios(argc, argv, Ratios);
-}
+int main(int argc, char** argv) { return RunWithRatios(argc, argv, Ratios); }

@@ -68,13 +68,9 @@ static void Cutucar(double segundos, const char* titulo) {
     host::UpdateArrange();
 }
 
-void MvClipEsq() {
-    Cutucar(-0.01, "Move Clip Esq");
-}
+void MvClipEsq() { Cutucar(-0.01, "Move Clip Esq"); }
 
-void MvClipDir() {
-    Cutucar(0.01, "Move Clip Dir");
-}
+void MvClipDir() { Cutucar(0.01, "Move Clip Dir"); }
 
 // The unselected item of the track that starts nearest before (or after) `inicio`, strictly; null when there is none.
 // To the left, a start at or before -1.0 is none.
@@ -128,10 +124,6 @@ static void ColarClips(bool esquerda) {
     host::UpdateArrange();
 }
 
-void ColaClipEsq() {
-    ColarClips(true);
-}
+void ColaClipEsq() { ColarClips(true); }
 
-void ColaClipDir() {
-    ColarClips(false);
-}
+void ColaClipDir() { ColarClips(false); }

@@ -10,9 +10,7 @@ static bool TodosMudos(int quantos) {
     return quantos > 0;
 }
 
-bool TodosItensMudos() {
-    return TodosMudos(host::CountSelectedMediaItems(0));
-}
+bool TodosItensMudos() { return TodosMudos(host::CountSelectedMediaItems(0)); }
 
 // A mixed selection is muted as a whole; only one that is muted throughout is unmuted.
 void MuteClip() {
@@ -25,9 +23,7 @@ void MuteClip() {
 }
 
 // Bit 24 tells the host that the colour counts: black is a colour, 0 is none.
-static double CorDoHost(int r, int g, int b) {
-    return host::ColorToNative(r, g, b) | 0x1000000;
-}
+static double CorDoHost(int r, int g, int b) { return host::ColorToNative(r, g, b) | 0x1000000; }
 
 static void PintarItens(int quantos, double cor) {
     ParaCadaSelecionado(quantos, [cor](MediaItem* item) { host::SetMediaItemInfo_Value(item, "I_CUSTOMCOLOR", cor); });

@@ -8,9 +8,7 @@ static void SelecionarOnde(Criterio criterio) {
     ParaCadaItem([&criterio](MediaItem* item) { host::SetMediaItemSelected(item, criterio(item)); });
 }
 
-static bool EmFaixaSelecionada(MediaItem* item) {
-    return FaixaSelecionada(host::GetMediaItem_Track(item));
-}
+static bool EmFaixaSelecionada(MediaItem* item) { return FaixaSelecionada(host::GetMediaItem_Track(item)); }
 
 void SelecionarTodosProjeto() {
     const BlocoDeDesfazer bloco("Selecionar Todos os Itens");
@@ -38,21 +36,13 @@ static void SelecionarPorCursor(bool depois, bool soNaFaixa, const char* titulo)
     host::UpdateArrange();
 }
 
-void SelecionarAntesCursor() {
-    SelecionarPorCursor(false, false, "Selecionar Antes do Cursor");
-}
+void SelecionarAntesCursor() { SelecionarPorCursor(false, false, "Selecionar Antes do Cursor"); }
 
-void SelecionarDepoisCursor() {
-    SelecionarPorCursor(true, false, "Selecionar Depois do Cursor");
-}
+void SelecionarDepoisCursor() { SelecionarPorCursor(true, false, "Selecionar Depois do Cursor"); }
 
-void SelecionarAntesCursorFaixa() {
-    SelecionarPorCursor(false, true, "Selecionar Antes do Cursor (Faixa)");
-}
+void SelecionarAntesCursorFaixa() { SelecionarPorCursor(false, true, "Selecionar Antes do Cursor (Faixa)"); }
 
-void SelecionarDepoisCursorFaixa() {
-    SelecionarPorCursor(true, true, "Selecionar Depois do Cursor (Faixa)");
-}
+void SelecionarDepoisCursorFaixa() { SelecionarPorCursor(true, true, "Selecionar Depois do Cursor (Faixa)"); }
 
 // The item's place on its track; -1 when the track does not list it.
 static int IndiceNaFaixa(MediaTrack* faixa, int quantos, MediaItem* item) {

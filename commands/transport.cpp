@@ -21,17 +21,11 @@ static bool AlgumaFaixaArmada() {
     return armada;
 }
 
-bool GravacaoEmCurso() {
-    return (host::GetPlayState() & 4) == 4;
-}
+bool GravacaoEmCurso() { return (host::GetPlayState() & 4) == 4; }
 
-bool BotaoGravarAtivo() {
-    return host::GetToggleCommandState(acao::Gravar) == 1;
-}
+bool BotaoGravarAtivo() { return host::GetToggleCommandState(acao::Gravar) == 1; }
 
-bool TocandoSemGravar() {
-    return (host::GetPlayState() & 1) != 0 && !BotaoGravarAtivo();
-}
+bool TocandoSemGravar() { return (host::GetPlayState() & 1) != 0 && !BotaoGravarAtivo(); }
 
 void ExecutarGravacao() {
     if (BotaoGravarAtivo()) {

@@ -21,9 +21,7 @@ struct RegistroRipple {
 };
 
 // False: the host keeps the item, and then nothing moves on its account.
-bool ExcluirItem(MediaTrack* faixa, MediaItem* item) {
-    return faixa && host::DeleteTrackMediaItem(faixa, item);
-}
+bool ExcluirItem(MediaTrack* faixa, MediaItem* item) { return faixa && host::DeleteTrackMediaItem(faixa, item); }
 
 // The one selected item, cut at the cursor inside it.
 struct Corte {
@@ -78,9 +76,7 @@ struct Buraco {
     double inicio, comprimento;
 };
 
-void Seguir(double& inicio, const Buraco& buraco) {
-    inicio -= inicio > buraco.inicio ? buraco.comprimento : 0.0;
-}
+void Seguir(double& inicio, const Buraco& buraco) { inicio -= inicio > buraco.inicio ? buraco.comprimento : 0.0; }
 
 // Deletes the recorded items of one track, earliest first.
 std::vector<Buraco> Excluir(MediaTrack* faixa, std::vector<RegistroRipple>& registros) {
@@ -131,13 +127,9 @@ void TrimEsquerda() {
     });
 }
 
-void CortarE() {
-    CortarPelaAcao(acao::ApararBordaEsquerda, "Cortar Esquerda");
-}
+void CortarE() { CortarPelaAcao(acao::ApararBordaEsquerda, "Cortar Esquerda"); }
 
-void CortarD() {
-    CortarPelaAcao(acao::ApararBordaDireita, "Cortar Direita");
-}
+void CortarD() { CortarPelaAcao(acao::ApararBordaDireita, "Cortar Direita"); }
 
 void SplitNoCursor() {
     const double cursor = host::GetCursorPosition();

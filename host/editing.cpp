@@ -5,9 +5,7 @@ int IndiceDaFaixa(MediaTrack* faixa) {
     return numero >= 1 && numero < 2147483647 ? static_cast<int>(numero) - 1 : -1;
 }
 
-bool FaixaSelecionada(MediaTrack* faixa) {
-    return faixa && host::GetMediaTrackInfo_Value(faixa, "I_SELECTED") > 0.5;
-}
+bool FaixaSelecionada(MediaTrack* faixa) { return faixa && host::GetMediaTrackInfo_Value(faixa, "I_SELECTED") > 0.5; }
 
 MediaTrack* FaixaDoEscopo() {
     if (host::CountSelectedMediaItems(0) > 0)

@@ -9,9 +9,7 @@
 #include "host/actions.h"
 #include "host/api.h"
 
-inline void ExecutarAcao(int id) {
-    host::Main_OnCommand(id, 0);
-}
+inline void ExecutarAcao(int id) { host::Main_OnCommand(id, 0); }
 
 // A host action as a command without arguments.
 template <int id>
@@ -19,9 +17,7 @@ void Acao() {
     ExecutarAcao(id);
 }
 
-inline void Mensagem(const char* texto, const char* titulo) {
-    host::ShowMessageBox(texto, titulo, 0);
-}
+inline void Mensagem(const char* texto, const char* titulo) { host::ShowMessageBox(texto, titulo, 0); }
 inline bool Confirmar(const char* pergunta, const char* titulo) {
     constexpr int simOuNao = 4, sim = 6;
     return host::ShowMessageBox(pergunta, titulo, simOuNao) == sim;
@@ -53,19 +49,13 @@ class TelaParada {
     TelaParada& operator=(const TelaParada&) = delete;
 };
 
-inline double InicioDoItem(MediaItem* item) {
-    return host::GetMediaItemInfo_Value(item, "D_POSITION");
-}
-inline double ComprimentoDoItem(MediaItem* item) {
-    return host::GetMediaItemInfo_Value(item, "D_LENGTH");
-}
+inline double InicioDoItem(MediaItem* item) { return host::GetMediaItemInfo_Value(item, "D_POSITION"); }
+inline double ComprimentoDoItem(MediaItem* item) { return host::GetMediaItemInfo_Value(item, "D_LENGTH"); }
 inline double FimDoItem(MediaItem* item) {
     const double inicio = InicioDoItem(item);
     return inicio + ComprimentoDoItem(item);
 }
-inline void MoverItem(MediaItem* item, double inicio) {
-    host::SetMediaItemInfo_Value(item, "D_POSITION", inicio);
-}
+inline void MoverItem(MediaItem* item, double inicio) { host::SetMediaItemInfo_Value(item, "D_POSITION", inicio); }
 
 int IndiceDaFaixa(MediaTrack* faixa);      // from 0; negative when the host does not know the track
 bool FaixaSelecionada(MediaTrack* faixa);  // false for null

@@ -25,17 +25,13 @@ int ScaledSide(int side, int scale) {
 
 }  // namespace
 
-int LICE_ScaleCoord(int value, int scale) {
-    return HeldInInt(int64_t{value} * scale / 256);
-}
+int LICE_ScaleCoord(int value, int scale) { return HeldInInt(int64_t{value} * scale / 256); }
 
 unsigned LICE_ScaleSize(int value, int scale) {
     return static_cast<unsigned>(std::min(static_cast<uint64_t>(int64_t{value} * scale >> 8), uint64_t{0xFFFFFFFF}));
 }
 
-double LICE_ScaleFloat(double value, int scale) {
-    return value * scale / 256.0;
-}
+double LICE_ScaleFloat(double value, int scale) { return value * scale / 256.0; }
 
 LICE_SysBitmap::LICE_SysBitmap(int width, int height) : dc_(CreateCompatibleDC(nullptr)) {
     LICE_SysBitmap::resize(width, height);
@@ -123,17 +119,13 @@ LICE_MemBitmap::LICE_MemBitmap(int width, int height, int rowAlign)
     if (width > 0 && height > 0) LICE_MemBitmap::resize(width, height);
 }
 
-LICE_MemBitmap::~LICE_MemBitmap() {
-    free(buffer_);
-}
+LICE_MemBitmap::~LICE_MemBitmap() { free(buffer_); }
 
 LICE_pixel* LICE_MemBitmap::getBits() {
     return reinterpret_cast<LICE_pixel*>((reinterpret_cast<uintptr_t>(buffer_) + AlignmentSlack) & ~AlignmentSlack);
 }
 
-int LICE_MemBitmap::getRowSpan() {
-    return static_cast<int>((int64_t{width_} + rowMask_) & ~int64_t{rowMask_});
-}
+int LICE_MemBitmap::getRowSpan() { return static_cast<int>((int64_t{width_} + rowMask_) & ~int64_t{rowMask_}); }
 
 bool LICE_MemBitmap::resize(int width, int height) {
     if (width == width_ && height == height_) return false;

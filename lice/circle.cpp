@@ -11,9 +11,7 @@
 
 namespace {
 
-int Rounded(double value) {
-    return static_cast<int>(std::floor(value + 0.5));
-}
+int Rounded(double value) { return static_cast<int>(std::floor(value + 0.5)); }
 
 // In pixels of the backing store; the row counts as it lies in memory.
 struct Circle {

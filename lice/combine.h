@@ -13,18 +13,12 @@
 #include "lice/safe_math.h"
 
 // A caller's opacity, 1.0 being opaque.
-inline int Opacity(float alpha) {
-    return TruncateToInt(alpha * 256.0);
-}
+inline int Opacity(float alpha) { return TruncateToInt(alpha * 256.0); }
 
 // Formulas are worked out in 64 bits, because any opacity is allowed.
-inline int64_t Clamp255(int64_t value) {
-    return std::clamp<int64_t>(value, 0, 255);
-}
+inline int64_t Clamp255(int64_t value) { return std::clamp<int64_t>(value, 0, 255); }
 
-inline int64_t Channel(LICE_pixel pixel, int shift) {
-    return pixel >> shift & 0xFF;
-}
+inline int64_t Channel(LICE_pixel pixel, int shift) { return pixel >> shift & 0xFF; }
 
 // Each channel becomes the low 8 bits of formula(old, source).
 template <class Formula>

@@ -18,9 +18,7 @@ RECT Scaled(const RECT& r, int scale) {
             LICE_ScaleCoord(r.bottom, scale)};
 }
 
-int Unscaled(int value, int scale) {
-    return HeldInInt(int64_t{value} * 256 / scale);
-}
+int Unscaled(int value, int scale) { return HeldInInt(int64_t{value} * 256 / scale); }
 
 // An opacity that is lowered for the time of a block.
 class LoweredAlpha {
@@ -39,9 +37,7 @@ class LoweredAlpha {
 
 }  // namespace
 
-LICE_CachedFont::LICE_CachedFont() {
-    EnterScratch();
-}
+LICE_CachedFont::LICE_CachedFont() { EnterScratch(); }
 
 LICE_CachedFont::~LICE_CachedFont() {
     DeleteOwnHFont(nullptr);
@@ -68,21 +64,13 @@ void LICE_CachedFont::SetFromHFont(HFONT font, int flags) {
         for (unsigned code = 0; code < 128; ++code) RenderGlyph(glyphs_, style_, font_, code);
 }
 
-LICE_pixel LICE_CachedFont::SetTextColor(LICE_pixel color) {
-    return std::exchange(style_.textColor, color);
-}
+LICE_pixel LICE_CachedFont::SetTextColor(LICE_pixel color) { return std::exchange(style_.textColor, color); }
 
-LICE_pixel LICE_CachedFont::SetBkColor(LICE_pixel color) {
-    return std::exchange(style_.bkColor, color);
-}
+LICE_pixel LICE_CachedFont::SetBkColor(LICE_pixel color) { return std::exchange(style_.bkColor, color); }
 
-LICE_pixel LICE_CachedFont::SetEffectColor(LICE_pixel color) {
-    return std::exchange(style_.effectColor, color);
-}
+LICE_pixel LICE_CachedFont::SetEffectColor(LICE_pixel color) { return std::exchange(style_.effectColor, color); }
 
-int LICE_CachedFont::SetBkMode(int mode) {
-    return std::exchange(style_.bkMode, mode);
-}
+int LICE_CachedFont::SetBkMode(int mode) { return std::exchange(style_.bkMode, mode); }
 
 void LICE_CachedFont::SetCombineMode(int mode, float alpha) {
     style_.combineMode = mode;

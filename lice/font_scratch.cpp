@@ -25,9 +25,7 @@ LICE_SysBitmap& NativeScratch(int width, int height) {
     return *ScratchNative;
 }
 
-void EnterScratch() {
-    ++ScratchUsers;
-}
+void EnterScratch() { ++ScratchUsers; }
 
 void LeaveScratch() {
     if (--ScratchUsers > 0) return;

@@ -23,9 +23,7 @@ int64_t AllocationFor(int newSize, int granularity) {
 
 }  // namespace
 
-HeapBuffer::~HeapBuffer() {
-    std::free(block_);
-}
+HeapBuffer::~HeapBuffer() { std::free(block_); }
 
 void* HeapBuffer::resize(int newSize, bool mayShrink) {
     newSize = std::max(newSize, 0);

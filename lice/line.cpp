@@ -20,9 +20,7 @@ struct Stroke {
 };
 
 // A part of 255 of an opacity.
-int Share(int ia, int part) {
-    return ia == 256 ? part : static_cast<int>(int64_t{ia} * part >> 8);
-}
+int Share(int ia, int part) { return ia == 256 ? part : static_cast<int>(int64_t{ia} * part >> 8); }
 
 // A line passes between a pixel and its neighbour; `moved` is how far it has come to the neighbour, in 1/65536.
 template <class Combine>

@@ -28,9 +28,7 @@ bool HostIsWine() {
     return answer != 0;
 }
 
-COLORREF SystemColor(LICE_pixel color) {
-    return RGB(color >> 16 & 0xFF, color >> 8 & 0xFF, color & 0xFF);
-}
+COLORREF SystemColor(LICE_pixel color) { return RGB(color >> 16 & 0xFF, color >> 8 & 0xFF, color & 0xFF); }
 
 // A text as GDI takes it: wide if it is UTF-8 beyond ASCII, otherwise as it is.
 class NativeText {

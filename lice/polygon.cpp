@@ -12,9 +12,7 @@
 
 namespace {
 
-double Difference(int a, int b) {
-    return static_cast<double>(int64_t{a} - b);
-}
+double Difference(int a, int b) { return static_cast<double>(int64_t{a} - b); }
 
 // --- Trapezoids
 

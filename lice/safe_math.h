@@ -7,9 +7,7 @@
 
 #include "platform/win32.h"
 
-inline int HeldInInt(int64_t value) {
-    return static_cast<int>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX));
-}
+inline int HeldInInt(int64_t value) { return static_cast<int>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX)); }
 
 inline int TruncateToInt(double value) {  // toward zero
     if (value != value) return 0;
@@ -17,17 +15,11 @@ inline int TruncateToInt(double value) {  // toward zero
 }
 
 // Far beyond any surface, with room left in an int for what is added. NaN is not within.
-inline bool WithinReach(double value) {
-    return std::abs(value) < 1 << 30;
-}
+inline bool WithinReach(double value) { return std::abs(value) < 1 << 30; }
 
-inline int64_t WidthOf(const RECT& r) {
-    return int64_t{r.right} - r.left;
-}
+inline int64_t WidthOf(const RECT& r) { return int64_t{r.right} - r.left; }
 
-inline int64_t HeightOf(const RECT& r) {
-    return int64_t{r.bottom} - r.top;
-}
+inline int64_t HeightOf(const RECT& r) { return int64_t{r.bottom} - r.top; }
 
 // Places on one axis, from `start` on. The size is below 1 where there are none.
 struct Extent {

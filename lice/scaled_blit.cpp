@@ -148,9 +148,7 @@ void DrawStretch(Stretch& s, bool filter, int mode, int ia) {
     WithBlitCombine<CopyForms::SolidHalf>(mode, ia, [&](auto combine) { StretchRows(s, gather, combine, ia); });
 }
 
-bool IsNearWhole(double value) {
-    return std::abs(value - std::floor(value + 0.5)) < 0.03;
-}
+bool IsNearWhole(double value) { return std::abs(value - std::floor(value + 0.5)) < 0.03; }
 
 }  // namespace
 

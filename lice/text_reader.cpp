@@ -12,9 +12,7 @@ Utf8Character Read(const char* at, int left) {
     return {read.bytes > 3 ? U' ' : read.code, read.bytes, read.wellFormed};
 }
 
-bool IsLetter(unsigned code) {
-    return (code >= 'A' && code <= 'Z') || (code >= 'a' && code <= 'z');
-}
+bool IsLetter(unsigned code) { return (code >= 'A' && code <= 'Z') || (code >= 'a' && code <= 'z'); }
 
 }  // namespace
 

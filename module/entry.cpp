@@ -33,9 +33,7 @@ static const FuncaoDeScript FuncoesDeScript[] = {
      "Abre (ou traz pra frente) a janela nativa do painel Quilmo."},
 };
 
-double Quilmo_Teste(double a, double b) {
-    return a + b;
-}
+double Quilmo_Teste(double a, double b) { return a + b; }
 
 void Quilmo_AbrirPainel() {
     Porta("Quilmo_AbrirPainel", 0, [] {

@@ -31,42 +31,26 @@ struct Pincel {
 // Each icon's shape in the square of side s at x, y.
 using Forma = void (*)(const Pincel&, float x, float y, float s);
 
-void Direita(const Pincel& p, float x, float y, float s) {
-    p.Triangulo(x, y, x + s, y + s / 2, x, y + s);
-}
+void Direita(const Pincel& p, float x, float y, float s) { p.Triangulo(x, y, x + s, y + s / 2, x, y + s); }
 
-void Esquerda(const Pincel& p, float x, float y, float s) {
-    p.Triangulo(x + s, y, x + s, y + s, x, y + s / 2);
-}
+void Esquerda(const Pincel& p, float x, float y, float s) { p.Triangulo(x + s, y, x + s, y + s, x, y + s / 2); }
 
-void Cima(const Pincel& p, float x, float y, float s) {
-    p.Triangulo(x + s / 2, y, x + s, y + s, x, y + s);
-}
+void Cima(const Pincel& p, float x, float y, float s) { p.Triangulo(x + s / 2, y, x + s, y + s, x, y + s); }
 
-void Baixo(const Pincel& p, float x, float y, float s) {
-    p.Triangulo(x, y, x + s, y, x + s / 2, y + s);
-}
+void Baixo(const Pincel& p, float x, float y, float s) { p.Triangulo(x, y, x + s, y, x + s / 2, y + s); }
 
 void Pausa(const Pincel& p, float x, float y, float s) {
     p.Retangulo(x, y, 0.3f * s, s);
     p.Retangulo(x + s - 0.3f * s, y, 0.3f * s, s);
 }
 
-void Quadrado(const Pincel& p, float x, float y, float s) {
-    p.Retangulo(x, y, s, s);
-}
+void Quadrado(const Pincel& p, float x, float y, float s) { p.Retangulo(x, y, s, s); }
 
-void Gravar(const Pincel& p, float x, float y, float s) {
-    p.Disco(x + s / 2, y + s / 2, 0.35f * s);
-}
+void Gravar(const Pincel& p, float x, float y, float s) { p.Disco(x + s / 2, y + s / 2, 0.35f * s); }
 
-void Disco(const Pincel& p, float x, float y, float s) {
-    p.Disco(x + s / 2, y + s / 2, s / 2);
-}
+void Disco(const Pincel& p, float x, float y, float s) { p.Disco(x + s / 2, y + s / 2, s / 2); }
 
-float LarguraDaBarra(float s) {
-    return std::max(2.0f, 0.15f * s);
-}
+float LarguraDaBarra(float s) { return std::max(2.0f, 0.15f * s); }
 
 void Inicio(const Pincel& p, float x, float y, float s) {
     const int si = static_cast<int>(s);
@@ -103,22 +87,16 @@ Lente Lupa(const Pincel& p, float x, float y, float s) {
     return l;
 }
 
-void TracoHorizontal(const Pincel& p, const Lente& l, float d) {
-    p.Linha(l.cx - d, l.cy, l.cx + d, l.cy);
-}
+void TracoHorizontal(const Pincel& p, const Lente& l, float d) { p.Linha(l.cx - d, l.cy, l.cx + d, l.cy); }
 
 void Cruz(const Pincel& p, const Lente& l, float d) {
     TracoHorizontal(p, l, d);
     p.Linha(l.cx, l.cy - d, l.cx, l.cy + d);
 }
 
-void LupaMenos(const Pincel& p, float x, float y, float s) {
-    TracoHorizontal(p, Lupa(p, x, y, s), 0.2f * s);
-}
+void LupaMenos(const Pincel& p, float x, float y, float s) { TracoHorizontal(p, Lupa(p, x, y, s), 0.2f * s); }
 
-void LupaMais(const Pincel& p, float x, float y, float s) {
-    Cruz(p, Lupa(p, x, y, s), 0.2f * s);
-}
+void LupaMais(const Pincel& p, float x, float y, float s) { Cruz(p, Lupa(p, x, y, s), 0.2f * s); }
 
 void LupaSelecao(const Pincel& p, float x, float y, float s) {
     const Lente l = Lupa(p, x, y, s);

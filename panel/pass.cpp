@@ -31,9 +31,7 @@ Passe::Passe(HWND janela, HDC dc, const char* pagina) : dc_(dc) {
     LICE_Clear(fundo, CorFundo);
 }
 
-LICE_IBitmap* Passe::Fundo() const {
-    return fundo;
-}
+LICE_IBitmap* Passe::Fundo() const { return fundo; }
 
 Passe::~Passe() {
     BitBlt(dc_, 0, 0, fundo->getWidth(), fundo->getHeight(), fundo->getDC(), 0, 0, SRCCOPY);

@@ -28,17 +28,11 @@ static void Mover20msDir() {
 }
 
 // The Shift key is read at the moment of the click; the status names the plain command in both cases.
-static bool ComShift() {
-    return (GetAsyncKeyState(VK_SHIFT) & 0x8000) != 0;
-}
+static bool ComShift() { return (GetAsyncKeyState(VK_SHIFT) & 0x8000) != 0; }
 
-static void ColarOuMoverEsq() {
-    ComShift() ? Mover20msEsq() : ColaClipEsq();
-}
+static void ColarOuMoverEsq() { ComShift() ? Mover20msEsq() : ColaClipEsq(); }
 
-static void ColarOuMoverDir() {
-    ComShift() ? Mover20msDir() : ColaClipDir();
-}
+static void ColarOuMoverDir() { ComShift() ? Mover20msDir() : ColaClipDir(); }
 
 void LinhaMover(ContextoGrade& contexto) {
     BotaoGrade(contexto, 1, 2, {.rotulo = "MEDIA", .cor = CorNeutra, .dica = "ABRIR/FECHAR O MEDIA EXPLORER"},
@@ -63,13 +57,9 @@ static void BotaoQueRepete(ContextoGrade& contexto, int coluna, const AspectoBot
         AcaoRepetir = direito.comando;
 }
 
-static void EsticarFaixas() {
-    ZoomAllFaixas(true);
-}
+static void EsticarFaixas() { ZoomAllFaixas(true); }
 
-static void AjustarAltura() {
-    ZoomAllFaixas(false);
-}
+static void AjustarAltura() { ZoomAllFaixas(false); }
 
 void LinhaZoom(ContextoGrade& contexto) {
     BotaoQueRepete(contexto, 1,

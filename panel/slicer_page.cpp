@@ -23,18 +23,12 @@ void Recalcular() {
     CancelarOQueEsperou();
 }
 
-void GravarAjustes() {
-    GravarPresets(PresetsFatiador, thresholdDb, blocoMs, fecharLacunas, CaminhoPainel);
-}
+void GravarAjustes() { GravarPresets(PresetsFatiador, thresholdDb, blocoMs, fecharLacunas, CaminhoPainel); }
 
-std::string RotuloDePreset(int n) {
-    return "P" + std::to_string(n);
-}
+std::string RotuloDePreset(int n) { return "P" + std::to_string(n); }
 
 // The page takes no mouse while the prompt is open, nor from a host that lets messages in amid a recomputation.
-bool Congelada() {
-    return SalvarPresetAberto || PreviewEmObra;
-}
+bool Congelada() { return SalvarPresetAberto || PreviewEmObra; }
 
 // A button of the page. True: clicked.
 bool Clicou(ContextoGrade& contexto, const Celula& c, AspectoBotao aspecto) {

@@ -23,13 +23,9 @@ static CorBase CorDoEstado(CorBase cor, bool apertado, bool aceso) {
     return aceso ? Somar(cor, 15) : cor;
 }
 
-static float Brilho(bool aceso) {
-    return aceso ? 1.0f : 0.88f;
-}
+static float Brilho(bool aceso) { return aceso ? 1.0f : 0.88f; }
 
-static float AlfaDoContorno(bool aceso) {
-    return aceso ? 0.12f : 0.03f;
-}
+static float AlfaDoContorno(bool aceso) { return aceso ? 0.12f : 0.03f; }
 
 static LICE_pixel CorDeFundo(CorBase cor, bool aceso) {
     const float brilho = Brilho(aceso);

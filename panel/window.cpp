@@ -19,9 +19,7 @@ static constexpr UINT_PTR TimerDoPainel = 1;  // as long as the window: blink, w
 static constexpr UINT_PTR TimerDeRepeticao = 2;
 static constexpr UINT PeriodoDoPainelMs = 250, PeriodoDeRepeticaoMs = 90;
 
-static void Invalidar(HWND janela) {
-    InvalidateRect(janela, nullptr, FALSE);
-}
+static void Invalidar(HWND janela) { InvalidateRect(janela, nullptr, FALSE); }
 
 // --- Messages
 
@@ -196,9 +194,7 @@ static bool RegistrarClasse(HINSTANCE instancia) {
     return registrada;
 }
 
-bool JanelaPainelAberta() {
-    return JanelaPainel != nullptr;
-}
+bool JanelaPainelAberta() { return JanelaPainel != nullptr; }
 
 void AbrirJanelaPainel(HWND dono, const std::string& caminho) {
     CaminhoPainel = caminho;

@@ -7,9 +7,7 @@
 #include "panel/state.h"
 #include "platform/files.h"
 
-std::string CaminhoJanelaIni() {
-    return CaminhoPainel + PathSeparator + "quilmo_janela.ini";
-}
+std::string CaminhoJanelaIni() { return CaminhoPainel + PathSeparator + "quilmo_janela.ini"; }
 
 // Four numbers are short; what a damaged file holds beyond this length is not looked at.
 static std::string LerComeco(const std::string& caminho) {

@@ -31,13 +31,9 @@ void Colar(Renderizar renderizar) {
 
 }  // namespace
 
-void StereoRender() {
-    Colar(Acao<acao::RenderTakeStereo>);
-}
+void StereoRender() { Colar(Acao<acao::RenderTakeStereo>); }
 
-void MonoRender() {
-    Colar(Acao<acao::RenderTakeMono>);
-}
+void MonoRender() { Colar(Acao<acao::RenderTakeMono>); }
 
 void BounceInteligente() {
     Colar([] {
@@ -71,6 +67,4 @@ void RenderProjeto() {
     ExecutarAcao(acao::RenderizarProjeto);
 }
 
-void AbrirDiretorio() {
-    ExecutarAcao(acao::AbrirPastaDoRender);
-}
+void AbrirDiretorio() { ExecutarAcao(acao::AbrirPastaDoRender); }

@@ -126,9 +126,7 @@ void Host::RunAction(int number) {
     if (!RunRegistered(number)) Violate("there is no action " + std::to_string(number));
 }
 
-void api::Main_OnCommand(int command, int) {
-    Host::Current().RunAction(command);
-}
+void api::Main_OnCommand(int command, int) { Host::Current().RunAction(command); }
 
 int api::GetToggleCommandState(int command) {
     const Host& host = Host::Current();

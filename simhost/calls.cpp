@@ -7,15 +7,9 @@ namespace simhost {
 
 // --- values as a trace tells them
 
-static std::string NameOf(const Track& track) {
-    return track.name;
-}
-static std::string NameOf(const Item& item) {
-    return item.Name();
-}
-static std::string NameOf(const Take& take) {
-    return take.name;
-}
+static std::string NameOf(const Track& track) { return track.name; }
+static std::string NameOf(const Item& item) { return item.Name(); }
+static std::string NameOf(const Take& take) { return take.name; }
 
 template <class T>
 static std::string Named(const void* handle, Kind kind) {
@@ -24,43 +18,21 @@ static std::string Named(const void* handle, Kind kind) {
     return std::string(NameOf(kind)) + ' ' + (owner ? NameOf(*static_cast<const T*>(owner)) : '(' + why + ')');
 }
 
-static std::string Spelled(bool value) {
-    return value ? "true" : "false";
-}
-static std::string Spelled(int value) {
-    return std::to_string(value);
-}
+static std::string Spelled(bool value) { return value ? "true" : "false"; }
+static std::string Spelled(int value) { return std::to_string(value); }
 static std::string Spelled(double value) {  // the shortest that reads back the same
     char text[32];
     return {text, std::to_chars(text, text + sizeof text, value).ptr};
 }
-static std::string Spelled(const char* text) {
-    return text ? '"' + std::string(text) + '"' : "null";
-}
-static std::string Spelled(ReaProject*) {
-    return "0";
-}
-static std::string Spelled(MediaTrack* t) {
-    return Named<Track>(t, Kind::Track);
-}
-static std::string Spelled(MediaItem* i) {
-    return Named<Item>(i, Kind::Item);
-}
-static std::string Spelled(MediaItem_Take* t) {
-    return Named<Take>(t, Kind::Take);
-}
-static std::string Spelled(PCM_source* s) {
-    return Named<Take>(s, Kind::Source);
-}
-static std::string Spelled(AudioAccessor*) {
-    return "accessor";
-}
-static std::string Spelled(HWND) {
-    return "window";
-}
-static std::string Spelled(const void* pointer) {
-    return pointer ? "&" : "null";
-}
+static std::string Spelled(const char* text) { return text ? '"' + std::string(text) + '"' : "null"; }
+static std::string Spelled(ReaProject*) { return "0"; }
+static std::string Spelled(MediaTrack* t) { return Named<Track>(t, Kind::Track); }
+static std::string Spelled(MediaItem* i) { return Named<Item>(i, Kind::Item); }
+static std::string Spelled(MediaItem_Take* t) { return Named<Take>(t, Kind::Take); }
+static std::string Spelled(PCM_source* s) { return Named<Take>(s, Kind::Source); }
+static std::string Spelled(AudioAccessor*) { return "accessor"; }
+static std::string Spelled(HWND) { return "window"; }
+static std::string Spelled(const void* pointer) { return pointer ? "&" : "null"; }
 
 // --- one call: it is the running function until it returns, also when it calls back into the extension
 

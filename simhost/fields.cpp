@@ -45,9 +45,7 @@ static double Formed(Form form, double value) {
     return value;
 }
 
-static std::string_view Text(const char* key) {
-    return key ? key : "";
-}
+static std::string_view Text(const char* key) { return key ? key : ""; }
 
 // Null, with a violation, when there is no such key.
 template <class Thing, size_t n>

@@ -66,9 +66,7 @@ Host::Host() : record_{VersaoDoHost, nullptr, Register, GetFunc} {
     for (const char* key : {"RENDER_FILE", "RENDER_PATTERN", "RENDER_FORMAT", "RENDER_FORMAT2"}) project.texts[key];
 }
 
-Host::~Host() {
-    current = nullptr;
-}
+Host::~Host() { current = nullptr; }
 
 Host& Host::Current() {
     if (!current) Abort("a host function was called while no host lives");
@@ -112,8 +110,6 @@ void* Host::Owner(const void* handle, Kind kind) {
     return owner;
 }
 
-bool Host::Know(ReaProject* handle) {
-    return !handle || Owner(handle, Kind::Project) == this;
-}
+bool Host::Know(ReaProject* handle) { return !handle || Owner(handle, Kind::Project) == this; }
 
 }  // namespace simhost

@@ -5,12 +5,8 @@
 
 namespace simhost {
 
-static MediaItem* HandleOrNull(Item* item) {
-    return item ? Host::Handle(*item) : nullptr;
-}
-static MediaItem_Take* HandleOrNull(Take* take) {
-    return take ? Host::Handle(*take) : nullptr;
-}
+static MediaItem* HandleOrNull(Item* item) { return item ? Host::Handle(*item) : nullptr; }
+static MediaItem_Take* HandleOrNull(Take* take) { return take ? Host::Handle(*take) : nullptr; }
 
 int api::CountMediaItems(ReaProject* project) {
     Host& host = Host::Current();

@@ -7,9 +7,7 @@
 
 namespace simhost {
 
-static double OnFrame(double seconds, int rate) {
-    return std::floor(seconds * rate + 0.5) / rate;
-}
+static double OnFrame(double seconds, int rate) { return std::floor(seconds * rate + 0.5) / rate; }
 
 int64_t MixRange::Frames() const {
     const double frames = std::floor((end - start) * rate + 0.5);

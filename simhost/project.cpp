@@ -11,17 +11,13 @@ static uint64_t NewGuid() {
 }
 
 // Also a total order for positions that are not numbers, which stand last.
-static bool Earlier(double a, double b) {
-    return a < b || (a == a && b != b);
-}
+static bool Earlier(double a, double b) { return a < b || (a == a && b != b); }
 
 Take* Item::Active() {
     return takes.empty() ? nullptr : &*takes[std::clamp<int>(activeTake, 0, static_cast<int>(takes.size()) - 1)];
 }
 
-const Take* Item::Active() const {
-    return const_cast<Item*>(this)->Active();
-}
+const Take* Item::Active() const { return const_cast<Item*>(this)->Active(); }
 
 std::string Item::Name() const {
     const Take* take = Active();
@@ -61,9 +57,7 @@ void TrackList::Renumber() {
     Changed();
 }
 
-Track* TrackList::At(int index) {
-    return index >= 0 && index < Count() ? &*tracks_[index] : nullptr;
-}
+Track* TrackList::At(int index) { return index >= 0 && index < Count() ? &*tracks_[index] : nullptr; }
 
 Track& TrackList::Insert(int index, Track track) {
     if (!track.guid) track.guid = NewGuid();
@@ -107,9 +101,7 @@ const std::vector<Item*>& TrackList::Listed(List& list, bool onlySelected) {
     return list.items;
 }
 
-Item* TrackList::ItemAt(int index) {
-    return index >= 0 && index < itemCount_ ? Items()[index] : nullptr;
-}
+Item* TrackList::ItemAt(int index) { return index >= 0 && index < itemCount_ ? Items()[index] : nullptr; }
 
 // How many of the items, which are sorted, stand where `before` is true.
 template <class Test>
@@ -158,9 +150,7 @@ Item& TrackList::Add(Track& track, Item item) {
     return Attach(track, std::move(box));
 }
 
-void TrackList::Remove(Item& item) {
-    Detach(item);
-}
+void TrackList::Remove(Item& item) { Detach(item); }
 
 void TrackList::MoveTo(Item& item, Track& track) {
     if (item.track != &track) Attach(track, Detach(item));

@@ -6,9 +6,7 @@
 
 namespace simhost {
 
-double api::GetCursorPosition() {
-    return Host::Current().project.cursor;
-}
+double api::GetCursorPosition() { return Host::Current().project.cursor; }
 
 void api::SetEditCurPos(double seconds, bool, bool seekPlay) {
     Host& host = Host::Current();
@@ -131,21 +129,13 @@ int api::projectconfig_var_getoffs(const char* name, int* size) {
     return 0;
 }
 
-int api::ColorToNative(int red, int green, int blue) {
-    return (red & 255) | (green & 255) << 8 | (blue & 255) << 16;
-}
+int api::ColorToNative(int red, int green, int blue) { return (red & 255) | (green & 255) << 8 | (blue & 255) << 16; }
 
-HWND api::GetMainHwnd() {
-    return Host::Current().mainWindow;
-}
+HWND api::GetMainHwnd() { return Host::Current().mainWindow; }
 
-const char* api::GetOS() {
-    return "Win64";
-}
+const char* api::GetOS() { return "Win64"; }
 
-const char* api::GetResourcePath() {
-    return Host::Current().resourcePath.c_str();
-}
+const char* api::GetResourcePath() { return Host::Current().resourcePath.c_str(); }
 
 bool api::ValidatePtr(void* pointer, const char* typeName) {
     static const struct {

@@ -6,9 +6,7 @@
 namespace simhost {
 
 // Places in a source are held where 64 bits can count.
-static double Held(double frame) {
-    return std::clamp(frame, -1e15, 1e15);
-}
+static double Held(double frame) { return std::clamp(frame, -1e15, 1e15); }
 
 // Where the source stands at `start`. A time that was computed from a frame's number is that frame, whatever the last
 // bit of the division says.
@@ -30,13 +28,9 @@ Reading::Reading(const Playback& playback, int rate, int channels, double start,
     span_ = std::floor(std::max(at_, last)) - static_cast<double>(low_);
 }
 
-bool Reading::OnFrames() const {
-    return step_ == 1 && at_ == std::floor(at_);
-}
+bool Reading::OnFrames() const { return step_ == 1 && at_ == std::floor(at_); }
 
-bool Reading::Straight() const {
-    return readable_ && OnFrames() && playback_.source->Channels() == channels_;
-}
+bool Reading::Straight() const { return readable_ && OnFrames() && playback_.source->Channels() == channels_; }
 
 bool Reading::Read(int64_t first, int frames, double* to) const {
     if (!readable_) return false;

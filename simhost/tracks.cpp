@@ -10,9 +10,7 @@ static Track* NthTrack(TrackList& tracks, int index, Test test) {
     return nullptr;
 }
 
-static bool Selected(const Track& track) {
-    return track.selected;
-}
+static bool Selected(const Track& track) { return track.selected; }
 
 int api::CountTracks(ReaProject* project) {
     Host& host = Host::Current();
@@ -53,9 +51,7 @@ void api::SetOnlyTrackSelected(MediaTrack* handle) {
     }
 }
 
-void api::InsertTrackAtIndex(int index, bool) {
-    Host::Current().project.tracks.Insert(index, Track());
-}
+void api::InsertTrackAtIndex(int index, bool) { Host::Current().project.tracks.Insert(index, Track()); }
 
 bool api::ReorderSelectedTracks(int beforeIndex, int) {
     TrackList& tracks = Host::Current().project.tracks;

@@ -6,9 +6,7 @@
 
 namespace simhost {
 
-int api::GetPlayState() {
-    return Host::Current().transport.state;
-}
+int api::GetPlayState() { return Host::Current().transport.state; }
 
 void Transport::Elapse(double seconds) {
     if (state & Playing) position += seconds;

@@ -62,13 +62,9 @@ void Undo::Restore(const Project& to) {
     project.markers = to.markers;
 }
 
-const char* Undo::Title() const {
-    return top_ > 0 ? points_[top_ - 1].title.c_str() : nullptr;
-}
+const char* Undo::Title() const { return top_ > 0 ? points_[top_ - 1].title.c_str() : nullptr; }
 
-const char* Undo::RedoTitle() const {
-    return top_ < points_.size() ? points_[top_].title.c_str() : nullptr;
-}
+const char* Undo::RedoTitle() const { return top_ < points_.size() ? points_[top_].title.c_str() : nullptr; }
 
 std::vector<std::string> Undo::Titles() const {
     std::vector<std::string> history;
@@ -104,9 +100,7 @@ void api::PreventUIRefresh(int delta) {
     if (host.screen.heldOff < 0) host.Violate("the refresh is released more often than it was held off");
 }
 
-void api::UpdateArrange() {
-    Host::Current().project.tracks.Sort();
-}
+void api::UpdateArrange() { Host::Current().project.tracks.Sort(); }
 
 // Nothing here is drawn before someone asks for a picture.
 void api::UpdateTimeline() {}

@@ -66,9 +66,7 @@ int PrimeiroQuadroQueSoa(const PortaDePico& porta, const Trecho& lidos, int de, 
     return achada < quantas ? de + static_cast<int>(achada / canais) : ate;
 }
 
-int InicioDaJanela(const PortaDePico& porta, int quadro) {
-    return quadro - quadro % porta.tamanhoJanela;
-}
+int InicioDaJanela(const PortaDePico& porta, int quadro) { return quadro - quadro % porta.tamanhoJanela; }
 
 // The frame behind the window that begins there.
 int FimDaJanela(const PortaDePico& porta, int inicio) {

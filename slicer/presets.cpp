@@ -19,9 +19,7 @@ constexpr TabelaDePresets PresetsDeFabrica = {{{-37.0, 50, false, true},
 constexpr char NomeDoArquivo[] = "presets_fatiador.ini";
 constexpr char ChaveDosUltimos[] = "LAST_USED=";
 
-bool Espaco(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
+bool Espaco(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 // Reads from the front of a text the way formatted input does: white space is skipped before each value, not before a
 // comma.
@@ -62,9 +60,7 @@ void LerAjustes(std::string_view texto, PresetFatiador& preset) {
     preset = lido;
 }
 
-std::string ChaveDoSlot(int n) {
-    return "P" + std::to_string(n) + "=";
-}
+std::string ChaveDoSlot(int n) { return "P" + std::to_string(n) + "="; }
 
 void LerLinha(std::string_view linha, TabelaDePresets& tabela, PresetFatiador& ultimos) {
     const auto ler = [linha](std::string_view chave, PresetFatiador& preset) {

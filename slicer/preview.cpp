@@ -148,9 +148,7 @@ void RestaurarOriginal() {
     host::UpdateArrange();
 }
 
-void AplicarFatias() {
-    PreviewAtivo = BounceEntradaAtivo = false;
-}
+void AplicarFatias() { PreviewAtivo = BounceEntradaAtivo = false; }
 
 void RestaurarEstadoFatiador() {
     ModoFatiadorAtivo = PainelEmFrente = SalvarPresetAberto = PreviewAtivo = PreviewEmObra = BounceEntradaAtivo = false;

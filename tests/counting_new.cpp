@@ -6,17 +6,11 @@
 
 static std::atomic<int64_t> made = 0, gone = 0, bytes = 0;
 
-int64_t AllocationsMade() {
-    return made;
-}
+int64_t AllocationsMade() { return made; }
 
-int64_t AllocationsAlive() {
-    return made - gone;
-}
+int64_t AllocationsAlive() { return made - gone; }
 
-int64_t BytesAllocated() {
-    return bytes;
-}
+int64_t BytesAllocated() { return bytes; }
 
 // The other forms of new and delete end here, too; the sanitizers' own would not go through the first.
 void* operator new(size_t size, const std::nothrow_t&) noexcept {
@@ -33,6 +27,4 @@ void operator delete(void* block) noexcept {
     gone += block != nullptr;
     std::free(block);
 }
-void operator delete(void* block, size_t) noexcept {
-    operator delete(block);
-}
+void operator delete(void* block, size_t) noexcept { operator delete(block); }

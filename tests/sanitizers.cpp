@@ -6,11 +6,7 @@ MODULE_EXPORT const char* __asan_default_options();
 MODULE_EXPORT const char* __lsan_default_suppressions();
 
 // Memory that is asked for in vain gives null, as it does without them.
-const char* __asan_default_options() {
-    return "allocator_may_return_null=1";
-}
+const char* __asan_default_options() { return "allocator_may_return_null=1"; }
 
 // The library that finds fonts keeps a little for itself at the end.
-const char* __lsan_default_suppressions() {
-    return "leak:libfontconfig\n";
-}
+const char* __lsan_default_suppressions() { return "leak:libfontconfig\n"; }

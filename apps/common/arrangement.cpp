@@ -56,9 +56,7 @@ void Write(const Canvas& c, const std::string& text, RECT place, LICE_pixel colo
     font.DrawText(c.bm, text.c_str(), -1, &place, DT_SINGLELINE | DT_NOPREFIX);
 }
 
-std::string BaseName(const std::string& path) {
-    return path.substr(path.find_last_of('/') + 1);
-}
+std::string BaseName(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }
 
 // The first of 1, 2, 5, 10 ... seconds (then minutes) that leaves room for its label.
 double GridStep(const Canvas& c) {

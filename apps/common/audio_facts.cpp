@@ -10,9 +10,7 @@ namespace {
 constexpr int64_t Slack = 64;  // bytes by which many programs miscount
 
 // Who writes into a pipe cannot know the size, and puts there all bits, or the most that a signed number holds.
-bool Unknown(int64_t size) {
-    return (size >= 0x7FFFF000 && size <= 0x80000000LL) || size >= 0xFFFFF000LL;
-}
+bool Unknown(int64_t size) { return (size >= 0x7FFFF000 && size <= 0x80000000LL) || size >= 0xFFFFF000LL; }
 
 // libsndfile corrects sizes that go beyond the file's end, and its log tells: "data : 192000 (should be 95961)".
 double PromisedShare(SNDFILE* file) {

@@ -194,9 +194,7 @@ class FileSource : public simhost::Source {
     BlockRef block_;
 };
 
-std::string Quoted(const std::string& path) {
-    return "'" + path + "'";
-}
+std::string Quoted(const std::string& path) { return "'" + path + "'"; }
 
 }  // namespace
 

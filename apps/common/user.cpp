@@ -31,9 +31,7 @@ void User::PointAt(const std::string& widget) {
     Move(at.x + at.w / 2, at.y + at.h / 2);
 }
 
-void User::PointAtNothing() {
-    Move(0, 0);
-}
+void User::PointAtNothing() { Move(0, 0); }
 
 void User::Press(const std::string& widget) {
     PointAt(widget);

@@ -9,9 +9,7 @@
 
 constexpr int SomeFailed = 1, Impossible = 2;  // exit codes
 
-void SayOnError(const std::string& sentence) {
-    std::fprintf(stderr, "fatiar: %s\n", OnOneLine(sentence).c_str());
-}
+void SayOnError(const std::string& sentence) { std::fprintf(stderr, "fatiar: %s\n", OnOneLine(sentence).c_str()); }
 
 Batch::Batch(const Options& options)
     : options_(options),

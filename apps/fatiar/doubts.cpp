@@ -12,9 +12,7 @@ constexpr double MuchRemoved = 0.8;
 constexpr int AboveBackground = 4;  // dB, at which the advice puts the threshold
 constexpr int LowestThreshold = -200;
 
-double Decibels(double level) {
-    return std::clamp<double>(20 * std::log10(level), LowestThreshold, -LowestThreshold);
-}
+double Decibels(double level) { return std::clamp<double>(20 * std::log10(level), LowestThreshold, -LowestThreshold); }
 
 // "o fundo fica perto de -48 dB; tente --piso -44", or `otherwise` where that is on the wrong side of what was used.
 std::string Advice(const Levels& levels, double threshold, bool lower, const std::string& otherwise) {

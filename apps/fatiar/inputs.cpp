@@ -9,9 +9,7 @@
 
 namespace fs = std::filesystem;
 
-static std::string NameOf(const std::string& path) {
-    return fs::path(FileName(path)).stem().string();
-}
+static std::string NameOf(const std::string& path) { return fs::path(FileName(path)).stem().string(); }
 
 static bool Readable(const fs::directory_entry& entry) {
     const FileKind kind = KindOf(entry.path().string());

@@ -5,9 +5,7 @@
 
 static volatile std::sig_atomic_t caught = 0;
 
-static void Catch(int signal) {
-    caught = signal;
-}
+static void Catch(int signal) { caught = signal; }
 
 void CatchInterrupts() {
     struct sigaction action {};
@@ -18,9 +16,7 @@ void CatchInterrupts() {
     std::signal(SIGPIPE, SIG_IGN);  // a reader that goes away is a write that fails
 }
 
-int InterruptedBy() {
-    return caught;
-}
+int InterruptedBy() { return caught; }
 
 void ThrowWhenInterrupted() {
     if (caught) throw Interrupted{};

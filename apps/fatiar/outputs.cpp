@@ -40,9 +40,7 @@ std::vector<Outputs::File>::const_iterator Outputs::Find(const fs::path& path) c
     return std::find_if(files_.begin(), files_.end(), [&](const File& file) { return file.path == path; });
 }
 
-std::string Outputs::Draft(const fs::path& path) const {
-    return Find(path)->draft.string();
-}
+std::string Outputs::Draft(const fs::path& path) const { return Find(path)->draft.string(); }
 
 void Outputs::WriteText(const fs::path& path, const std::string& text) {
     std::FILE* const file = std::fopen(Draft(path).c_str(), "wb");

@@ -33,9 +33,7 @@ static std::string CsvField(const std::string& text) {
     return quoted + "\"";
 }
 
-std::string CsvHeading() {
-    return "arquivo,pedaco,posicao,duracao,origem\n";
-}
+std::string CsvHeading() { return "arquivo,pedaco,posicao,duracao,origem\n"; }
 
 std::string AsCsv(const Result& r) {
     std::string text;

@@ -16,13 +16,9 @@ Spool::Spool() {
     unlink(name.c_str());
 }
 
-Spool::~Spool() {
-    close(descriptor_);
-}
+Spool::~Spool() { close(descriptor_); }
 
-std::string Spool::Path() const {
-    return "/proc/self/fd/" + std::to_string(descriptor_);
-}
+std::string Spool::Path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
 
 // Waits for bytes, or for a signal: one that comes just before a read would not wake it.
 static ssize_t Read(int from, char* block, size_t size) {

@@ -10,12 +10,8 @@ namespace {
 
 constexpr int FirstCommand = 100, FirstRegistered = 1000;  // the entries' numbers: the studio's, the extensions'
 
-void Undo(StudioWindow& studio) {
-    studio.Host().undo.Back();
-}
-void Redo(StudioWindow& studio) {
-    studio.Host().undo.Redo();
-}
+void Undo(StudioWindow& studio) { studio.Host().undo.Back(); }
+void Redo(StudioWindow& studio) { studio.Host().undo.Redo(); }
 
 constexpr struct Command {
     const char* menu;
@@ -100,9 +96,7 @@ void Menus::NameUndo() {
     name("Refazer", studio_.Host().undo.RedoTitle(), "Ctrl+Y", NumberOf(Redo));
 }
 
-bool Menus::TakeKey(MSG& message) {
-    return TranslateAcceleratorA(studio_.Host().mainWindow, keys_, &message);
-}
+bool Menus::TakeKey(MSG& message) { return TranslateAcceleratorA(studio_.Host().mainWindow, keys_, &message); }
 
 void Menus::Run(int number) {
     simhost::Host& host = studio_.Host();

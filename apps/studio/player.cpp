@@ -47,9 +47,7 @@ void Player::Start(double time) {
     if (output->Open()) output_ = std::move(output);
 }
 
-void Player::Stop() {
-    output_.reset();
-}
+void Player::Stop() { output_.reset(); }
 
 void Player::Feed(const simhost::Project& project) {
     if (!output_) return;

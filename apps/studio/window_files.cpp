@@ -9,9 +9,7 @@
 constexpr char Title[] = "Quilmo Studio";
 constexpr int PanelRoom = 360;  // pixels that the panel takes inside the window's right edge, at any scale
 
-static std::filesystem::path FullPath(const std::string& path) {
-    return std::filesystem::absolute(Wide(path));
-}
+static std::filesystem::path FullPath(const std::string& path) { return std::filesystem::absolute(Wide(path)); }
 
 void StudioWindow::Open(const std::string& path) {
     std::string error;
@@ -66,9 +64,7 @@ void StudioWindow::Save() {
 }
 
 // Some edits make no undo point, and the project's file does not hold all that undo takes back; so both are compared.
-bool StudioWindow::Changed() {
-    return host_.undo.Titles() != keptTitles_ || Kept(host_.project) != keptText_;
-}
+bool StudioWindow::Changed() { return host_.undo.Titles() != keptTitles_ || Kept(host_.project) != keptText_; }
 
 void StudioWindow::CallItSaved() {
     keptTitles_ = host_.undo.Titles();

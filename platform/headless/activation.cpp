@@ -49,9 +49,7 @@ void LeaveNobodyInFront() {
 
 using namespace desktop;
 
-HWND GetForegroundWindow() {
-    return Desktop().foreground;
-}
+HWND GetForegroundWindow() { return Desktop().foreground; }
 
 BOOL SetForegroundWindow(HWND window) {
     if (!Find(window)) return false;
@@ -66,13 +64,9 @@ static HWND PassCapture(HWND to) {
     return before;
 }
 
-HWND SetCapture(HWND window) {
-    return Find(window) ? PassCapture(window) : nullptr;
-}
+HWND SetCapture(HWND window) { return Find(window) ? PassCapture(window) : nullptr; }
 
-HWND GetCapture() {
-    return Desktop().capture;
-}
+HWND GetCapture() { return Desktop().capture; }
 
 BOOL ReleaseCapture() {
     PassCapture(nullptr);

@@ -16,9 +16,7 @@ Window* Find(HWND window) {
     return nullptr;
 }
 
-bool OnScreen(const Window& window) {
-    return window.visible && !window.minimised;
-}
+bool OnScreen(const Window& window) { return window.visible && !window.minimised; }
 
 void Invalidate(Window& window) {
     if (OnScreen(window)) window.invalid = true;

@@ -2,13 +2,9 @@
 
 #include <cstdlib>
 
-std::FILE* OpenFile(const std::string& path, const char* mode) {
-    return std::fopen(path.c_str(), mode);
-}
+std::FILE* OpenFile(const std::string& path, const char* mode) { return std::fopen(path.c_str(), mode); }
 
-bool RemoveFile(const std::string& path) {
-    return std::remove(path.c_str()) == 0;
-}
+bool RemoveFile(const std::string& path) { return std::remove(path.c_str()) == 0; }
 
 std::string EnvironmentVariable(const char* name) {
     const char* value = std::getenv(name);

@@ -85,9 +85,7 @@ RECT DeviceContext::Drawable() const {
     return clip ? Intersection(whole, *clip) : whole;
 }
 
-HGDIOBJ AddGdiObject(std::unique_ptr<GdiObject> object) {
-    return Table().Add(std::move(object));
-}
+HGDIOBJ AddGdiObject(std::unique_ptr<GdiObject> object) { return Table().Add(std::move(object)); }
 
 GdiObject* FindGdiObject(HGDIOBJ handle) {
     const auto& objects = Table().objects;
@@ -102,13 +100,9 @@ HDC OpenWindowDC(const Surface& window, std::shared_ptr<void> pixels) {
     return AddContext(std::move(context));
 }
 
-bool CloseWindowDC(HDC dc) {
-    return DeleteContext(dc, true);
-}
+bool CloseWindowDC(HDC dc) { return DeleteContext(dc, true); }
 
-bool IsEmpty(const RECT& r) {
-    return r.left >= r.right || r.top >= r.bottom;
-}
+bool IsEmpty(const RECT& r) { return r.left >= r.right || r.top >= r.bottom; }
 
 RECT Intersection(const RECT& a, const RECT& b) {
     return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
@@ -127,9 +121,7 @@ HDC CreateCompatibleDC(HDC like) {
     return AddContext(std::move(context));
 }
 
-BOOL DeleteDC(HDC dc) {
-    return DeleteContext(dc, false);
-}
+BOOL DeleteDC(HDC dc) { return DeleteContext(dc, false); }
 
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ handle) {
     DeviceContext* context = FindGdi<DeviceContext>(dc);
@@ -151,15 +143,11 @@ BOOL DeleteObject(HGDIOBJ handle) {
     return TRUE;
 }
 
-HANDLE GetCurrentProcess() {
-    return reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1));
-}
+HANDLE GetCurrentProcess() { return reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1)); }
 
 DWORD GetGuiResources(HANDLE process, DWORD which) {
     if (process != GetCurrentProcess() || which != GR_GDIOBJECTS) return 0;
     return static_cast<DWORD>(Table().objects.size()) - Table().stockCount;
 }
 
-BOOL GdiFlush() {
-    return TRUE;
-}
+BOOL GdiFlush() { return TRUE; }

@@ -65,9 +65,7 @@ void Wheel(int delta) {
     Pump();
 }
 
-void HoldKey(int key, bool down) {
-    Desktop().keys[key] = down;
-}
+void HoldKey(int key, bool down) { Desktop().keys[key] = down; }
 
 }  // namespace desktop
 
@@ -78,6 +76,4 @@ BOOL GetCursorPos(POINT* point) {
     return true;
 }
 
-SHORT GetAsyncKeyState(int key) {
-    return static_cast<SHORT>(Desktop().keys[key] ? 0x8000 : 0);
-}
+SHORT GetAsyncKeyState(int key) { return static_cast<SHORT>(Desktop().keys[key] ? 0x8000 : 0); }

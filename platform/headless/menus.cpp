@@ -5,13 +5,9 @@
 
 namespace desktop {
 
-void OnNextMenu(std::function<UINT()> user) {
-    Desktop().answers.push_back(std::move(user));
-}
+void OnNextMenu(std::function<UINT()> user) { Desktop().answers.push_back(std::move(user)); }
 
-const ShownMenu& LastMenu() {
-    return Desktop().shown;
-}
+const ShownMenu& LastMenu() { return Desktop().shown; }
 
 }  // namespace desktop
 
@@ -56,6 +52,4 @@ BOOL TrackPopupMenu(HMENU handle, UINT flags, int x, int y, int, HWND owner, con
     return static_cast<BOOL>(id);
 }
 
-BOOL DestroyMenu(HMENU menu) {
-    return Desktop().menus.erase(menu) != 0;
-}
+BOOL DestroyMenu(HMENU menu) { return Desktop().menus.erase(menu) != 0; }

@@ -6,9 +6,7 @@
 
 using namespace desktop;
 
-void desktop::SetFrame(const Frame& frame) {
-    Desktop().frame = frame;
-}
+void desktop::SetFrame(const Frame& frame) { Desktop().frame = frame; }
 
 // What a frame adds on each side of the client area.
 static RECT FrameAt(UINT dpi) {
@@ -18,9 +16,7 @@ static RECT FrameAt(UINT dpi) {
     return {side, side + scaled(frame.caption), side, side};
 }
 
-static UINT WindowDpi() {
-    return Desktop().frame.dpi ? Desktop().frame.dpi : 96;
-}
+static UINT WindowDpi() { return Desktop().frame.dpi ? Desktop().frame.dpi : 96; }
 
 static RECT ClientArea(const Window& window) {
     const RECT& place = window.place;
@@ -41,9 +37,7 @@ BOOL AdjustWindowRectEx(RECT* rect, DWORD style, BOOL menu, DWORD exStyle) {
     return AdjustWindowRectExForDpi(rect, style, menu, exStyle, 96);
 }
 
-static UINT GetDpiForWindow(HWND window) {
-    return Find(window) ? WindowDpi() : 0;
-}
+static UINT GetDpiForWindow(HWND window) { return Find(window) ? WindowDpi() : 0; }
 
 static const HMODULE Program = reinterpret_cast<HMODULE>(uintptr_t{0x400000}),
                      User32 = reinterpret_cast<HMODULE>(uintptr_t{0x500000});

@@ -4,9 +4,7 @@
 #include "platform/headless/gdi_objects.h"
 
 // Of an empty box all edges are 0, as the system tells it.
-static RECT Told(const RECT& r) {
-    return IsEmpty(r) ? RECT{} : r;
-}
+static RECT Told(const RECT& r) { return IsEmpty(r) ? RECT{} : r; }
 
 static RECT Ordered(int x1, int y1, int x2, int y2) {
     return Told({std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)});

@@ -6,6 +6,4 @@ LONG RegOpenKeyA(HKEY, LPCSTR, HKEY* result) {
     return ERROR_FILE_NOT_FOUND;
 }
 
-LONG RegCloseKey(HKEY) {
-    return ERROR_INVALID_HANDLE;
-}
+LONG RegCloseKey(HKEY) { return ERROR_INVALID_HANDLE; }

@@ -16,9 +16,7 @@ struct Line {
     int64_t width;
 };
 
-bool IsMark(char32_t code) {
-    return code >= 0x300 && code <= 0x36F;
-}
+bool IsMark(char32_t code) { return code >= 0x300 && code <= 0x36F; }
 
 Text DecodeUtf16(LPCWSTR text, int count) {
     Text codes;
@@ -69,9 +67,7 @@ std::vector<Line> LayOut(FontFace& face, const Text& text, UINT format, int64_t 
     return lines;
 }
 
-uint32_t PixelOf(COLORREF color) {
-    return (color & 0xFF) << 16 | (color & 0xFF00) | color >> 16;
-}
+uint32_t PixelOf(COLORREF color) { return (color & 0xFF) << 16 | (color & 0xFF00) | color >> 16; }
 
 struct Painter {
     Surface target;
@@ -135,9 +131,7 @@ void DrawLine(const Painter& painter, FontFace& face, const Text& text, const Li
     }
 }
 
-int Saturate(int64_t value) {
-    return static_cast<int>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX));
-}
+int Saturate(int64_t value) { return static_cast<int>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX)); }
 
 FontFace& FaceOf(const DeviceContext& context) {
     GdiFont& font = *FindGdi<GdiFont>(context.font);

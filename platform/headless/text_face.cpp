@@ -94,9 +94,7 @@ char32_t SpacingMark(char32_t mark) {
     return found == spacing.end() ? mark : found->second;
 }
 
-bool IsControl(char32_t code) {
-    return code < 32 || code == 127;
-}
+bool IsControl(char32_t code) { return code < 32 || code == 127; }
 
 }  // namespace
 

@@ -82,9 +82,7 @@ inline constexpr LONG ERROR_FILE_NOT_FOUND = 2;
 inline constexpr LONG ERROR_INVALID_HANDLE = 6;
 inline const HKEY HKEY_LOCAL_MACHINE = reinterpret_cast<HKEY>(static_cast<LONG_PTR>(-0x7FFFFFFE));
 
-constexpr COLORREF RGB(BYTE r, BYTE g, BYTE b) {
-    return static_cast<COLORREF>(r | g << 8 | b << 16);
-}
+constexpr COLORREF RGB(BYTE r, BYTE g, BYTE b) { return static_cast<COLORREF>(r | g << 8 | b << 16); }
 
 extern "C" {
 // --- Device contexts. A memory context starts with a 1 by 1 bitmap, black text, white background, opaque.

@@ -91,18 +91,12 @@ inline constexpr int VK_SHIFT = 0x10;
 
 #define IDC_ARROW reinterpret_cast<const char*>(uintptr_t{32512})
 
-inline constexpr WORD LOWORD(uint64_t value) {
-    return static_cast<WORD>(value);
-}
-inline constexpr WORD HIWORD(uint64_t value) {
-    return static_cast<WORD>(value >> 16);
-}
+inline constexpr WORD LOWORD(uint64_t value) { return static_cast<WORD>(value); }
+inline constexpr WORD HIWORD(uint64_t value) { return static_cast<WORD>(value >> 16); }
 inline constexpr WPARAM MAKEWPARAM(int low, int high) {
     return static_cast<WORD>(low) | static_cast<DWORD>(static_cast<WORD>(high)) << 16;
 }
-inline constexpr LPARAM MAKELPARAM(int low, int high) {
-    return static_cast<LPARAM>(MAKEWPARAM(low, high));
-}
+inline constexpr LPARAM MAKELPARAM(int low, int high) { return static_cast<LPARAM>(MAKEWPARAM(low, high)); }
 
 extern "C" {
 HMODULE GetModuleHandleA(const char* name);                // null names the program; else "user32.dll" only

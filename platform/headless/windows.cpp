@@ -91,9 +91,7 @@ BOOL DestroyWindow(HWND handle) {
     return true;
 }
 
-BOOL IsWindow(HWND window) {
-    return Find(window) != nullptr;
-}
+BOOL IsWindow(HWND window) { return Find(window) != nullptr; }
 
 BOOL IsIconic(HWND handle) {
     const Window* window = Find(handle);

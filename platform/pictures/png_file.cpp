@@ -10,9 +10,7 @@ static std::string BigEndian(uint32_t value) {
     return bytes;
 }
 
-static const Bytef* BytesOf(const std::string& text) {
-    return reinterpret_cast<const Bytef*>(text.data());
-}
+static const Bytef* BytesOf(const std::string& text) { return reinterpret_cast<const Bytef*>(text.data()); }
 
 static std::string Chunk(const std::string& type, const std::string& data) {
     const std::string body = type + data;

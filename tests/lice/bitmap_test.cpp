@@ -13,9 +13,7 @@ static std::string Resized(LICE_IBitmap& bm, int width, int height) {
            std::to_string(bm.getRowSpan()) + bits;
 }
 
-static int SetScale(LICE_IBitmap& bm, int code, int scale) {
-    return static_cast<int>(bm.Extended(code, &scale));
-}
+static int SetScale(LICE_IBitmap& bm, int code, int scale) { return static_cast<int>(bm.Extended(code, &scale)); }
 
 TEST(SysBitmap, KeepsItsSectionWhileItIsLargeEnough) {
     const DWORD objects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);

@@ -79,9 +79,7 @@ static std::vector<Corner> Chain(const std::vector<Corner>& sorted, Corner from,
     }
 }
 
-static Corner Next(const std::vector<Corner>& chain, size_t at) {
-    return chain[std::min(at + 1, chain.size() - 1)];
-}
+static Corner Next(const std::vector<Corner>& chain, size_t at) { return chain[std::min(at + 1, chain.size() - 1)]; }
 
 static double Across(const std::vector<Corner>& chain, size_t edge, int y) {
     const Corner a = chain[edge], b = Next(chain, edge);

@@ -13,9 +13,7 @@ struct Channels {
     int64_t c[4];  // blue, green, red, alpha
 };
 
-inline Channels Split(LICE_pixel p) {
-    return {{p & 255, p >> 8 & 255, p >> 16 & 255, p >> 24}};
-}
+inline Channels Split(LICE_pixel p) { return {{p & 255, p >> 8 & 255, p >> 16 & 255, p >> 24}}; }
 
 inline LICE_pixel Join(const Channels& k) {
     LICE_pixel p = 0;
@@ -30,9 +28,7 @@ LICE_pixel EachChannel(LICE_pixel old, LICE_pixel source, Formula formula) {
     return Join(n);
 }
 
-inline int64_t Held(int64_t v) {
-    return v < 0 ? 0 : v > 255 ? 255 : v;
-}
+inline int64_t Held(int64_t v) { return v < 0 ? 0 : v > 255 ? 255 : v; }
 
 inline LICE_pixel HsvAdjust(LICE_pixel old, LICE_pixel source, int64_t ia) {
     const auto reciprocal = [](int64_t i) { return i ? 65536 / i - 1 : 0; };

@@ -237,9 +237,7 @@ inline void SlowGlyphOn(TestSurface& dest, const SlowFont& font, const Look& loo
         }
 }
 
-inline int ScaledBack(int64_t value, int scale) {
-    return static_cast<int>(value * 256 / scale);
-}
+inline int ScaledBack(int64_t value, int scale) { return static_cast<int>(value * 256 / scale); }
 
 // How far the lines reach along their own axis.
 inline int SlowLines(TestSurface& dest, SlowFont& font, const Look& look, const std::string& text, const RECT& rect,

@@ -86,9 +86,7 @@ void WatchHostCalls() {
 }
 
 // The raster library's requests, and those of the code linked into this program besides.
-void* __wrap_malloc(size_t size) {
-    return Fails(__builtin_return_address(0)) ? nullptr : __real_malloc(size);
-}
+void* __wrap_malloc(size_t size) { return Fails(__builtin_return_address(0)) ? nullptr : __real_malloc(size); }
 void* __wrap_realloc(void* block, size_t size) {
     return Fails(__builtin_return_address(0)) ? nullptr : __real_realloc(block, size);
 }
@@ -106,12 +104,6 @@ void* operator new(size_t size, std::align_val_t alignment, const std::nothrow_t
     const size_t step = static_cast<size_t>(alignment);
     return Fails(__builtin_return_address(0)) ? nullptr : std::aligned_alloc(step, (size + step - 1) / step * step);
 }
-void operator delete(void* block) noexcept {
-    std::free(block);
-}
-void operator delete(void* block, size_t) noexcept {
-    std::free(block);
-}
-void operator delete(void* block, std::align_val_t) noexcept {
-    std::free(block);
-}
+void operator delete(void* block) noexcept { std::free(block); }
+void operator delete(void* block, size_t) noexcept { std::free(block); }
+void operator delete(void* block, std::align_val_t) noexcept { std::free(block); }

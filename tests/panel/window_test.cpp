@@ -12,9 +12,7 @@ static std::string Cliente() {
     return std::to_string(r.right) + " " + std::to_string(r.bottom);
 }
 
-static std::string Ponteiro() {
-    return std::to_string(Mouse.x) + " " + std::to_string(Mouse.y);
-}
+static std::string Ponteiro() { return std::to_string(Mouse.x) + " " + std::to_string(Mouse.y); }
 
 class JanelaDoPainel : public Painel {
   protected:

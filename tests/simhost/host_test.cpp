@@ -19,9 +19,7 @@ MediaItem* Deleted(MediaItem* item) {
     return item;
 }
 
-AudioAccessor* AccessorOn(MediaItem* item) {
-    return host::CreateTakeAudioAccessor(host::GetActiveTake(item));
-}
+AudioAccessor* AccessorOn(MediaItem* item) { return host::CreateTakeAudioAccessor(host::GetActiveTake(item)); }
 
 AudioAccessor* Destroyed(AudioAccessor* accessor) {
     host::DestroyAudioAccessor(accessor);

@@ -5,22 +5,16 @@ namespace driver {
 
 const double IntervalSlack = 0;
 
-void Start() {
-    desktop::Reset();
-}
+void Start() { desktop::Reset(); }
 
 bool SetFrame(const Frame& frame) {
     desktop::SetFrame({frame.border, frame.padding, frame.caption, frame.dpi});
     return true;
 }
 
-void Pump() {
-    desktop::Pump();
-}
+void Pump() { desktop::Pump(); }
 
-bool AwaitTimer(HWND window, UINT_PTR id) {
-    return desktop::AwaitTimer(window, id) >= 0;
-}
+bool AwaitTimer(HWND window, UINT_PTR id) { return desktop::AwaitTimer(window, id) >= 0; }
 
 double TimerInterval(HWND window, UINT_PTR id) {
     desktop::AwaitTimer(window, id);
@@ -33,21 +27,13 @@ void Move(HWND window, int x, int y) {
     desktop::MoveMouse(at.x, at.y);
 }
 
-void Press(Button button) {
-    desktop::Press(static_cast<desktop::Button>(button));
-}
+void Press(Button button) { desktop::Press(static_cast<desktop::Button>(button)); }
 
-void Release(Button button) {
-    desktop::Release(static_cast<desktop::Button>(button));
-}
+void Release(Button button) { desktop::Release(static_cast<desktop::Button>(button)); }
 
-void Wheel(int notches) {
-    desktop::Wheel(notches * 120);
-}
+void Wheel(int notches) { desktop::Wheel(notches * 120); }
 
-void HoldKey(int key, bool down) {
-    desktop::HoldKey(key, down);
-}
+void HoldKey(int key, bool down) { desktop::HoldKey(key, down); }
 
 bool LeaveNobodyInFront() {
     desktop::LeaveNobodyInFront();
@@ -75,8 +61,6 @@ std::vector<std::string> LastMenu() {
     return labels;
 }
 
-std::string Leftovers() {
-    return desktop::Leftovers();
-}
+std::string Leftovers() { return desktop::Leftovers(); }
 
 }  // namespace driver

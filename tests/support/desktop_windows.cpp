@@ -78,17 +78,11 @@ void Press(Button button) {
     Inject(button == Button::Left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
 }
 
-void Release(Button button) {
-    Inject(button == Button::Left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
-}
+void Release(Button button) { Inject(button == Button::Left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP); }
 
-void Wheel(int notches) {
-    Inject(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA));
-}
+void Wheel(int notches) { Inject(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA)); }
 
-bool LeaveNobodyInFront() {
-    return false;
-}
+bool LeaveNobodyInFront() { return false; }
 
 Picture PictureOf(HWND window) {
     RECT client;
@@ -153,13 +147,9 @@ void AnswerNextMenu(const std::string& label, std::function<void()> meanwhile) {
     SetTimer(nullptr, 0, 20, AnswerMenu);
 }
 
-std::vector<std::string> LastMenu() {
-    return lastMenu;
-}
+std::vector<std::string> LastMenu() { return lastMenu; }
 
-std::string Leftovers() {
-    return "";
-}
+std::string Leftovers() { return ""; }
 
 static std::optional<NONCLIENTMETRICSA> usualMetrics;  // before they were changed
 

@@ -4,13 +4,9 @@
 
 #include "platform/files.h"
 
-std::string SourceFolder() {
-    return SOURCE_FOLDER;
-}
+std::string SourceFolder() { return SOURCE_FOLDER; }
 
-std::string BuildFolder() {
-    return BUILD_FOLDER;
-}
+std::string BuildFolder() { return BUILD_FOLDER; }
 
 std::string LerArquivo(const std::string& caminho) {
     std::string bytes;

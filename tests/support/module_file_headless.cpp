@@ -15,13 +15,9 @@ ModuleFile::ModuleFile() : handle_(dlopen(Path.c_str(), RTLD_NOW | RTLD_LOCAL)) 
     if (!handle_) throw std::runtime_error(dlerror());
 }
 
-ModuleFile::~ModuleFile() {
-    dlclose(handle_);
-}
+ModuleFile::~ModuleFile() { dlclose(handle_); }
 
-void* ModuleFile::Address(const char* name) const {
-    return dlsym(handle_, name);
-}
+void* ModuleFile::Address(const char* name) const { return dlsym(handle_, name); }
 
 // What the dynamic symbol table defines for others to see.
 std::vector<std::string> NamesExportedByModule() {

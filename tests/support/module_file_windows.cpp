@@ -17,9 +17,7 @@ ModuleFile::ModuleFile() : handle_(LoadLibraryW(Path.c_str())) {
     if (!handle_) throw std::runtime_error("LoadLibrary: error " + std::to_string(GetLastError()));
 }
 
-ModuleFile::~ModuleFile() {
-    FreeLibrary(static_cast<HMODULE>(handle_));
-}
+ModuleFile::~ModuleFile() { FreeLibrary(static_cast<HMODULE>(handle_)); }
 
 void* ModuleFile::Address(const char* name) const {
     return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(handle_), name));

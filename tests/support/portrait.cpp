@@ -12,9 +12,7 @@ std::string Numero(double value) {
     return std::string(text) == "-0" ? "0" : text;
 }
 
-static std::string Range(double start, double end) {
-    return Numero(start) + '-' + Numero(end);
-}
+static std::string Range(double start, double end) { return Numero(start) + '-' + Numero(end); }
 
 // A colour as ColorToNative makes it, red lowest, with the flag that it is in use.
 static std::string Colour(double value) {
@@ -95,10 +93,6 @@ static std::string Portrait(const Host& host, bool complete) {
     return text;
 }
 
-std::string Retrato() {
-    return Portrait(Host::Current(), false);
-}
+std::string Retrato() { return Portrait(Host::Current(), false); }
 
-std::string RetratoCompleto() {
-    return Portrait(Host::Current(), true);
-}
+std::string RetratoCompleto() { return Portrait(Host::Current(), true); }

@@ -8,6 +8,4 @@
 
 #include "platform/win32.h"
 
-inline std::string Show(const RECT& r) {
-    return testing::PrintToString(std::tuple(r.left, r.top, r.right, r.bottom));
-}
+inline std::string Show(const RECT& r) { return testing::PrintToString(std::tuple(r.left, r.top, r.right, r.bottom)); }

@@ -10,9 +10,7 @@
 
 using simhost::Host;
 
-std::filesystem::path DeUtf8(const std::string& caminho) {
-    return std::u8string(caminho.begin(), caminho.end());
-}
+std::filesystem::path DeUtf8(const std::string& caminho) { return std::u8string(caminho.begin(), caminho.end()); }
 
 // A folder of the process's own, for a user whose name has an accent.
 static std::filesystem::path PastaDeRecursos() {
@@ -86,13 +84,9 @@ static Coisa& Conhecida(Coisa* coisa) {
     return *coisa;
 }
 
-simhost::Item& Dados(MediaItem* item) {
-    return Conhecida(Host::Current().Know(item));
-}
+simhost::Item& Dados(MediaItem* item) { return Conhecida(Host::Current().Know(item)); }
 
-simhost::Track& Dados(MediaTrack* faixa) {
-    return Conhecida(Host::Current().Know(faixa));
-}
+simhost::Track& Dados(MediaTrack* faixa) { return Conhecida(Host::Current().Know(faixa)); }
 
 void Selecionar(std::initializer_list<std::string> nomes) {
     simhost::TrackList& faixas = Host::Current().project.tracks;
@@ -128,9 +122,7 @@ static std::string NomeDaAcao(int numero) {
     return std::to_string(numero);
 }
 
-std::string Acoes() {
-    return Juntar(Host::Current().actions.run, " ", NomeDaAcao);
-}
+std::string Acoes() { return Juntar(Host::Current().actions.run, " ", NomeDaAcao); }
 
 void EsperarViolacao(const std::string& parte) {
     Host& host = Host::Current();

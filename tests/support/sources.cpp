@@ -18,9 +18,7 @@ class MadeSource : public simhost::Source {
     ReadFrames read_;
 };
 
-bool Nothing(int64_t, int, double*) {
-    return false;
-}
+bool Nothing(int64_t, int, double*) { return false; }
 
 struct MidiSource : MadeSource {
     explicit MidiSource(double quarterNotes) : MadeSource(0, 0, 0, Nothing), quarterNotes_(quarterNotes) {}
@@ -41,9 +39,7 @@ SourceRef Made(int rate, int channels, int64_t frames, ReadFrames read) {
     return std::make_shared<MadeSource>(rate, channels, frames, std::move(read));
 }
 
-SourceRef Silence(int rate, int channels, int64_t frames) {
-    return Bursts(rate, channels, {{frames, 0.0}});
-}
+SourceRef Silence(int rate, int channels, int64_t frames) { return Bursts(rate, channels, {{frames, 0.0}}); }
 
 // Runs of one amplitude, found by halving, then copied run by run.
 SourceRef Bursts(int rate, int channels, const std::vector<Segment>& segments) {
@@ -81,10 +77,6 @@ SourceRef Memory(int rate, int channels, std::vector<double> interleaved) {
     });
 }
 
-SourceRef Midi(double quarterNotes) {
-    return std::make_shared<MidiSource>(quarterNotes);
-}
+SourceRef Midi(double quarterNotes) { return std::make_shared<MidiSource>(quarterNotes); }
 
-SourceRef Unreadable(int rate, int channels, int64_t frames) {
-    return Made(rate, channels, frames, Nothing);
-}
+SourceRef Unreadable(int rate, int channels, int64_t frames) { return Made(rate, channels, frames, Nothing); }
