@@ -1,23 +1,21 @@
 #include "apps/common/audio_file.h"
 
-#include <filesystem>
-#include <fstream>
 #include <limits>
 #include <random>
 
 #include "apps/common/audio_writer.h"
 #include "tests/apps/workshop.h"
+#include "tests/support/folders.h"
 
 namespace fs = std::filesystem;
 using simhost::SourceRef;
 
-class Gravacoes : public testing::Test {
+class Gravacoes : public Workshop {
   protected:
     SourceRef Open(const std::string& path) {
         error.clear();
         return OpenAudioFile(path, &error);
     }
-    Workshop workshop;
     std::string error;
 };
 
@@ -44,14 +42,14 @@ TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
                 // Without a header, with its header elsewhere, and two that libsndfile reads differently by the size of
                 // the read.
                 const int odd[] = {SF_FORMAT_RAW, SF_FORMAT_SD2, SF_FORMAT_PAF, SF_FORMAT_SDS};
-                SF_INFO info{0, 48000, channels, major.format | sub.format, 0, 0};
+                info = {0, 48000, channels, major.format | sub.format, 0, 0};
                 if (std::count(odd, std::end(odd), major.format) || !sf_format_check(&info)) continue;
                 SCOPED_TRACE(std::string(major.name) + ", " + sub.name + ", " + std::to_string(channels) + " channels");
 
                 std::vector<double> noise(static_cast<size_t>(70001) * channels);  // more than one block when read
                 for (double& x : noise) x = std::uniform_real_distribution<>(-0.9, 0.9)(random);
-                const std::string path = workshop.Write("f", info.format, info.samplerate, channels, noise);
-                const std::vector<double> wanted = workshop.Samples(path, &info);
+                const std::string path = Write("f", info.format, info.samplerate, channels, noise);
+                const std::vector<double> wanted = Samples(path);
                 if (wanted.empty()) continue;  // libsndfile cannot make, or cannot read, all that it promises
                 const SourceRef source = Open(path);
                 ASSERT_TRUE(source) << error;
@@ -80,16 +78,14 @@ TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
 
 // Recorders lose their power and headers lie: the recording is as long as what is there.
 TEST_F(Gravacoes, CabecalhoQuePrometeDemaisNaoAtrapalha) {
-    const std::vector<double> noise = workshop.Noise(2 * 48000);
-    for (int format :
-         {SF_FORMAT_WAV | SF_FORMAT_PCM_16, SF_FORMAT_FLAC | SF_FORMAT_PCM_16, SF_FORMAT_AU | SF_FORMAT_PCM_24,
-          SF_FORMAT_OGG | SF_FORMAT_VORBIS, SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III}) {
-        const std::string path = workshop.Write("cortada", format, 48000, 1, noise);
+    const std::vector<double> noise = Noise(2 * 48000);
+    for (int format : {Wav16, Flac16, SF_FORMAT_AU | SF_FORMAT_PCM_24, SF_FORMAT_OGG | SF_FORMAT_VORBIS,
+                       SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III}) {
+        const std::string path = Write("cortada", format, 48000, 1, noise);
         fs::resize_file(path, fs::file_size(path) / 2);
         const SourceRef source = Open(path);
         ASSERT_TRUE(source) << error;
-        SF_INFO info;
-        const std::vector<double> wanted = workshop.Samples(path, &info);
+        const std::vector<double> wanted = Samples(path);
         EXPECT_GT(wanted.size(), 20000u);
         ASSERT_EQ(source->Frames(), static_cast<int64_t>(wanted.size()));
         std::vector<double> all(wanted.size());
@@ -97,11 +93,8 @@ TEST_F(Gravacoes, CabecalhoQuePrometeDemaisNaoAtrapalha) {
         EXPECT_EQ(all, wanted);
     }
 
-    const std::string path = workshop.Write("mente", SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 48000, 1, noise);
-    std::fstream bytes(path, std::ios::in | std::ios::out | std::ios::binary);
-    bytes.seekp(21);  // the low half of this byte and the next four count the frames
-    bytes.write("\xff\xff\xff\xff\xff", 5);
-    bytes.close();
+    const std::string path = Write("mente", Flac16, 48000, 1, noise);
+    GravarArquivo(path, Text(path).replace(21, 5, 5, '\xff'));  // half of the first and the others count the frames
     const SourceRef source = Open(path);
     ASSERT_TRUE(source) << error;
     EXPECT_EQ(source->Frames(), static_cast<int64_t>(noise.size()));
@@ -113,21 +106,19 @@ TEST_F(Gravacoes, OQueSeGravaVoltaEm24BitsOuNaoFicaNada) {
                                          7, -7,  huge,  -huge, std::nan(""), 0.4 * step};
     const std::vector<double> wanted = {0, 0.5, -0.25, step, -step, 1 - step, -1, 1 - step, -1, 1 - step, -1, 0.0, 0};
     for (AudioFormat format : {AudioFormat::Wav, AudioFormat::Flac}) {
-        const std::string path = workshop.Path("saida");
+        const std::string path = Path("saida");
         {
             auto given_up = AudioWriter::Create(path, {format, 44100, 1, 13}, {}, &error);
             ASSERT_TRUE(given_up) << error;
             EXPECT_TRUE(given_up->Write(samples.data(), 13));
         }
-        EXPECT_EQ(workshop.Listing(), "");
+        EXPECT_EQ(Listing(), "");
         auto writer = AudioWriter::Create(path, {format, 44100, 1, 13}, {}, &error);
         ASSERT_TRUE(writer && writer->Write(samples.data(), 13) && writer->Finish()) << error;
-        SF_INFO info;
-        EXPECT_EQ(workshop.Samples(path, &info), wanted);
+        EXPECT_EQ(Samples(path), wanted);
         fs::remove(path);
     }
-    EXPECT_FALSE(
-        AudioWriter::Create(workshop.Path("x"), {AudioFormat::Flac, 44100, 9, 1}, {}, &error));  // at most 8 channels
-    EXPECT_FALSE(AudioWriter::Create(workshop.Path("nenhuma/x"), {AudioFormat::Wav, 44100, 1, 1}, {}, &error));
-    EXPECT_EQ(workshop.Listing(), "");
+    EXPECT_FALSE(AudioWriter::Create(Path("x"), {AudioFormat::Flac, 44100, 9, 1}, {}, &error));  // at most 8 channels
+    EXPECT_FALSE(AudioWriter::Create(Path("nenhuma/x"), {AudioFormat::Wav, 44100, 1, 1}, {}, &error));
+    EXPECT_EQ(Listing(), "");
 }

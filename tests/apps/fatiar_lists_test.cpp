@@ -1,25 +1,21 @@
 // The lists, read by strict readers of their forms and by the programs that they are for.
-#include <regex>
-#include <sstream>
-
-#include "tests/apps/fatiar.h"
+#include "tests/apps/workshop.h"
+#include "tests/support/pattern.h"
 
 using Rows = std::vector<std::vector<double>>;
 
 // The numbers of each match, a time code of 30 frames as seconds at 29.97; between matches nothing but blanks may be.
 static Rows Read(const std::string& text, const std::string& pattern) {
-    const std::regex form(pattern);
     Rows rows;
-    for (std::sregex_iterator match(text.begin(), text.end(), form), end; match != end; ++match) {
+    for (const std::vector<std::string>& match : Matches(text, pattern)) {
         rows.emplace_back();
-        for (size_t i = 1; i < match->size(); ++i) {
-            const std::string part = (*match)[i];
+        for (size_t i = 1; i < match.size(); ++i) {
             int h, m, s, f;
-            const bool code = std::sscanf(part.c_str(), "%2d:%2d:%2d:%2d", &h, &m, &s, &f) == 4;
-            rows.back().push_back(code ? (((h * 60 + m) * 60 + s) * 30 + f) * 1001 / 30000.0 : std::stod(part));
+            const bool code = std::sscanf(match[i].c_str(), "%2d:%2d:%2d:%2d", &h, &m, &s, &f) == 4;
+            rows.back().push_back(code ? (((h * 60 + m) * 60 + s) * 30 + f) * 1001 / 30000.0 : std::stod(match[i]));
         }
     }
-    const std::string rest = std::regex_replace(text, form, "");
+    const std::string rest = Replaced(text, pattern);
     EXPECT_EQ(rest.find_first_not_of(" \n"), std::string::npos) << rest.substr(0, 200);
     return rows;
 }
@@ -27,19 +23,18 @@ static Rows Read(const std::string& text, const std::string& pattern) {
 TEST_F(Fatiar, MilPedacosNaoSeDesviamEmNenhumaLista) {
     std::vector<Sound> sounds;
     for (int i = 0; i < 1100; ++i) sounds.push_back({0.17 * i + 0.03, 0.1});
-    workshop.Write("fala.wav", Wav16, 8000, 1, Recording(8000, 187.1, sounds, 1));
+    Write("fala.wav", Wav16, 8000, 1, Recording(8000, 187.1, sounds, 1));
     const std::string lists = "fala.wav --lista rotulos --lista ffconcat=f --lista mlt --lista edl --quadros 29,97";
     const Rows pieces = Read(Pieces(lists, "fala.wav"), R"(\d+,([\d.]+),([\d.]+),([\d.]+) )");
-    const Rows labels = Read(workshop.Text("fala-fatiado.txt"), R"((\d+\.\d{6})\t(\d+\.\d{6})\t(\d+)\n)");
-    const Rows points = Read(workshop.Run("sed '1s/^ffconcat version 1.0$//' f").out,
+    const Rows labels = Read(Text("fala-fatiado.txt"), R"((\d+\.\d{6})\t(\d+\.\d{6})\t(\d+)\n)");
+    const Rows points = Read(Run("sed '1s/^ffconcat version 1.0$//' f").out,
                              R"(file 'fala\.wav'\ninpoint (\d+\.\d+)\noutpoint (\d+\.\d+)\n)");
-    const Rows entries = Read(workshop.Run("sed -n '/<entry/,/<entry/p' fala-fatiado.mlt").out,
+    const Rows entries = Read(Run("sed -n '/<entry/,/<entry/p' fala-fatiado.mlt").out,
                               R"#(<entry producer="gravacao" in="(\d+)" out="(\d+)"/>)#");
     const std::string code = R"( (\d\d:\d\d:\d\d:\d\d))";
     const Rows events =
-        Read(workshop
-                 .Run("for f in fala-fatiado.edl fala-fatiado-2.edl; do "
-                      "sed '1s/^TITLE: fala$//; 2s/^FCM: NON-DROP FRAME$//' $f; done")
+        Read(Run("for f in fala-fatiado.edl fala-fatiado-2.edl; do "
+                 "sed '1s/^TITLE: fala$//; 2s/^FCM: NON-DROP FRAME$//' $f; done")
                  .out,
              R"((\d{3})  AX       A     C       )" + code + code + code + code + R"(\n\* FROM CLIP NAME: fala\.wav\n)");
     ASSERT_EQ(std::vector({pieces.size(), labels.size(), points.size(), entries.size(), events.size()}),
@@ -66,9 +61,9 @@ TEST_F(Fatiar, MilPedacosNaoSeDesviamEmNenhumaLista) {
 }
 
 TEST_F(Fatiar, OProjetoTemUmaFaixaPorGravacao) {
-    workshop.Run("mkdir g");
-    workshop.Write("g/o \"b\".flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 8000, 1, Recording(8000, 1, {{0.1, 0.3}}, 1));
-    workshop.Write("a.wav", Wav16, 8000, 1, Recording(8000, 1.2, {{0.6, 0.3}}, 1));
+    Run("mkdir g");
+    Write("g/o \"b\".flac", Flac16, 8000, 1, Recording(8000, 1, {{0.1, 0.3}}, 1));
+    Write("a.wav", Wav16, 8000, 1, Recording(8000, 1.2, {{0.6, 0.3}}, 1));
     Good("fatiar g/*.flac a.wav --juntas --lista rpp=p.rpp");
     const auto item = [](const std::string& place, const std::string& name, const std::string& offset,
                          const std::string& source) {
@@ -78,20 +73,19 @@ TEST_F(Fatiar, OProjetoTemUmaFaixaPorGravacao) {
     const auto items = [&](const std::string& name, const std::string& source) {
         return item("0", name, "0.1", source) + item("0.295", name, "0.6", source) + ">\n";
     };
-    EXPECT_EQ(workshop.Run("sed 1d p.rpp | sed -En 's/^ *//; /^(<|>|POS|LEN|FADE|NAME|SOFFS|FILE)/p'").out,
+    EXPECT_EQ(Run("sed 1d p.rpp | sed -En 's/^ *//; /^(<|>|POS|LEN|FADE|NAME|SOFFS|FILE)/p'").out,
               "<TRACK\nNAME 'o \"b\"'\n" + items("'o \"b\".flac'", "FLAC\nFILE 'g/o \"b\".flac'") + "<TRACK\nNAME a\n" +
                   items("a.wav", "WAVE\nFILE \"a.wav\"") + ">\n");
     Good("fatiar a.wav g/*.flac --lista rpp=q.rpp");
-    EXPECT_EQ(
-        workshop.Run("grep -c '<TRACK' q.rpp; head -1 q.rpp | grep -c '^<REAPER_PROJECT 0.1 \"6.0\" [0-9]*$'").out,
-        "2\n1\n");
+    EXPECT_EQ(Run("grep -c '<TRACK' q.rpp; head -1 q.rpp | grep -c '^<REAPER_PROJECT 0.1 \"6.0\" [0-9]*$'").out,
+              "2\n1\n");
 }
 
 class ListasLidas : public Fatiar, public testing::WithParamInterface<const char*> {
   protected:
     // In seconds, where in the file each level has become the next.
     std::vector<double> Changes(const std::string& name, const std::vector<double>& levels) {
-        const std::vector<double> samples = workshop.Samples(name, &info);
+        const std::vector<double> samples = Samples(name);
         const ptrdiff_t window = std::max(info.samplerate / 200 * info.channels, 10);
         std::vector<double> changes;
         for (auto at = samples.begin(); samples.end() - at >= window && changes.size() + 1 < levels.size();
@@ -105,17 +99,16 @@ class ListasLidas : public Fatiar, public testing::WithParamInterface<const char
 // Pieces are told apart by their loudness.
 TEST_P(ListasLidas, OProgramaDeVideoCortaNoMesmoLugar) {
     const std::string program = GetParam();
-    if (workshop.Run("command -v " + program).status != 0) GTEST_SKIP() << program << " is missing";
+    if (Run("command -v " + program).status != 0) GTEST_SKIP() << program << " is missing";
     const std::vector<double> levels = {0.69, 0.5, 0.3, 0.6, 0.2, 0.4};
     std::vector<Sound> sounds;
     for (const double level : levels) sounds.push_back({0.4 + 1.43 * sounds.size(), 0.83, level / 0.7});
-    workshop.Write("fala.wav", Wav16, 48000, 2, Recording(48000, 10, sounds));
+    Write("fala.wav", Wav16, 48000, 2, Recording(48000, 10, sounds));
     Good("fatiar fala.wav -o nossa.wav --lista mlt --lista ffconcat");
     const bool melt = program == "melt";
-    const Outcome run =
-        workshop.Run(melt ? "render() { timeout 100 melt -silent nossa.mlt -consumer avformat:deles.wav "
-                            "acodec=pcm_s16le vn=1; }; render || render"
-                          : "ffmpeg -v error -f concat -i nossa.ffconcat deles.wav");
+    const Outcome run = Run(melt ? "render() { timeout 100 melt -silent nossa.mlt -consumer avformat:deles.wav "
+                                   "acodec=pcm_s16le vn=1; }; render || render"
+                                 : "ffmpeg -v error -f concat -i nossa.ffconcat deles.wav");
     ASSERT_EQ(run.status, 0) << run.err;
     const std::vector<double> ours = Changes("nossa.wav", levels), theirs = Changes("deles.wav", levels);
     ASSERT_EQ(ours.size() + theirs.size(), 10u);

@@ -1,21 +1,18 @@
 // What one recording gives: pieces, sound, tables, refusals.
-#include <fstream>
 #include <sstream>
 
-#include "tests/apps/fatiar.h"
+#include "tests/apps/workshop.h"
+#include "tests/support/folders.h"
 
 TEST_F(Fatiar, AchaOsMesmosPedacosEmCadaFormato) {
     // The pause of 50 ms is shorter than the block, the one of 60 ms is not.
     const std::vector<Sound> sounds = {{0.5, 1}, {1.55, 0.2}, {1.81, 0.3}, {2.5, 0.4}};
-    const struct {
-        const char* name;
-        int format, rate;
-    } cases[] = {{"f0", Wav16, 48000},
-                 {"f1", SF_FORMAT_FLAC | SF_FORMAT_PCM_24, 44100},
-                 {"f2", SF_FORMAT_AIFF | SF_FORMAT_FLOAT, 96000},
-                 {"f3", SF_FORMAT_CAF | SF_FORMAT_ALAC_16, 48000},
-                 {"f4", SF_FORMAT_W64 | SF_FORMAT_PCM_32, 8000}};
-    for (const auto& [name, format, rate] : cases) workshop.Write(name, format, rate, 2, Recording(rate, 3.2, sounds));
+    const std::tuple<const char*, int, int> cases[] = {{"f0", Wav16, 48000},
+                                                       {"f1", SF_FORMAT_FLAC | SF_FORMAT_PCM_24, 44100},
+                                                       {"f2", SF_FORMAT_AIFF | SF_FORMAT_FLOAT, 96000},
+                                                       {"f3", SF_FORMAT_CAF | SF_FORMAT_ALAC_16, 48000},
+                                                       {"f4", SF_FORMAT_W64 | SF_FORMAT_PCM_32, 8000}};
+    for (const auto& [name, format, rate] : cases) Write(name, format, rate, 2, Recording(rate, 3.2, sounds));
     for (const auto& [name, format, rate] : cases)
         EXPECT_EQ(Pieces("f?", name), "1,0,1.25,0.5 2,1.245,0.3,1.81 3,1.54,0.4,2.5 ");
 
@@ -29,7 +26,7 @@ TEST_F(Fatiar, AchaOsMesmosPedacosEmCadaFormato) {
     for (const auto& [line, wanted] : options) EXPECT_EQ(Pieces(line, "f0"), wanted);
 
     // A lossy coding smears what is short, not where speech begins and ends.
-    workshop.Write("f.ogg", SF_FORMAT_OGG | SF_FORMAT_VORBIS, 48000, 2, Recording(48000, 3.2, sounds));
+    Write("f.ogg", SF_FORMAT_OGG | SF_FORMAT_VORBIS, 48000, 2, Recording(48000, 3.2, sounds));
     const std::string one = Pieces("f.ogg --bloco 500", "f.ogg");
     double start = 0, length = 0;
     EXPECT_EQ(std::sscanf(one.c_str(), "1,0,%lf,%lf", &length, &start), 2);
@@ -41,46 +38,42 @@ TEST_F(Fatiar, AchaOsMesmosPedacosEmCadaFormato) {
 TEST_F(Fatiar, OAudioGravadoTemOsPedacosComFadesNasEmendas) {
     const std::vector<Sound> sounds = {{0.5, 1}, {1.8, 0.3}, {2.5, 0.4}};
     const int rate = 48000, fade = 240;
-    workshop.Write("fala.wav", Wav16, rate, 2, Recording(rate, 3.2, sounds));
-    const std::vector<double> heard = workshop.Samples("fala.wav", &info);
+    Write("fala.wav", Wav16, rate, 2, Recording(rate, 3.2, sounds));
+    const std::vector<double> heard = Samples("fala.wav");
     std::vector<double> wanted;
     for (const Sound& s : sounds) {
-        const int from = static_cast<int>(std::lround(s.start * rate)),
-                  length = static_cast<int>(std::lround(s.length * rate));
+        const long from = std::lround(s.start * rate), length = std::lround(s.length * rate);
         const size_t at = wanted.empty() ? 0 : wanted.size() - 2 * fade;
         wanted.resize(at + 2 * length);
-        for (int i = 0; i < 2 * length; ++i) {
+        for (long i = 0; i < 2 * length; ++i) {
             const double in = std::min(1.0, i / 2 / double(fade)), out = std::min(1.0, (length - i / 2) / double(fade));
             wanted[at + i] += in * out * heard[2 * from + i];
         }
     }
-    const struct {
-        const char* line;
-        const char* output;
-        int type;
-    } ways[] = {{"fatiar fala.wav -o sai", "sai/fala-fatiado.wav", SF_FORMAT_WAV},
-                {"fatiar -o sai/fundo --formato flac fala.wav", "sai/fundo/fala-fatiado.flac", SF_FORMAT_FLAC},
-                {"fatiar -o 'Um Nome.FLAC' fala.wav", "Um Nome.FLAC", SF_FORMAT_FLAC}};
+    const std::tuple<const char*, const char*, int> ways[] = {
+        {"fatiar fala.wav -o sai", "sai/fala-fatiado.wav", SF_FORMAT_WAV},
+        {"fatiar -o sai/fundo --formato flac fala.wav", "sai/fundo/fala-fatiado.flac", SF_FORMAT_FLAC},
+        {"fatiar -o 'Um Nome.FLAC' fala.wav", "Um Nome.FLAC", SF_FORMAT_FLAC}};
     for (const auto& [line, output, type] : ways) {
         SCOPED_TRACE(line);
-        EXPECT_EQ(workshop.Run(line).status, 0);
-        const std::vector<double> found = workshop.Samples(output, &info);
+        EXPECT_EQ(Run(line).status, 0);
+        const std::vector<double> found = Samples(output);
         EXPECT_EQ(info.format, type | SF_FORMAT_PCM_24);
         ASSERT_EQ(found.size(), wanted.size());
         for (size_t i = 0; i < found.size(); ++i) ASSERT_NEAR(found[i], wanted[i], 1.0 / 8388608) << "sample " << i;
     }
-    EXPECT_EQ(workshop.Listing(),
+    EXPECT_EQ(Listing(),
               "Um Nome.FLAC fala.wav sai sai/antes.png sai/depois.png sai/fala-fatiado.wav sai/fundo "
               "sai/fundo/antes.png sai/fundo/depois.png sai/fundo/fala-fatiado.flac ");
 }
 
 TEST_F(Fatiar, SemFecharOAudioCorreJuntoComAGravacaoSemFades) {
     const int rate = 48000;
-    workshop.Write("fala.wav", Wav16, rate, 2, Recording(rate, 3.2, {{0.5, 1}, {1.8, 0.3}, {2.5, 0.4}}));
-    const std::vector<double> heard = workshop.Samples("fala.wav", &info);
+    Write("fala.wav", Wav16, rate, 2, Recording(rate, 3.2, {{0.5, 1}, {1.8, 0.3}, {2.5, 0.4}}));
+    const std::vector<double> heard = Samples("fala.wav");
     const std::string table = Good("fatiar fala.wav --sem-fechar -o no-lugar.wav").out;
     EXPECT_NE(table.find("retirado: 1.500 s de silencio (46.9%); restam 3.200 s em 3 pedacos"), std::string::npos);
-    const std::vector<double> inPlace = workshop.Samples("no-lugar.wav", &info);
+    const std::vector<double> inPlace = Samples("no-lugar.wav");
     ASSERT_EQ(info.frames, std::lround(3.2 * rate));
     for (size_t i = 0; i < inPlace.size(); ++i) {
         const double t = static_cast<double>(i / 2) / rate;
@@ -91,11 +84,11 @@ TEST_F(Fatiar, SemFecharOAudioCorreJuntoComAGravacaoSemFades) {
 
 TEST_F(Fatiar, TabelasServemParaQualquerNomeDeArquivo) {
     const std::string stem = "a, \"b\"\\\n\xc3\xa3\xff";  // one byte of it is no UTF-8
-    workshop.Write(stem + ".wav", Wav16, 44100, 2, Recording(44100, 1.5, {{0.25, 0.5}, {1.09, 0.25}}));
+    Write(stem + ".wav", Wav16, 44100, 2, Recording(44100, 1.5, {{0.25, 0.5}, {1.09, 0.25}}));
     const std::string table = Good("fatiar a*.wav --json --csv -o sai").out;
     EXPECT_NE(table.find("retirado: 0.750 s de silencio (50.0%); restam 0.745 s em 2 pedacos"), std::string::npos);
 
-    const std::string json = workshop.Text("sai/" + stem + "-fatiado.json");
+    const std::string json = Text("sai/" + stem + "-fatiado.json");
     std::string told;
     for (const char c : json) told += c == '\n' || c == ' ' ? "" : std::string(1, c);
     const std::string name = R"(a,\"b\"\\\nã)"
@@ -109,7 +102,7 @@ TEST_F(Fatiar, TabelasServemParaQualquerNomeDeArquivo) {
     EXPECT_EQ(std::count(both.begin(), both.end(), '['), 3) << both;
 
     const std::string quoted = "\"a, \"\"b\"\"\\\n\xc3\xa3\xff.wav\"";
-    EXPECT_EQ(workshop.Text("sai/" + stem + "-fatiado.csv"),
+    EXPECT_EQ(Text("sai/" + stem + "-fatiado.csv"),
               "arquivo,pedaco,posicao,duracao,origem\n" + quoted + ",1,0,0.5,0.25\n" + quoted + ",2,0.495,0.25,1.09\n");
 }
 
@@ -129,23 +122,23 @@ boa.wav - </dev/zero; - <texto.wav; - --lista mlt <boa.wav; boa.wav trinta.wav -
 --juntas -o sai; boa.wav --lista rotulos=pasta; boa.wav --lista rotulos=x --lista edl=x)#";
 
 TEST_F(Fatiar, EntradaRuimDaUmaLinhaESaida2ENaoDeixaNada) {
-    workshop.Write("boa.wav", Wav16, 8000, 1, Workshop::Noise(8000));
-    workshop.Write("vazia.wav", Wav16, 8000, 1, {});
-    workshop.Write("nove.wav", Wav16, 8000, 9, Workshop::Noise(9000));
-    workshop.Write("trinta.wav", Wav16, 30000, 1, Workshop::Noise(9000));
-    workshop.Run("echo isto nao e audio >texto.wav; mkdir pasta");
-    std::ofstream(workshop.Path("toco.mp3")) << "\xff\xfb\x90\x44" << std::string(2000, '\0');  // its decoder complains
-    const std::string before = workshop.Listing();
+    Write("boa.wav", Wav16, 8000, 1, Noise(8000));
+    Write("vazia.wav", Wav16, 8000, 1, {});
+    Write("nove.wav", Wav16, 8000, 9, Noise(9000));
+    Write("trinta.wav", Wav16, 30000, 1, Noise(9000));
+    Run("echo isto nao e audio >texto.wav; mkdir pasta");
+    GravarArquivo(Path("toco.mp3"), "\xff\xfb\x90\x44" + std::string(2000, '\0'));  // its decoder complains
+    const std::string before = Listing();
     std::istringstream list(Impossible);
     for (std::string arguments; std::getline(list, arguments, ';');) {
         std::replace(arguments.begin(), arguments.end(), '\n', ' ');
         SCOPED_TRACE(arguments);
-        const Outcome run = workshop.Run("fatiar " + arguments);
+        const Outcome run = Run("fatiar " + arguments);
         EXPECT_EQ(run.status, 2);
         EXPECT_EQ(run.out, "");
         EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
         EXPECT_TRUE(run.err.starts_with("fatiar: ") && run.err.ends_with("\n")) << run.err;
-        EXPECT_EQ(workshop.Listing(), before);
+        EXPECT_EQ(Listing(), before);
     }
-    EXPECT_EQ(workshop.Run("fatiar").status, 2);
+    EXPECT_EQ(Run("fatiar").status, 2);
 }

@@ -1,6 +1,9 @@
 // A user's whole path through the panel of the real module, on a real recording that is heard again.
 
 #include "tests/apps/workshop.h"
+#include "tests/support/folders.h"
+
+class Passeio : public Workshop {};
 
 // Peaks of blocks of 10 ms, over all channels.
 static std::vector<double> Peaks(const std::vector<double>& samples, const SF_INFO& info) {
@@ -20,42 +23,40 @@ static double Energy(const std::vector<double>& samples, const SF_INFO& info) {
     return sum / info.channels / info.samplerate;
 }
 
-TEST(Passeio, OSilencioSaiEAFalaFica) {
-    const std::string recording = SOURCE_FOLDER "/data/fala.flac";
-    Workshop workshop;
-    const Outcome run = workshop.Run("passeio '" + recording + "' .");
+TEST_F(Passeio, OSilencioSaiEAFalaFica) {
+    const std::string recording = SourceFolder() + "/data/fala.flac";
+    const Outcome run = Run("passeio '" + recording + "' .");
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.err, "");
     EXPECT_LE(std::count(run.out.begin(), run.out.end(), '\n'), 24) << run.out;
     for (const char* picture :
          {"painel", "fatiador", "pergunta", "arranjo-antes", "arranjo-previa", "arranjo-aplicado"})
-        EXPECT_GT(workshop.Text(picture + std::string(".png")).size(), 2000u) << picture;
+        EXPECT_GT(Text(picture + std::string(".png")).size(), 2000u) << picture;
 
-    SF_INFO before, after;
-    const std::vector<double> spoken = workshop.Samples(recording, &before);
-    const size_t lossy = workshop.Samples("casa-do-passeio/Desktop/fala.mp3", &after).size();
-    const std::vector<double> exported = workshop.Samples("casa-do-passeio/Desktop/fala.wav", &after);
+    const std::vector<double> spoken = Samples(recording);
+    const SF_INFO before = info;
+    const size_t lossy = Samples("casa-do-passeio/Desktop/fala.mp3").size();
+    const std::vector<double> exported = Samples("casa-do-passeio/Desktop/fala.wav");
     ASSERT_FALSE(exported.empty());
     EXPECT_GT(lossy, exported.size() / 2);
-    EXPECT_EQ(after.samplerate, 48000);
-    EXPECT_EQ(after.channels, 2);
+    EXPECT_EQ(info.samplerate, 48000);
+    EXPECT_EQ(info.channels, 2);
 
     // The first word stays where it was; from there on no pause is as long as a tenth of a second.
-    const std::vector<double> peaks = Peaks(exported, after);
+    const std::vector<double> peaks = Peaks(exported, info);
     const auto quiet = [](double peak) { return peak < 0.01; };
     const auto word = std::find_if_not(peaks.begin(), peaks.end(), quiet);
     EXPECT_NEAR(static_cast<double>(word - peaks.begin()), 61, 1);
     EXPECT_EQ(std::search_n(word, peaks.end(), 10, true, [&](double peak, bool) { return quiet(peak); }), peaks.end());
     // No word is lost, none said twice: fades at the cuts take less than a hundredth of the sound.
-    EXPECT_NEAR(Energy(exported, after) / Energy(spoken, before), 1, 0.01);
+    EXPECT_NEAR(Energy(exported, info) / Energy(spoken, before), 1, 0.01);
     EXPECT_LT(peaks.size(), Peaks(spoken, before).size() * 2 / 3);
 }
 
-TEST(Passeio, DizEmUmaLinhaPorQueNaoAnda) {
-    Workshop workshop;
-    const Outcome none = workshop.Run("passeio nada.wav out");
+TEST_F(Passeio, DizEmUmaLinhaPorQueNaoAnda) {
+    const Outcome none = Run("passeio nada.wav out");
     EXPECT_EQ(none.status, 1);
     EXPECT_EQ(none.err.find("passeio: "), 0u);
     EXPECT_EQ(std::count(none.err.begin(), none.err.end(), '\n'), 1);
-    EXPECT_EQ(workshop.Run("passeio").status, 2);
+    EXPECT_EQ(Run("passeio").status, 2);
 }

@@ -5,6 +5,6 @@
 #include <vector>
 
 // The text with each match replaced; in `by`, $1 is the first group.
-std::string Replaced(const std::string& text, const char* pattern, const char* by = "");
+std::string Replaced(const std::string& text, const std::string& pattern, const char* by = "");
 // Of each match, itself and its groups; empty where a group took no part.
-std::vector<std::vector<std::string>> Matches(const std::string& text, const char* pattern);
+std::vector<std::vector<std::string>> Matches(const std::string& text, const std::string& pattern);
