@@ -68,7 +68,7 @@ static std::string Pecas(simhost::Host& host) {
 TEST(Modulo, ExportaQuatroNomesEMaisNada) {
     const std::vector<std::string> quatro = {"Quilmo_AbrirPainel", "Quilmo_AutoSplit", "Quilmo_Teste",
                                              "ReaperPluginEntry"};
-    EXPECT_EQ(NamesExportedByModule(), quatro);
+    EXPECT_EQ(ModuleFile().ExportedNames(), quatro);
 }
 
 TEST(Modulo, FatiaIgualEmTodaPlataforma) {

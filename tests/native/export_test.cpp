@@ -7,7 +7,7 @@
 #include "host/actions.h"
 #include "render/render.h"
 #include "simhost/native/lua_script.h"
-#include "tests/support/environment.h"
+#include "tests/support/desktop_driver.h"
 #include "tests/support/story.h"
 
 namespace fs = std::filesystem;
@@ -19,8 +19,8 @@ class ExportarDeVerdade : public Cena {
         casa = fs::path(host.resourcePath) / "casa";
         fs::create_directories(casa / "Desktop");
         fs::create_directories(casa / ".config/REAPER");
-        SetEnvironment("HOME", casa.string());
-        SetEnvironment("TEMP", host.resourcePath);
+        driver::SetEnvironment("HOME", casa.string());
+        driver::SetEnvironment("TEMP", host.resourcePath);
         RunScriptsWithLua(host);
         RenderToFiles(host);
     }

@@ -9,44 +9,28 @@
 #include "render/render.h"
 #include "slicer/presets.h"
 #include "slicer/preview.h"
-#include "tests/support/environment.h"
 #include "tests/support/panel_scene.h"
 #include "tests/support/story.h"
 
-// While it lives, no file grows beyond so many bytes.
-class DiscoCheio {
-  public:
-    explicit DiscoCheio(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);  // the write fails instead
-        getrlimit(RLIMIT_FSIZE, &antes_);
-        const rlimit cheio = {bytes, antes_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &cheio);
-    }
-    ~DiscoCheio() {
-        setrlimit(RLIMIT_FSIZE, &antes_);
-        std::signal(SIGXFSZ, SIG_DFL);
-    }
-
-  private:
-    rlimit antes_;
-};
-
 TEST_F(Painel, ComODiscoCheioTudoSegueENadaRodaPelaMetade) {
-    SetEnvironment("TEMP", host.resourcePath);
+    driver::SetEnvironment("TEMP", host.resourcePath);
     const std::string script = host.resourcePath + "/~quilmo_desktop_temp.lua";
+    std::signal(SIGXFSZ, SIG_IGN);  // the write fails instead
+    rlimit vazio;
+    getrlimit(RLIMIT_FSIZE, &vazio);
     for (const rlim_t bytes : {0, 3, 11, 64, 2000}) {
         SCOPED_TRACE(bytes);
         Projeto("1: a 0-1 *");
-        {
-            DiscoCheio cheio(bytes);
-            Abrir();
-            AbrirFatiador();
-            SalvarPreset(PresetsFatiador, 2, -20, 10, true, host.resourcePath);
-            EXPECT_TRUE(ModoFatiadorAtivo);
-            Fechar();
-            RegistrarLog("perdida");
-            RenderPreLeigo();
-        }
+        const rlimit cheio = {bytes, vazio.rlim_max};  // no file grows beyond so many bytes
+        setrlimit(RLIMIT_FSIZE, &cheio);
+        Abrir();
+        AbrirFatiador();
+        SalvarPreset(PresetsFatiador, 2, -20, 10, true, host.resourcePath);
+        EXPECT_TRUE(ModoFatiadorAtivo);
+        Fechar();
+        RegistrarLog("perdida");
+        RenderPreLeigo();
+        setrlimit(RLIMIT_FSIZE, &vazio);
         EXPECT_FALSE(ModoFatiadorAtivo);
         EXPECT_EQ(Mensagens(), "Quilmo: Nao foi possivel criar o script temporario de render.");
         EXPECT_TRUE(host.scripts.added.empty() && host.scripts.run.empty());
@@ -62,4 +46,5 @@ TEST_F(Painel, ComODiscoCheioTudoSegueENadaRodaPelaMetade) {
         EXPECT_EQ(host.scripts.run.size(), 1u);
         host.scripts.run.clear();
     }
+    std::signal(SIGXFSZ, SIG_DFL);
 }

@@ -3,7 +3,7 @@
 
 #include "platform/files.h"
 #include "render/render.h"
-#include "tests/support/environment.h"
+#include "tests/support/desktop_driver.h"
 #include "tests/support/story.h"
 
 namespace fs = std::filesystem;
@@ -12,8 +12,8 @@ class Exportar : public Cena {
   protected:
     void SetUp() override {
         Cena::SetUp();
-        SetEnvironment("TEMP", host.resourcePath);
-        SetEnvironment("TMP", "");
+        driver::SetEnvironment("TEMP", host.resourcePath);
+        driver::SetEnvironment("TMP", "");
         reamostragem = {3, 0, 0, 0};
     }
     bool HaScriptNoDisco() { return fs::exists(DeUtf8(script)); }
@@ -57,7 +57,7 @@ TEST_F(Exportar, RecusasNaoDeixamNada) {
     EXPECT_FALSE(HaScriptNoDisco());
     host.calls.StopFailing();
     reamostragem = {3, 0};
-    SetEnvironment("TEMP", host.resourcePath + "/nao/existe");
+    driver::SetEnvironment("TEMP", host.resourcePath + "/nao/existe");
     RenderPreLeigo();
     EXPECT_EQ(Mensagens(),
               "Quilmo: Nao foi possivel registrar o script temporario de render. | "

@@ -53,6 +53,8 @@ Picture PictureOf(HWND window);  // the client area as the screen shows it
 void AnswerNextMenu(const std::string& label, std::function<void()> meanwhile = nullptr);
 std::vector<std::string> LastMenu();  // labels from the top; empty: a separator
 
+void SetEnvironment(const char* name, const std::string& value);  // of this process, UTF-8; empty: not set
+
 // What was not given back to the desktop, as a sentence; empty when all is well or nobody counts.
 std::string Leftovers();
 

@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include "platform/headless/desktop.h"
 #include "tests/support/desktop_driver.h"
 
@@ -59,6 +61,10 @@ std::vector<std::string> LastMenu() {
     std::vector<std::string> labels;
     for (const desktop::MenuEntry& entry : desktop::LastMenu().entries) labels.push_back(entry.text);
     return labels;
+}
+
+void SetEnvironment(const char* name, const std::string& value) {
+    value.empty() ? unsetenv(name) : setenv(name, value.c_str(), 1);
 }
 
 std::string Leftovers() { return desktop::Leftovers(); }

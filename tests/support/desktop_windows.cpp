@@ -2,6 +2,7 @@
 #include <optional>
 #include <utility>
 
+#include "lice/bitmap.h"
 #include "tests/support/desktop_driver.h"
 
 namespace driver {
@@ -87,26 +88,15 @@ bool LeaveNobodyInFront() { return false; }
 Picture PictureOf(HWND window) {
     RECT client;
     GetClientRect(window, &client);
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = client.right;
-    info.bmiHeader.biHeight = -client.bottom;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    const HDC memory = CreateCompatibleDC(nullptr);
-    const HBITMAP section = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HGDIOBJ previous = SelectObject(memory, section);
+    LICE_SysBitmap copy(client.right, client.bottom);
     const HDC screen = GetDC(window);
-    BitBlt(memory, 0, 0, client.right, client.bottom, screen, 0, 0, SRCCOPY);
+    BitBlt(copy.getDC(), 0, 0, client.right, client.bottom, screen, 0, 0, SRCCOPY);
     GdiFlush();
     ReleaseDC(window, screen);
-    const auto* first = static_cast<const uint32_t*>(bits);
-    Picture picture{client.right, client.bottom, {first, first + client.right * client.bottom}};
-    for (uint32_t& pixel : picture.pixels) pixel &= 0xFFFFFF;
-    SelectObject(memory, previous);
-    DeleteObject(section);
-    DeleteDC(memory);
+    Picture picture{client.right, client.bottom, {}};
+    for (int y = 0; y < client.bottom; ++y)
+        for (int x = 0; x < client.right; ++x)
+            picture.pixels.push_back(copy.getBits()[y * copy.getRowSpan() + x] & 0xFFFFFF);
     return picture;
 }
 
@@ -148,6 +138,13 @@ void AnswerNextMenu(const std::string& label, std::function<void()> meanwhile) {
 }
 
 std::vector<std::string> LastMenu() { return lastMenu; }
+
+void SetEnvironment(const char* name, const std::string& value) {
+    wchar_t wide[1024] = L"";
+    MultiByteToWideChar(CP_UTF8, 0, value.c_str(), -1, wide, 1024);
+    const std::wstring wideName(name, name + std::string(name).size());
+    SetEnvironmentVariableW(wideName.c_str(), value.empty() ? nullptr : wide);
+}
 
 std::string Leftovers() { return ""; }
 

@@ -5,8 +5,6 @@
 #include <string>
 #include <vector>
 
-std::vector<std::string> NamesExportedByModule();  // read from the file itself, sorted
-
 class ModuleFile {
   public:
     ModuleFile();  // throws std::runtime_error, saying why, when it does not load
@@ -18,6 +16,7 @@ class ModuleFile {
     Function* Find(const char* name) const {
         return reinterpret_cast<Function*>(Address(name));
     }
+    std::vector<std::string> ExportedNames() const;  // sorted
 
   private:
     void* Address(const char* name) const;  // null when there is none

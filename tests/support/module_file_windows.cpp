@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 #include "platform/win32.h"
@@ -23,26 +21,16 @@ void* ModuleFile::Address(const char* name) const {
     return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(handle_), name));
 }
 
-// The names in the file's export directory.
-std::vector<std::string> NamesExportedByModule() {
-    std::ifstream file(Path, std::ios::binary);
-    const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-    if (bytes.size() < sizeof(IMAGE_DOS_HEADER)) throw std::runtime_error("no such module");
-    const char* base = bytes.data();
+// The names in the export directory, where the loader has put it: addresses count from the handle.
+std::vector<std::string> ModuleFile::ExportedNames() const {
+    const auto* base = static_cast<const char*>(handle_);
     const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
     const auto* header = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
-    const IMAGE_SECTION_HEADER* sections = IMAGE_FIRST_SECTION(header);
-    const auto at = [&](DWORD address) {  // where the loader's address stands in the file
-        for (int i = 0; i < header->FileHeader.NumberOfSections; ++i)
-            if (address - sections[i].VirtualAddress < sections[i].SizeOfRawData)
-                return base + sections[i].PointerToRawData + (address - sections[i].VirtualAddress);
-        throw std::runtime_error("an address outside all sections");
-    };
     const auto& entry = header->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
-    const auto* exports = reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(at(entry.VirtualAddress));
-    const auto* addresses = reinterpret_cast<const DWORD*>(at(exports->AddressOfNames));
+    const auto* exports = reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(base + entry.VirtualAddress);
+    const auto* addresses = reinterpret_cast<const DWORD*>(base + exports->AddressOfNames);
     std::vector<std::string> names;
-    for (DWORD i = 0; i < exports->NumberOfNames; ++i) names.emplace_back(at(addresses[i]));
+    for (DWORD i = 0; i < exports->NumberOfNames; ++i) names.emplace_back(base + addresses[i]);
     if (exports->NumberOfFunctions != exports->NumberOfNames) names.push_back("(exported without a name)");
     std::sort(names.begin(), names.end());
     return names;
