@@ -5,10 +5,7 @@
 class Selecao : public Cena {};
 
 TEST_F(Selecao, PeloCursorSubstituiAAnterior) {
-    const struct {
-        void (*comando)();
-        const char *titulo, *selecionados;
-    } casos[] = {
+    const std::tuple<void (*)(), const char*, const char*> casos[] = {
         {SelecionarAntesCursor, "Selecionar Antes do Cursor", "a, b, c, e"},
         {SelecionarDepoisCursor, "Selecionar Depois do Cursor", "c, d, e, f"},
         {SelecionarAntesCursorFaixa, "Selecionar Antes do Cursor (Faixa)", "a, b, c"},
@@ -16,13 +13,13 @@ TEST_F(Selecao, PeloCursorSubstituiAAnterior) {
         {SelecionarTodosFaixa, "Selecionar Itens da Faixa", "a, b, c, d"},
         {SelecionarTodosProjeto, "Selecionar Todos os Itens", "a, b, c, d, e, f"},
     };
-    for (const auto& caso : casos) {
+    for (const auto& [comando, titulo, selecionados] : casos) {
         // One item for each way of lying to the cursor: before, ending at it, across, starting at it, behind.
         Projeto("Voz (selected): a 0-1 * | b 2-4 | c 3-6 | d 4-5 / Som: e 0-9 | f 8-9 * {cursor 4}");
         const std::string antes = Retrato();
-        caso.comando();
-        EXPECT_EQ(Selecionados(), caso.selecionados) << caso.titulo;
-        EXPECT_EQ(Historico(), caso.titulo);
+        comando();
+        EXPECT_EQ(Selecionados(), selecionados) << titulo;
+        EXPECT_EQ(Historico(), titulo);
         EXPECT_EQ(Retrato(), antes);
     }
     Contar(SelecionarTodosFaixa, "Selecionar Itens da Faixa", {{"Voz: a 0-1 *", "Voz: a 0-1"}});

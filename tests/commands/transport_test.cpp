@@ -27,10 +27,7 @@ TEST_F(Transporte, PararDesarmaELimpa) {
 }
 
 TEST_F(Transporte, SaltaParaABordaMaisProxima) {
-    const struct {
-        const char* cena;
-        double anterior, proximo;  // where the cursor ends up
-    } casos[] = {
+    const std::tuple<const char*, double, double> casos[] = {
         {"1: a 1-2 | b 3-5 {cursor 4}", 3, 5},
         {"1: a 1-2 | b 3-5 {cursor 3.0005}", 1, 5},                            // too near the start of b
         {"1: a 1-2 | b 3-5 {cursor 1.9995}", 1, 5},                            // too near the end of a
@@ -40,13 +37,13 @@ TEST_F(Transporte, SaltaParaABordaMaisProxima) {
         {"1: a 1-2 / 2 (selected): b 3-5 {cursor 2.5}", 0, 5},                 // else the selected track
         {"1: a 1-2 / 2: b 3-5 {cursor 2.5}", 1, 5},                            // else all
     };
-    for (const auto& caso : casos) {
-        Projeto(caso.cena);
+    for (const auto& [cena, anterior, proximo] : casos) {
+        Projeto(cena);
         PrevItemStart();
-        EXPECT_EQ(host.project.cursor, caso.anterior) << caso.cena;
-        Projeto(caso.cena);
+        EXPECT_EQ(host.project.cursor, anterior) << cena;
+        Projeto(cena);
         NextItemEnd();
-        EXPECT_EQ(host.project.cursor, caso.proximo) << caso.cena;
+        EXPECT_EQ(host.project.cursor, proximo) << cena;
     }
 }
 

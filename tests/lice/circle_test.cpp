@@ -195,15 +195,11 @@ TEST(Arc, ShowsTheCircleInABoxForEachQuadrant) {
 
 // One number stands for all coverage of a radius.
 TEST(CircleMasks, AreThoseThatWereDrawn) {
-    const struct {
-        float r;
-        bool plain;  // whether plain ones are held
-        uint32_t fingerprint;
-    } rows[] = {{1.0f, true, 0x50BABBCF}, {1.5f, true, 0xD576D940},  {2.0f, true, 0x376F0A82},
-                {2.5f, true, 0x7D3AEF80}, {3.0f, true, 0x05FCFF2A},  {3.5f, true, 0x75B0D800},
-                {4.0f, true, 0xE4740EC6}, {5.0f, false, 0x368BAC3F}, {6.0f, false, 0x006930FF},
-                {7.0f, false, 0x16D138F7}};
-    for (const auto& [r, plain, wanted] : rows) {
+    const std::tuple<float, bool, uint32_t> rows[] = {
+        {1.0f, true, 0x50BABBCF},  {1.5f, true, 0xD576D940}, {2.0f, true, 0x376F0A82}, {2.5f, true, 0x7D3AEF80},
+        {3.0f, true, 0x05FCFF2A},  {3.5f, true, 0x75B0D800}, {4.0f, true, 0xE4740EC6}, {5.0f, false, 0x368BAC3F},
+        {6.0f, false, 0x006930FF}, {7.0f, false, 0x16D138F7}};
+    for (const auto& [r, plain, wanted] : rows) {  // whether plain ones are held
         uint32_t fingerprint = 0;
         for (int kind = 0; kind < 4; ++kind) {  // outline and fill, anti-aliased and plain
             const CircleMask mask = SmallCircleMask(r, kind & 1, kind < 2);

@@ -86,24 +86,21 @@ TEST(Font, AgreesWithASlowComposer) {
 }
 
 TEST(Font, ReadsOnlyWhatItWasGiven) {
-    const struct {
-        const char* text;
-        int count;
-        std::vector<unsigned> codes;
-    } rows[] = {{"e\xCC\x81x", -1, {0x65 | 0x301u << 20, 'x'}},
-                {"e\xCC\x81", 3, {0x65 | 0x301u << 20}},
-                {"e\xCC\x81", 2, {'e', 0xCC}},  // what is left of the mark reads as bytes
-                {"e\xCC\x81", 1, {'e'}},
-                {"1\xCC\x81", -1, {'1', 0x301}},  // only letters carry marks
-                {"\xC3\xA9\xC3", -1, {0xE9, 0xC3}},
-                {"\xF4\x8F\xBF\xBF!", -1, {' ', '!'}},
-                {"ab", 9, {'a', 'b'}},
-                {"ab", 0, {}}};
-    for (const auto& row : rows) {
-        TextReader reader{row.text, row.count};
+    const std::tuple<const char*, int, std::vector<unsigned>> rows[] = {
+        {"e\xCC\x81x", -1, {0x65 | 0x301u << 20, 'x'}},
+        {"e\xCC\x81", 3, {0x65 | 0x301u << 20}},
+        {"e\xCC\x81", 2, {'e', 0xCC}},  // what is left of the mark reads as bytes
+        {"e\xCC\x81", 1, {'e'}},
+        {"1\xCC\x81", -1, {'1', 0x301}},  // only letters carry marks
+        {"\xC3\xA9\xC3", -1, {0xE9, 0xC3}},
+        {"\xF4\x8F\xBF\xBF!", -1, {' ', '!'}},
+        {"ab", 9, {'a', 'b'}},
+        {"ab", 0, {}}};
+    for (const auto& [text, count, wanted] : rows) {
+        TextReader reader{text, count};
         std::vector<unsigned> codes;
         while (!reader.AtEnd()) codes.push_back(reader.Next());
-        EXPECT_EQ(codes, row.codes) << testing::PrintToString(row.text) << " " << row.count;
+        EXPECT_EQ(codes, wanted) << testing::PrintToString(text) << " " << count;
     }
 }
 
@@ -146,16 +143,13 @@ TEST(Font, RendersNoSpaceForALineFeedThatIsSkipped) {
     }
 }
 
-const struct {
-    UINT format;
-    std::wstring text;
-} TallRows[] = {{0, L"\xE3n"},  // n has no ink right of its room
-                {DT_RIGHT, L"\xE3n"},
-                {DT_CENTER | DT_BOTTOM, L"\xE3n"},
-                {DT_NOCLIP, L"jn"},  // ink left of the pen
-                {DT_END_ELLIPSIS, L"nnnnn"},
-                {DT_END_ELLIPSIS, L"nnnn\xE3"},
-                {DT_END_ELLIPSIS | DT_MODIFYSTRING, L"nnnnn"}};
+const std::pair<UINT, std::wstring> TallRows[] = {{0, L"\xE3n"},  // n has no ink right of its room
+                                                  {DT_RIGHT, L"\xE3n"},
+                                                  {DT_CENTER | DT_BOTTOM, L"\xE3n"},
+                                                  {DT_NOCLIP, L"jn"},  // ink left of the pen
+                                                  {DT_END_ELLIPSIS, L"nnnnn"},
+                                                  {DT_END_ELLIPSIS, L"nnnn\xE3"},
+                                                  {DT_END_ELLIPSIS | DT_MODIFYSTRING, L"nnnnn"}};
 
 // GDI draws text too tall to be cached, straight into a surface with a context, and through a scratch otherwise.
 // It gets every bit of the format but the one that lets it write into the text. Only Windows heeds the ellipsis.
@@ -167,10 +161,10 @@ TEST(Font, TallTextIsTheSystemsOwn) {
     font.SetTextColor(0xFF4080C0);
     LICE_SysBitmap direct(420, 330), plain(420, 330);
     LICE_MemBitmap without(420, 330);
-    for (const auto& row : TallRows) {
-        const UINT format = row.format | DT_SINGLELINE;
+    for (const auto& [asked, letters] : TallRows) {
+        const UINT format = asked | DT_SINGLELINE;
         std::string text;
-        for (const wchar_t c : row.text) text += c < 128 ? std::string(1, static_cast<char>(c)) : "\xC3\xA3";
+        for (const wchar_t c : letters) text += c < 128 ? std::string(1, static_cast<char>(c)) : "\xC3\xA3";
         const std::string given = text;
         for (LICE_IBitmap* surface : {(LICE_IBitmap*)&direct, (LICE_IBitmap*)&plain, (LICE_IBitmap*)&without})
             LICE_Clear(surface, 0);
@@ -181,7 +175,7 @@ TEST(Font, TallTextIsTheSystemsOwn) {
         font.DrawText(&without, text.c_str(), -1, &rect, format);
         EXPECT_EQ(text, given);
 
-        std::vector<WCHAR> wide(row.text.begin(), row.text.end());
+        std::vector<WCHAR> wide(letters.begin(), letters.end());
         wide.push_back(0);
         const SelectedFont selected(plain.getDC(), handle);
         ::SetTextColor(plain.getDC(), RGB(0x40, 0x80, 0xC0));

@@ -11,21 +11,18 @@ static EstadoMouse MouseEm(int x, int y) {
 }
 
 TEST(Widgets, AsQuatroBordasContam) {
-    const struct {
-        int x, y;
-        bool sobre;
-    } casos[] = {{20, 30, true},  {80, 66, true},  {81, 66, false}, {80, 67, false},
-                 {19, 30, false}, {20, 29, false}, {-1, -1, false}};
-    for (const auto& caso : casos) {
-        EstadoMouse mouse = MouseEm(caso.x, caso.y);
+    const std::tuple<int, int, bool> casos[] = {{20, 30, true},  {80, 66, true},  {81, 66, false}, {80, 67, false},
+                                                {19, 30, false}, {20, 29, false}, {-1, -1, false}};
+    for (const auto& [x, y, sobre] : casos) {
+        EstadoMouse mouse = MouseEm(x, y);
         mouse.esquerdoApertou = mouse.direitoApertou = true;
         AspectoBotao aspecto = {.rotulo = "", .dica = "dica"};
         const auto passar = [&] { return Botao(&Tela, mouse, {20, 30, 60, 36}, aspecto); };
         const ResultadoBotao botao = passar();
-        EXPECT_EQ(botao.sobre, caso.sobre) << caso.x << ", " << caso.y;
-        EXPECT_EQ(botao.cliqueEsquerdo, caso.sobre);
-        EXPECT_EQ(botao.cliqueDireito, caso.sobre);
-        EXPECT_EQ(botao.dica != nullptr, caso.sobre);
+        EXPECT_EQ(botao.sobre, sobre) << x << ", " << y;
+        EXPECT_EQ(botao.cliqueEsquerdo, sobre);
+        EXPECT_EQ(botao.cliqueDireito, sobre);
+        EXPECT_EQ(botao.dica != nullptr, sobre);
         aspecto.desativado = true;
         const ResultadoBotao legenda = passar();
         EXPECT_FALSE(legenda.sobre || legenda.cliqueEsquerdo || legenda.cliqueDireito || legenda.dica);
@@ -40,8 +37,8 @@ TEST(Widgets, RotuloEncolheAteNoveEAiTransborda) {
     EXPECT_EQ(AjustarTexto(texto, 15, 0, LarguraTexto(texto, 11) + 5).tamanho, 10);
     EXPECT_EQ(AjustarTexto(texto, 15, 20.5f, LarguraTexto(texto, 11) + 26).tamanho, 10);
     EXPECT_EQ(AjustarTexto(texto, 12, 0, 10).tamanho, 9);
-    const struct { int largura, tamanho; } tamanhos[] = {{201, 16}, {200, 15}, {100, 15}, {99, 14}, {50, 14}, {49, 12}};
-    for (const auto& caso : tamanhos) EXPECT_EQ(TamanhoDaFonte(caso.largura), caso.tamanho);
+    for (const auto& [largura, tamanho] : {std::pair{201, 16}, {200, 15}, {100, 15}, {99, 14}, {50, 14}, {49, 12}})
+        EXPECT_EQ(TamanhoDaFonte(largura), tamanho);
     EXPECT_EQ(FontePainel(0), FontePainel(1));
     EXPECT_EQ(FontePainel(64), FontePainel(63));
 }

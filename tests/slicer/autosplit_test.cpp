@@ -20,9 +20,10 @@ static simhost::SourceRef Fala(std::initializer_list<double> bordas) {
 
 class Fatias : public Cena {
   protected:
-    bool Fatiar(bool fechar) {  // with a block of no length, for which 55 ms stand
-        return reinterpret_cast<decltype(&Quilmo_AutoSplit)>(host.extension.Function("Quilmo_AutoSplit"))(fechar, -1,
-                                                                                                          -37.0);
+    bool Fatiar(bool fechar) {
+        void* funcao = host.extension.Function("Quilmo_AutoSplit");
+        // A block of no length counts as 55 ms.
+        return reinterpret_cast<decltype(&Quilmo_AutoSplit)>(funcao)(fechar, -1, -37.0);
     }
     // The only track in the project, with all its items selected.
     void SoEstaFaixa(const std::vector<ItemDeCena>& itens) {
@@ -35,11 +36,7 @@ class Fatias : public Cena {
 
 TEST_F(Fatias, SoOSomFica) {
     const auto meio = Fala({1, 2, 4}), tres = Fala({0.5, 1, 2, 3, 4, 5, 6}), tudo = Fala({0, 1, 1.04, 3});
-    const struct {
-        std::vector<ItemDeCena> itens;
-        bool fechar;
-        std::string pedacos;
-    } casos[] = {
+    const std::tuple<std::vector<ItemDeCena>, bool, std::string> casos[] = {
         // One piece gets no fades, and closes up with nothing; more of them stay where they sounded.
         {{{"A", 10, 14, meio}}, false, "A 11-12 @1"},
         {{{"A", 10, 14, meio}}, true, "A 11-12 @1"},
@@ -52,6 +49,7 @@ TEST_F(Fatias, SoOSomFica) {
         // Nothing sounds, or all of it does: nothing goes. No sliver is left of a last half millisecond.
         {{{"A", 0, 3, Fala({3})}}, true, "A 0-3"},
         {{{"A", 0, 3, tudo}}, true, "A 0-3"},
+        {{{"A", 0, 1.001, Fala({0, 1, 1.001})}}, true, "A 0-1.001"},
         {{{"A", 0, 2.0005, Fala({0, 1, 2, 2.0005})}}, false, "A 0-1"},
         // Items of one track close up into one line, skipped ones too.
         {{{"A", 0, 4, meio}, {"curto", 6, 6.04}, {"B", 8, 12, meio}},
@@ -64,10 +62,10 @@ TEST_F(Fatias, SoOSomFica) {
         // MIDI and a source that cannot be read count as silence.
         {{{"M", 0, 2, Midi(4)}, {"U", 3, 5, Unreadable(Taxa, 2, 96000)}}, false, "M 0-2 midi | U 3-5"},
     };
-    for (const auto& caso : casos) {
-        SoEstaFaixa(caso.itens);
-        EXPECT_TRUE(Fatiar(caso.fechar));
-        EXPECT_EQ(Retrato(), "Voz: " + caso.pedacos);
+    for (const auto& [itens, fechar, pedacos] : casos) {
+        SoEstaFaixa(itens);
+        EXPECT_TRUE(Fatiar(fechar));
+        EXPECT_EQ(Retrato(), "Voz: " + pedacos);
         EXPECT_EQ(Historico(), "Fatiador Preview");
     }
 }

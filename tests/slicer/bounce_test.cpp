@@ -6,10 +6,8 @@
 class Bounce : public Cena {};
 
 TEST_F(Bounce, AbreAteAsAlcasESeEncolheDeVolta) {
-    const struct {
-        double posicao, inicioNaFonte, taxa, fonte;  // of an item of 4 seconds
-        double alcaEsquerda, colado;                 // the new source: left handle + item + right handle
-    } casos[] = {
+    // Of an item of 4 seconds; then of the new source its left handle, and it with the item and both handles.
+    const double casos[][6] = {
         {20, 0, 1, 4, 0, 4},            // shows all of its source
         {20, 3, 1, 27, 3, 3 + 4 + 10},  // 3 hidden on the left, 20 on the right
         {20, 8, 2, 16, 4, 4 + 4},       // at twice the speed 8 seconds of source are 4
@@ -17,25 +15,24 @@ TEST_F(Bounce, AbreAteAsAlcasESeEncolheDeVolta) {
         {20, 30, 1, 100, 10, 24},       // no more than 10
         {20, 3, 0, 27, 3, 3 + 4 + 10},  // a rate that is none counts as 1
     };
-    for (const auto& caso : casos) {
+    for (const auto& [posicao, inicioNaFonte, taxa, fonte, alcaEsquerda, colado] : casos) {
         Projeto("Voz:");
-        const auto fonte = Silence(8000, 2, static_cast<int64_t>(caso.fonte * 8000));
-        simhost::Take& take =
-            *Dados(NovoItem(FaixaChamada("Voz"), {"A", caso.posicao, caso.posicao + 4, fonte})).takes[0];
-        take.startOffset = caso.inicioNaFonte;
-        take.playRate = caso.taxa;
+        const auto silencio = Silence(8000, 2, std::llround(fonte * 8000));
+        simhost::Take& take = *Dados(NovoItem(FaixaChamada("Voz"), {"A", posicao, posicao + 4, silencio})).takes[0];
+        take.startOffset = inicioNaFonte;
+        take.playRate = taxa;
         Selecionar({"A"});
         host.undo.Start();
         SCOPED_TRACE(Retrato());
         EXPECT_TRUE(BounceEntrada(10.0));
         EXPECT_TRUE(BounceEntradaAtivo);
         EXPECT_EQ(Historico(), "Fatiador Bounce Entrada");
-        const simhost::Item& colado = *host.project.tracks.ItemAt(0);
-        EXPECT_DOUBLE_EQ(colado.position, caso.posicao);
-        EXPECT_DOUBLE_EQ(colado.length, 4);
-        EXPECT_EQ(colado.Active()->playRate, 1);
-        EXPECT_DOUBLE_EQ(colado.Active()->startOffset, caso.alcaEsquerda);
-        EXPECT_NEAR(colado.Active()->source->Length(), caso.colado, 1e-3);
+        const simhost::Item& novo = *host.project.tracks.ItemAt(0);
+        EXPECT_DOUBLE_EQ(novo.position, posicao);
+        EXPECT_DOUBLE_EQ(novo.length, 4);
+        EXPECT_EQ(novo.Active()->playRate, 1);
+        EXPECT_DOUBLE_EQ(novo.Active()->startOffset, alcaEsquerda);
+        EXPECT_NEAR(novo.Active()->source->Length(), colado, 1e-3);
     }
 }
 

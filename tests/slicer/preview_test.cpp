@@ -217,27 +217,23 @@ TEST_F(Previa, NadaMaisMexeNosCortesEnquantoSaoFeitos) {
 // A step tests its own limit only, and cuts anew also there.
 TEST_F(Previa, PassosEPresets) {
     Entrar();
-    const struct {
-        const char* botao;
-        double antes, depois;
-    } casos[] = {
+    const std::tuple<const char*, double, double> casos[] = {
         {"DIMINUIR PISO", -80, -80},         {"AUMENTA PISO", -6, -6},    {"DIMINUIR PISO", -90, -80},
         {"AUMENTA PISO", -90, -89},          {"AUMENTA PISO", 3, -6},     {"DIMINUIR PISO", 3, 2},
         {"DIMINUIR PISO", -37.5, -38.5},     {"AUMENTA BLOCO", 500, 500}, {"AUMENTA BLOCO", 2147483647, 500},
         {"DIMINUI BLOCO", -2147483648.0, 1}, {"AUMENTA BLOCO", 55, 56},   {"DIMINUI BLOCO", 1, 1},
     };
-    const auto passo = [this](auto& valor, const auto& caso) {
+    for (const auto& [botao, antes, depois] : casos) {
+        const bool piso = std::string_view(botao).ends_with("PISO");
         const int64_t cortes = Cortes();
-        valor = static_cast<std::decay_t<decltype(valor)>>(caso.antes);
-        Clicar(caso.botao);
-        EXPECT_EQ(valor, caso.depois) << caso.botao;
-        EXPECT_GT(Cortes(), cortes) << caso.botao;
-    };
-    for (const auto& caso : casos)
-        if (std::string_view(caso.botao).ends_with("PISO"))
-            passo(thresholdDb, caso);
+        if (piso)
+            thresholdDb = antes;
         else
-            passo(blocoMs, caso);
+            blocoMs = static_cast<int>(antes);
+        Clicar(botao);
+        EXPECT_EQ(piso ? thresholdDb : blocoMs, depois) << botao;
+        EXPECT_GT(Cortes(), cortes) << botao;
+    }
     Clicar("FECHA LACUNAS?");
     EXPECT_FALSE(fecharLacunas);
     Clicar("P3", driver::Button::Right);

@@ -7,11 +7,7 @@
 using namespace std::string_literals;
 
 TEST(WaveFile, EachKindOfSampleHasItsValue) {
-    const struct {
-        const char* name;
-        WaveText wave;
-        std::vector<double> samples;
-    } cases[] = {
+    const std::tuple<const char*, WaveText, std::vector<double>> cases[] = {
         {"8 bits are unsigned", {1, 1, 8, 8000, "\x00\x80\xFF"s}, {-1, 0, 127 / 128.0}},
         {"16 bits", {1, 1, 16, 44100, "\x00\x80\xFF\x7F\x00\x40"s}, {-1, 32767 / 32768.0, 0.5}},
         {"24 bits", {1, 1, 24, 48000, "\x00\x00\x80\x00\x00\x40\x01\x00\x00"s}, {-1, 0.5, 1 / 8388608.0}},
@@ -25,16 +21,16 @@ TEST(WaveFile, EachKindOfSampleHasItsValue) {
          {1, 2, 16, 48000, "\x00\x40\x00\xC0\x00"s, 4000},
          {0.5, -0.5}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, wave, wanted] : cases) {
+        SCOPED_TRACE(name);
         std::string error;
-        const simhost::SourceRef source = OpenWaveFile(WriteWave("quilmo-kind.wav", c.wave), &error);
+        const simhost::SourceRef source = OpenWaveFile(WriteWave("quilmo-kind.wav", wave), &error);
         ASSERT_TRUE(source) << error;
-        EXPECT_EQ(source->SampleRate(), static_cast<int>(c.wave.rate));
-        ASSERT_EQ(source->Frames() * source->Channels(), static_cast<int64_t>(c.samples.size()));
-        std::vector<double> samples(c.samples.size());
+        EXPECT_EQ(source->SampleRate(), static_cast<int>(wave.rate));
+        ASSERT_EQ(source->Frames() * source->Channels(), static_cast<int64_t>(wanted.size()));
+        std::vector<double> samples(wanted.size());
         EXPECT_TRUE(source->Read(0, static_cast<int>(source->Frames()), samples.data()));
-        EXPECT_EQ(samples, c.samples);
+        EXPECT_EQ(samples, wanted);
     }
 }
 
