@@ -19,28 +19,25 @@ class Gravacoes : public Workshop {
     std::string error;
 };
 
-static int CountFormats(int command) {
+static std::vector<SF_FORMAT_INFO> Formats(int howMany, int which) {
     int count = 0;
-    sf_command(nullptr, command, &count, sizeof count);
-    return count;
-}
-
-static SF_FORMAT_INFO Format(int command, int index) {
-    SF_FORMAT_INFO format{index, nullptr, nullptr};
-    sf_command(nullptr, command, &format, sizeof format);
-    return format;
+    sf_command(nullptr, howMany, &count, sizeof count);
+    std::vector<SF_FORMAT_INFO> formats(count);
+    for (int i = 0; i < count; ++i) {
+        formats[i].format = i;
+        sf_command(nullptr, which, &formats[i], sizeof formats[i]);
+    }
+    return formats;
 }
 
 // Every container with every coding that libsndfile writes here; a test can make no other.
 TEST_F(Gravacoes, TodoFormatoSeLeComoALibsndfileEmQualquerOrdem) {
     std::mt19937 random(7);
     int tried = 0;
-    for (int m = 0; m < CountFormats(SFC_GET_FORMAT_MAJOR_COUNT); ++m)
-        for (int s = 0; s < CountFormats(SFC_GET_FORMAT_SUBTYPE_COUNT); ++s)
+    for (const SF_FORMAT_INFO& major : Formats(SFC_GET_FORMAT_MAJOR_COUNT, SFC_GET_FORMAT_MAJOR))
+        for (const SF_FORMAT_INFO& sub : Formats(SFC_GET_FORMAT_SUBTYPE_COUNT, SFC_GET_FORMAT_SUBTYPE))
             for (int channels : {1, 2, 5}) {
-                const SF_FORMAT_INFO major = Format(SFC_GET_FORMAT_MAJOR, m), sub = Format(SFC_GET_FORMAT_SUBTYPE, s);
-                // Without a header, with its header elsewhere, and two that libsndfile reads differently by the size of
-                // the read.
+                // No header, a header elsewhere, and two that libsndfile reads differently by the size of the read.
                 const int odd[] = {SF_FORMAT_RAW, SF_FORMAT_SD2, SF_FORMAT_PAF, SF_FORMAT_SDS};
                 info = {0, 48000, channels, major.format | sub.format, 0, 0};
                 if (std::count(odd, std::end(odd), major.format) || !sf_format_check(&info)) continue;

@@ -1,4 +1,4 @@
-// Mute, colour, the take envelope, track height.
+// Mute, colour, the take envelope.
 #include "commands/commands.h"
 #include "tests/support/story.h"
 
@@ -31,10 +31,4 @@ TEST_F(Propriedades, EnvelopeFicaComOPrimeiroItem) {
     Contar(VolEnvelope, "",
            {{"1: a 0-1", nullptr, "Erro: Nenhum item de midia selecionado."},
             {"1: a 0-1 no take *", "1:  0-1 no take *", "Erro: Nenhuma take ativa."}});
-}
-
-TEST_F(Propriedades, AlturaDasFaixasEVistaInteira) {
-    Contar([] { ZoomAllFaixas(false); }, "", {{"1: a 0-5 / 2:", "1 (height 75): a 0-5 / 2 (height 75):"}});
-    Contar([] { ZoomAllFaixas(true); }, "",
-           {{"1: a 0-5 / 2: b 1-9", "1 (height 75): a 0-5 / 2 (height 75): b 1-9 {view 0-12}"}});
 }

@@ -1,4 +1,4 @@
-// Trim, cut, split and ripple delete.
+// Trim, split and ripple delete.
 #include "commands/commands.h"
 #include "tests/support/story.h"
 
@@ -20,8 +20,6 @@ TEST_F(Trim, FechaOQueCortou) {
            {{dois, "Voz: A 0-6 @4 | B 8-10"},
             {"Voz: A 2-10 * | B 3-5 | C 11-12 {cursor 6}", "Voz: A 2-6 @4 | B 3-5 | C 7-8 {cursor 2}"},
             {"Voz: A 2-10 * | B 5.99995-8 {cursor 6}", "Voz: B 1.99995-4 | A 2-6 @4 {cursor 2}"}});
-    Contar(CortarD, "Cortar Direita", {{dois, "Voz: A 0-4 * | B 12-14 {cursor 4}"}});
-    Contar(CortarE, "Cortar Esquerda", {{dois, "Voz: A 4-10 @4 * | B 12-14 {cursor 4}"}});
 }
 
 // Of a host that crossfades at splits, the kept part starts before the cursor, and follows all the same.

@@ -8,7 +8,6 @@ static LICE_pixel BlitPixel(LICE_pixel old, LICE_pixel source, float alpha, int 
     const int modeByte = mode & 0xFF, from = (mode & 3) * 8, to = (mode >> 2 & 3) * 8;
     if (modeByte >= 0xF0) return (old & ~(255u << to)) | (source >> from & 255) << to;
     const bool plain = modeByte == 0 && !(mode & LICE_BLIT_USE_ALPHA);
-    if (plain && alpha == 1.0f) return source;
     if (plain && alpha == 0.5f) return reference::Average(old, source);
     const int ia = static_cast<int>(alpha * 256.0);
     if (ia == 0 || modeByte > 5 || (modeByte == 0 && ia < 0)) return old;

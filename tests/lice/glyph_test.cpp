@@ -2,8 +2,6 @@
 
 #include "tests/lice/brush.h"
 
-namespace {
-
 struct Mask {
     int width, height, span;
     std::vector<unsigned char> bytes;
@@ -19,7 +17,7 @@ struct Mask {
     int At(int x, int y) const { return bytes[(span < 0 ? height - 1 - y : y) * std::abs(span) + x]; }
 };
 
-void DrawSlowly(TestSurface& surface, const Brush& brush, int x, int y, const Mask& mask) {
+static void DrawSlowly(TestSurface& surface, const Brush& brush, int x, int y, const Mask& mask) {
     const bool scales = brush.Scales(surface);
     const int W = scales ? surface.getWidth() : surface.BackingWidth();
     const int H = scales ? surface.getHeight() : surface.BackingHeight();
@@ -39,8 +37,6 @@ void DrawSlowly(TestSurface& surface, const Brush& brush, int x, int y, const Ma
         }
     }
 }
-
-}  // namespace
 
 TEST(Glyph, AgreesWithAPixelByPixelReference) {
     CompareRounds(10000, [](Random& random, const Brush& brush, TestSurface& drawn, TestSurface& expected) {

@@ -13,8 +13,6 @@
 
 namespace fs = std::filesystem;
 
-namespace {
-
 class Entrada : public Cena {
   protected:
     void SetUp() override {  // each test loads the module for itself
@@ -36,7 +34,7 @@ class Entrada : public Cena {
 };
 
 // The four texts of a definition, which follow each other directly.
-std::string Definicao(const void* bloco) {
+static std::string Definicao(const void* bloco) {
     std::string textos;
     const char* p = static_cast<const char*>(bloco);
     for (int i = 0; i < 4; ++i, p += std::strlen(p) + 1) textos += p + std::string("|");
@@ -113,5 +111,3 @@ TEST_F(Entrada, LogSegueAPastaDoMomentoECalaSemEla) {
     RegistrarLog("duas");
     EXPECT_EQ(Log(), "acentos e 100%s passam: ação\nduas\n");
 }
-
-}  // namespace

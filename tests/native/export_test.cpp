@@ -55,15 +55,13 @@ TEST_F(ExportarDeVerdade, SemRegioesVaiOProjetoComSeuNome) {
     RenderPreLeigo();
     EXPECT_EQ(NaAreaDeTrabalho(), "Ep _1_ 100%.mp3 4s | Ep _1_ 100%.wav 4.5s");
     EXPECT_EQ(host.project.timeSelection, (simhost::TimeRange{1, 4.5}));
-    EXPECT_EQ(Mensagens(), [&] {
-        const std::string uma =
-            "Quilmo - Concluido: Exportacao concluida!\n\nArquivo salvo em:\n" + (casa / "Desktop").string();
-        return uma + " | " + uma;
-    }());
+    const std::string desktop = (casa / "Desktop").string(),
+                      uma = "Quilmo - Concluido: Exportacao concluida!\n\nArquivo salvo em:\n" + desktop;
+    EXPECT_EQ(Mensagens(), uma + " | " + uma);
     const std::string presets = LerArquivo(presetsDoHost);
     EXPECT_EQ(presets.find("<RENDERPRESET outro 44100\n>\n"), 0u);
-    const std::string nosso = "RENDERPRESET_OUTPUT VELATURNO_PRE 1 0 124.128 0 0 Ep \"1\" 100% 0 \"" +
-                              (casa / "Desktop").string() + "\" 1000 0 \"\" 0\n";
+    const std::string nosso =
+        "RENDERPRESET_OUTPUT VELATURNO_PRE 1 0 124.128 0 0 Ep \"1\" 100% 0 \"" + desktop + "\" 1000 0 \"\" 0\n";
     EXPECT_NE(presets.find(nosso), std::string::npos) << presets;
     EXPECT_EQ(presets.find("VELATURNO_PRE"), presets.find("<RENDERPRESET VELATURNO_PRE") + 14);
     EXPECT_EQ(presets.find("<RENDERPRESET VELATURNO_PRE"), presets.rfind("<RENDERPRESET VELATURNO_PRE"))

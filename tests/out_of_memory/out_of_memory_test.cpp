@@ -25,8 +25,10 @@ class SemMemoria : public Painel {
         host.dialogs.onMessage = [](const std::string&, const std::string&, int) { return 6; };
         host.dialogs.onInput = [](const simhost::ShownInput&) { return "nome"; };
     }
-    static void Cenario() {
-        Projeto("1 (selected): a 0.5-3 * | b 2.5-5 * | c 6-9 / 2: d 1-3.5 [M1 m 0] [R1 r 0-2] {cursor 1.5} {time 1-2}");
+    static void CenarioComFala() {
+        Projeto("1: a 0-3.5 *");
+        Dados(ItemChamado("a")).takes[0]->source = Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
+        simhost::Host::Current().undo.Start();
     }
     void Inteiro() {
         EXPECT_FALSE(host.undo.Open());
@@ -66,7 +68,8 @@ TEST_F(SemMemoria, ComandosFechamOQueAbriram) {
         SCOPED_TRACE(comando.nome);
         const bool soUm = std::string(comando.nome).starts_with("Trim");
         const auto cenario = [&] {
-            Cenario();
+            Projeto(
+                "1 (selected): a 0.5-3 * | b 2.5-5 * | c 6-9 / 2: d 1-3.5 [M1 m 0] [R1 r 0-2] {cursor 1.5} {time 1-2}");
             if (soUm) Selecionar({"a"});
         };
         cenario();
@@ -84,12 +87,9 @@ TEST_F(SemMemoria, ComandosFechamOQueAbriram) {
 }
 
 TEST_F(SemMemoria, PortasNaoDeixamPassarNada) {
-    const auto fala = Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
     const std::string log = host.resourcePath + "/quilmo_extension_log.txt";
     const auto cenario = [&] {
-        Projeto("1: a 0-3.5 *");
-        Dados(ItemChamado("a")).takes[0]->source = fala;
-        host.undo.Start();
+        CenarioComFala();
         RemoveFile(log);
     };
     bool cortou = true;
@@ -128,7 +128,6 @@ TEST_F(SemMemoria, OPainelAbreDepoisDeCadaFalha) {
 
 // Through the window: the mode is entered, cut anew and left by either way out. Whatever failed, VOLTAR leads back.
 TEST_F(SemMemoria, OModoSegueInteiro) {
-    const auto fala = Bursts(800, 1, {{800, 0.5}, {400, 0}, {800, 0.5}, {800, 0}});
     Abrir();
     const POINT entrar = Achar("AUTO FATIADOR").Meio();
     ModoFatiadorAtivo = true;
@@ -136,9 +135,7 @@ TEST_F(SemMemoria, OModoSegueInteiro) {
     std::string original;
     const auto cenario = [&] {
         RestaurarEstadoFatiador();
-        Projeto("1: a 0-3.5 *");
-        Dados(ItemChamado("a")).takes[0]->source = fala;
-        host.undo.Start();
+        CenarioComFala();
         original = Retrato();
     };
     const auto clicar = [](POINT onde) {  // without the tests' own requests

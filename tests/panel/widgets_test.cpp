@@ -59,40 +59,35 @@ TEST(Widgets, RotuloEscritoNoMeio) {
     EXPECT_NEAR(tinta.bottom - tinta.top, 10, 3);
 }
 
-class Slider : public testing::Test {
-  protected:
-    ResultadoSlider Passar(int x, bool seguro, bool apertou, float valor) {
+TEST(Widgets, ArrastoSegueForaETerminaUmaVez) {
+    const char *arrastado = nullptr, *id = "db";
+    int y = 40;
+    bool desativado = false;
+    const auto passar = [&](int x, bool seguro, bool apertou, float valor) {
         EstadoMouse mouse = MouseEm(x, y);
         mouse.esquerdoSeguro = seguro;
         mouse.esquerdoApertou = apertou;
         return SliderPainel(&Tela, mouse, arrastado, {50, 30, 200, 36},
                             {.id = id, .valor = valor, .minimo = -80, .maximo = -6, .desativado = desativado});
-    }
-    const char* arrastado = nullptr;
-    const char* id = "db";
-    int y = 40;
-    bool desativado = false;
-};
-
-TEST_F(Slider, ArrastoSegueForaETerminaUmaVez) {
-    EXPECT_FALSE(Passar(100, true, false, -37).mudou) << "a button held elsewhere does not catch it";
-    ResultadoSlider r = Passar(150, true, true, -37);
+    };
+    EXPECT_FALSE(passar(100, true, false, -37).mudou) << "a button held elsewhere does not catch it";
+    ResultadoSlider r = passar(150, true, true, -37);
     EXPECT_TRUE(r.mudou);
     EXPECT_EQ(r.valor, -43);  // the middle of -80 to -6
     EXPECT_FALSE(r.soltou);
     y = 90;
-    EXPECT_EQ(Passar(153, true, false, -43).valor, -42);  // 0.515 of 74 is 38.11 above -80: the floor
-    EXPECT_EQ(Passar(900, true, false, -42).valor, -6);
+    EXPECT_EQ(passar(153, true, false, -43).valor, -42);  // 0.515 of 74 is 38.11 above -80: the floor
+    EXPECT_EQ(passar(900, true, false, -42).valor, -6);
     id = "ms";
-    EXPECT_FALSE(Passar(100, true, false, -42).mudou) << "another slider's drag";
+    EXPECT_FALSE(passar(100, true, false, -42).mudou) << "another slider's drag";
     const std::string db = "db";  // the drag is known by its text, wherever that stands
     id = db.c_str();
-    r = Passar(-900, false, false, -42);
+    r = passar(-900, false, false, -42);
     EXPECT_EQ(r.valor, -80);
     EXPECT_TRUE(r.soltou);
     EXPECT_EQ(arrastado, nullptr);
-    EXPECT_FALSE(Passar(100, false, false, -80).soltou);
+    EXPECT_FALSE(passar(100, false, false, -80).soltou);
     desativado = true;
-    r = Passar(150, true, true, -37);
+    r = passar(150, true, true, -37);
     EXPECT_FALSE(r.mudou || r.sobre);
 }

@@ -1,6 +1,5 @@
-// Glue and render commands: which actions run on what, and what is left selected, active and set.
+// Glue and render commands: which actions run on what.
 #include "render/render.h"
-#include "host/actions.h"
 
 #include "tests/support/story.h"
 
@@ -14,8 +13,6 @@ class Render : public Cena {
 };
 
 TEST_F(Render, ColaSoQuandoHaVarios) {
-    EXPECT_EQ(Rodar(StereoRender, "1: a 0-1 *"), "RenderTakeStereo");
-    EXPECT_EQ(Rodar(MonoRender, "1: a 0-1 *"), "RenderTakeMono");
     EXPECT_EQ(Rodar(StereoRender, "1: a 0-1 * | b 1-2 *"), "ColarItens RenderTakeStereo");
     EXPECT_EQ(Rodar(MonoRender, "1: a 0-1 * | b 1-2 *"), "ColarItens RenderTakeMono");
     EXPECT_EQ(Rodar(BounceInteligente, "1: a 0-1 * | b 1-2 *"), "ColarItens RenderTakeStereo")
@@ -26,14 +23,6 @@ TEST_F(Render, ColaSoQuandoHaVarios) {
     Selecionar({"mono"});
     BounceInteligente();
     EXPECT_EQ(Acoes(), "RenderTakeMono");
-}
-
-TEST_F(Render, FicaAUltimaTakeSemOsEfeitosDaFaixa) {
-    host.actions.toggles[acao::AlternarTakesEmPistas] = 1;
-    Projeto("1: a 0-1 * / 2: b 0-1");
-    StereoRender();
-    EXPECT_EQ(Acoes(), "RenderTakeStereo AlternarTakesEmPistas") << "takes in lanes go off when they are on";
-    EXPECT_EQ(Retrato(), "1 (fx off): a-render 0-1 take 2/2 / 2: b 0-1");
 }
 
 TEST_F(Render, LimitesPelaOrdemDePrioridade) {

@@ -11,8 +11,6 @@
 #include "tests/support/desktop_driver.h"
 #include "tests/support/wave_writer.h"
 
-namespace {
-
 // The window with a recording of ten seconds: sound, two seconds of pause, sound.
 class Studio : public testing::Test {
   protected:
@@ -253,5 +251,3 @@ TEST_F(Studio, RendersBesideTheRecordingWhatIsHeardAndSaysWhatItCannot) {
     host.RunAction(acao::RenderizarComUltimas);
     EXPECT_NE(told.back().find("passaria de 4 GB"), std::string::npos) << told.back();
 }
-
-}  // namespace

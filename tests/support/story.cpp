@@ -4,13 +4,6 @@
 
 using simhost::Host;
 
-// Calls f with each match and its groups, and gives the text without them.
-template <class F>
-static std::string Extrair(const std::string& texto, const char* padrao, F f) {
-    for (const std::vector<std::string>& m : Matches(texto, padrao)) f(m);
-    return Replaced(texto, padrao);
-}
-
 static std::vector<std::string> Partes(const std::string& texto, const std::string& entre) {
     std::vector<std::string> partes;
     size_t inicio = 0;
@@ -44,21 +37,19 @@ static void LerFaixa(const std::string& texto) {
 void Projeto(const std::string& retrato) {
     ProjetoVazio();
     simhost::Project& projeto = Host::Current().project;
-    std::string resto = Extrair(retrato, R"(\{(cursor|time|play) (-?[\d.]+)(-([\d.]+))?\})",
-                                [&projeto](const std::vector<std::string>& m) {
-                                    if (m[1] == "cursor")
-                                        projeto.cursor = std::stod(m[2]);
-                                    else if (m[1] == "play")
-                                        Host::Current().transport.state = std::stoi(m[2]);
-                                    else
-                                        projeto.timeSelection = {std::stod(m[2]), std::stod(m[4])};
-                                });
-    resto =
-        Extrair(resto, R"(\[([RM])\d+ (\S* )?([\d.]+)(-([\d.]+))?\])", [&projeto](const std::vector<std::string>& m) {
-            const bool regiao = m[1] == "R";
-            const double inicio = std::stod(m[3]), fim = regiao ? std::stod(m[5]) : inicio;
-            AddMarker(projeto, {regiao, inicio, fim, m[2].substr(0, m[2].find(' '))}, -1);
-        });
+    for (const std::vector<std::string>& m : Matches(retrato, R"(\{(cursor|time|play) (-?[\d.]+)(-([\d.]+))?\})"))
+        if (m[1] == "cursor")
+            projeto.cursor = std::stod(m[2]);
+        else if (m[1] == "play")
+            Host::Current().transport.state = std::stoi(m[2]);
+        else
+            projeto.timeSelection = {std::stod(m[2]), std::stod(m[4])};
+    for (const std::vector<std::string>& m : Matches(retrato, R"(\[([RM])\d+ (\S* )?([\d.]+)(-([\d.]+))?\])")) {
+        const bool regiao = m[1] == "R";
+        const double inicio = std::stod(m[3]), fim = regiao ? std::stod(m[5]) : inicio;
+        AddMarker(projeto, {regiao, inicio, fim, m[2].substr(0, m[2].find(' '))}, -1);
+    }
+    const std::string resto = Replaced(retrato, R"(\{[^}]*\}|\[[^\]]*\])");
     if (resto.find(':') != std::string::npos)
         for (const std::string& faixa : Partes(resto, " / ")) LerFaixa(faixa);
     Host::Current().undo.Start();
