@@ -194,13 +194,11 @@ class FileSource : public simhost::Source {
     BlockRef block_;
 };
 
-std::string Quoted(const std::string& path) { return "'" + path + "'"; }
-
 }  // namespace
 
 simhost::SourceRef OpenAudioFile(const std::string& path, std::string* error, AudioFacts* facts) {
     const auto refuse = [&](const std::string& why) {
-        *error = Quoted(path) + " " + why;
+        *error = "'" + path + "' " + why;
         return nullptr;
     };
     struct stat status;

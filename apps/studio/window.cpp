@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr wchar_t Title[] = L"Quilmo Studio";
+constexpr wchar_t ProgramTitle[] = L"Quilmo Studio";
 constexpr UINT_PTR Clock = 1;
 constexpr UINT ClockMs = 33;
 
@@ -34,9 +34,9 @@ StudioWindow::StudioWindow(const std::string& resourceFolder) {
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
     const int edge = View::Scaled(40), width = std::min<int>(View::Scaled(1100), area.right - area.left - 2 * edge),
               height = std::min<int>(View::Scaled(520), area.bottom - area.top - 2 * edge);
-    window_ =
-        CreateWindowExW(WS_EX_ACCEPTFILES, shape.lpszClassName, Title, WS_OVERLAPPEDWINDOW | WS_HSCROLL | WS_VSCROLL,
-                        area.left + edge, area.top + edge, width, height, nullptr, nullptr, shape.hInstance, this);
+    window_ = CreateWindowExW(WS_EX_ACCEPTFILES, shape.lpszClassName, ProgramTitle,
+                              WS_OVERLAPPEDWINDOW | WS_HSCROLL | WS_VSCROLL, area.left + edge, area.top + edge, width,
+                              height, nullptr, nullptr, shape.hInstance, this);
     if (!window_) throw std::runtime_error("o sistema não deu uma janela");
     statusFont_ = StatusFont();
     host_.mainWindow = window_;
@@ -44,7 +44,7 @@ StudioWindow::StudioWindow(const std::string& resourceFolder) {
     host_.dialogs.onMessage = ShowMessage;
     host_.dialogs.onInput = AskInputs;
     host_.scripts.runner = [](const simhost::Script&) {
-        ShowMessage("A exportação roda um script Lua, que este programa não sabe rodar no Windows.", Utf8(Title),
+        ShowMessage("A exportação roda um script Lua, que este programa não sabe rodar no Windows.", Utf8(ProgramTitle),
                     MB_ICONINFORMATION);
     };
     host_.actions.outside[acao::AlternarMediaExplorer] = [this] { ShowRecordings(); };
@@ -101,7 +101,8 @@ LRESULT StudioWindow::Handle(UINT message, WPARAM w, LPARAM l) {
             Stale();
             return 0;
         case WM_CLOSE:
-            if (Changed() && host_.dialogs.onMessage("Sair sem guardar?", Utf8(Title), MB_YESNO) != IDYES) return 0;
+            if (Changed() && host_.dialogs.onMessage("Sair sem guardar?", Utf8(ProgramTitle), MB_YESNO) != IDYES)
+                return 0;
             break;
         case WM_DESTROY:
             window_ = nullptr;
