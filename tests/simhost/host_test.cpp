@@ -3,9 +3,9 @@
 #include "simhost/accessor.h"
 #include "tests/support/scene.h"
 
-namespace {
-
 class Strict : public Cena {};
+
+namespace {
 
 // Something that no handle is, at an address that exists.
 template <class Handle>
