@@ -1,6 +1,5 @@
 // tests/counting_new.h
-// A program that links counting_new.cpp counts its C++ memory, in whatever part of it, mostly by blocks: a table that
-// grows is one block.
+// A program that links counting_new.cpp counts its C++ memory, in whatever part of it.
 #pragma once
 #include <cstdint>
 

@@ -1,5 +1,4 @@
-// What the sanitizers ask the program that they watch, if they are there at all. Part of every test program itself: in
-// a library nobody would find these names.
+// What the sanitizers ask the program that they watch. In a library they would not find these names.
 #include "platform/export.h"
 
 MODULE_EXPORT const char* __asan_default_options();

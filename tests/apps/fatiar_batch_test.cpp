@@ -76,8 +76,7 @@ TEST_F(FatiarMuitos, PorCanosPassaOMesmoAudio) {
     EXPECT_EQ(Run("fatiar fala.wav -o - >/dev/full").status, 2);
 }
 
-// Undo points, sources, buffers: nothing of one recording is held while the next is sliced. MANY_RECORDINGS asks for
-// more than are made here.
+// Nothing of one recording is held while the next is sliced. MANY_RECORDINGS asks for more than here.
 TEST_F(FatiarMuitos, MilGravacoesNaoPedemMaisMemoriaNemArquivosAbertos) {
     const char* const wanted = std::getenv("MANY_RECORDINGS");
     const std::string crowd = wanted ? wanted : "500";

@@ -37,8 +37,7 @@ TEST_F(Fatiar, MicrofonesJuntosSaemEmSincronia) {
     const std::vector<double> ana = Samples("ana.wav"), bia = Samples("bia.flac");
     const std::vector<double> a = Samples("sai/ana-fatiado.wav"), b = Samples("sai/bia-fatiado.flac");
     ASSERT_EQ(b.size(), a.size() * 2);
-    // In the middle of each piece, the same frame of both recordings is heard; behind its end the shorter one is
-    // silent.
+    // In the middle of each piece both give the same frame; behind its end the shorter one is silent.
     for (const auto& [at, source] : {std::pair{0.2, 0.4}, {0.6, 1.005}, {0.9, 1.81}, {1.25, 2.765}}) {
         const auto frame = static_cast<size_t>(std::lround(at * 48000)),
                    from = static_cast<size_t>(std::lround(source * 48000));

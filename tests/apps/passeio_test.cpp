@@ -1,5 +1,7 @@
 // A user's whole path through the panel of the real module, on a real recording that is heard again.
 
+#include <numeric>
+
 #include "tests/apps/workshop.h"
 #include "tests/support/folders.h"
 
@@ -18,9 +20,7 @@ static std::vector<double> Peaks(const std::vector<double>& samples, const SF_IN
 }
 
 static double Energy(const std::vector<double>& samples, const SF_INFO& info) {
-    double sum = 0;
-    for (const double x : samples) sum += x * x;
-    return sum / info.channels / info.samplerate;
+    return std::inner_product(samples.begin(), samples.end(), samples.begin(), 0.0) / info.channels / info.samplerate;
 }
 
 TEST_F(Passeio, OSilencioSaiEAFalaFica) {

@@ -3,7 +3,6 @@
 #include <sys/wait.h>
 
 #include <cstdlib>
-#include <set>
 #include <sstream>
 
 #include "tests/support/folders.h"
@@ -23,12 +22,7 @@ Workshop::~Workshop() {
 }
 
 std::string Workshop::Listing() const {
-    std::set<std::string> names;
-    for (const auto& entry : fs::recursive_directory_iterator(folder_ / "here"))
-        names.insert(fs::relative(entry.path(), folder_ / "here").string());
-    std::string text;
-    for (const std::string& name : names) text += name + " ";
-    return text;
+    return Run("find . -mindepth 1 -printf '%P\\n' | LC_ALL=C sort | tr '\\n' ' '").out;
 }
 
 std::string Workshop::Write(const std::string& name, int format, int rate, int channels,

@@ -1,6 +1,5 @@
 // tests/apps/workshop.h
-// Tests of the built programs. Each has a folder of its own, where recordings are made and the programs run as users
-// run them; what they give is compared with how the recordings were made.
+// Tests of the built programs. Each runs them as users do, in a folder of its own, on recordings made there.
 #pragma once
 #include <gtest/gtest.h>
 #include <sndfile.h>

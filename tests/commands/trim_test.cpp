@@ -9,8 +9,7 @@ constexpr char FechouEsquerda[] = "Corta e Apaga Esquerda (Ripple)";
 
 TEST_F(Trim, FechaOQueCortou) {
     constexpr char dois[] = "Voz: A 0-10 * | B 12-14 {cursor 4}";
-    // What begins inside the piece that goes: to the right it follows, to the left it stays. Other tracks, regions and
-    // markers stay.
+    // What begins inside the piece that goes: to the right it follows, to the left it stays.
     Contar(TrimDireita, FechouDireita,
            {{dois, "Voz: A 0-4 * | B 6-8 {cursor 4}"},
             {"Voz: A 2-10 * | B 3-5 | C 11-12 {cursor 6}", "Voz: B -1-1 | A 2-6 * | C 7-8 {cursor 6}"},

@@ -1,5 +1,4 @@
-// A host that begins to fail in the middle of a command, one function at a time, or answers with absurd numbers. Every
-// command still comes to its end, closes what it opened, and passes on no handle that it was not given.
+// A host that begins to fail in the middle of a command, one function at a time, or answers with absurd numbers.
 #include <random>
 
 #include "commands/commands.h"
@@ -122,8 +121,7 @@ TEST_F(Falhas, FuncaoQueFalhaDaEnesimaVezEmDiante) {
     });
 }
 
-// Absurd numbers, always or now and then, and then missing handles and wrong counts too: whoever asks twice may hear
-// two different things.
+// Now and then also missing handles and wrong counts: whoever asks twice may hear two different things.
 TEST_F(Falhas, RespostasAbsurdas) {
     static std::mt19937 sorte;
     static double absurdo;

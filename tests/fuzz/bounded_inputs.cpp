@@ -1,5 +1,4 @@
-// Runs a fuzz target over a fixed number of pseudo-random inputs, on every compiler and system. QUILMO_SEED=n runs the
-// inputs of that seed again. scripts/fuzz.sh lets libFuzzer look for longer.
+// Runs a fuzz target over some pseudo-random inputs; scripts/fuzz.sh lets libFuzzer look for longer.
 #include <cstdio>
 
 #include "tests/lice/support.h"

@@ -1,5 +1,4 @@
-// The files that a user may have spoilt: the slicer's presets and the panel's place. Whatever they hold, what is
-// written afterwards reads back as the same.
+// The files that a user may have spoilt. Whatever they hold, what is written afterwards reads back as the same.
 #include <filesystem>
 #include <fstream>
 #include <random>

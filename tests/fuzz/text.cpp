@@ -1,5 +1,4 @@
-// Bytes that may be UTF-8, measured and drawn with fonts of any flags. A text's block ends with its last byte, or with
-// its closing zero.
+// Bytes that may be UTF-8, in blocks that end with them, measured and drawn with fonts of any flags.
 #include <memory>
 
 #include "lice/lice.h"

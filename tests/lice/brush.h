@@ -1,6 +1,5 @@
 // tests/lice/brush.h
-// What a slow raster draws its single pixels with: any colour, opacity and mode. And the rounds that compare it with
-// the library.
+// What a slow raster draws its single pixels with, and the rounds that compare it with the library.
 #pragma once
 #include "lice/paint.h"
 #include "tests/lice/reference.h"
@@ -22,8 +21,7 @@ struct Brush {
         return Scales(surface) ? reference::ScaleCoord(value, surface.Scale()) : value;
     }
 
-    // `row` counts in memory; outside of the surface nothing happens. `forms` are those of the routine's loops. The
-    // opacity chooses among them, and the weight says how strong.
+    // `row` counts in memory. The opacity chooses among the routine's forms; the weight says how strong.
     void Blend(TestSurface& surface, int64_t x, int64_t row, int weight, CopyForms forms) const {
         if (!surface.Has(x, row)) return;
         LICE_pixel& pixel = surface.getBits()[row * surface.getRowSpan() + x];
@@ -52,8 +50,7 @@ std::string Called(const Value&... value) {
     return out.str();
 }
 
-// Has surfaces of any shape drawn on, and slowly copies of them: the two must then be equal, borders and padding
-// included. draw(random, brush, drawn, expected) gives what it called with.
+// The surface and its slowly drawn copy must be equal, borders and padding too. `draw` gives what it called with.
 template <class Draw>
 void CompareRounds(int rounds, Draw draw) {
     Random random;

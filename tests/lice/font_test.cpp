@@ -151,8 +151,7 @@ const std::pair<UINT, std::wstring> TallRows[] = {{0, L"\xE3n"},  // n has no in
                                                   {DT_END_ELLIPSIS, L"nnnn\xE3"},
                                                   {DT_END_ELLIPSIS | DT_MODIFYSTRING, L"nnnnn"}};
 
-// GDI draws text too tall to be cached, straight into a surface with a context, and through a scratch otherwise.
-// It gets every bit of the format but the one that lets it write into the text. Only Windows heeds the ellipsis.
+// GDI gets every bit of the format but the one that lets it write into the text. Only Windows heeds the ellipsis.
 TEST(Font, TallTextIsTheSystemsOwn) {
     const HFONT handle = CreateInterfaceFont(290);
     LICE_CachedFont font;

@@ -1,6 +1,5 @@
 // tests/lice/reference.h
-// The combine functions in the plainest form: one channel at a time, in 64 bits, without shortcuts. The fast loops are
-// compared with what these draw.
+// The combine functions in the plainest form: one channel at a time, in 64 bits, without shortcuts.
 #pragma once
 #include <algorithm>
 #include <cstdint>

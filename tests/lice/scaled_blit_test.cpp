@@ -11,8 +11,7 @@ struct Areas {
     float srcx, srcy, srcw, srch;
 };
 
-// The sum of all source pixels around column and row, each times weight(dx, dy). It is divided by `total`, or where
-// that is 0, by the weights that counted.
+// The mean of the source pixels around, by weight(dx, dy); a total of 0 means the weights that counted.
 template <class Weight>
 static LICE_pixel Weighted(TestSurface& src, int64_t column, int64_t row, int reach, int64_t total, Weight weight) {
     int64_t sums[4] = {}, counted = 0;

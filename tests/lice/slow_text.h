@@ -1,6 +1,5 @@
 // tests/lice/slow_text.h
-// A slow composer of text. It has GDI draw each character, shapes and places it by the rules alone, and merges it pixel
-// by pixel.
+// A slow composer of text. GDI draws each character; the rules alone shape, place and merge it.
 #pragma once
 #include <algorithm>
 #include <cctype>

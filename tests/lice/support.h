@@ -1,6 +1,5 @@
 // tests/lice/support.h
-// What the tests of drawing share: random numbers that can be had again, and surfaces of any shape, whose whole memory
-// is compared with that of a copy.
+// What the tests of drawing share: random numbers that can be had again, and surfaces of any shape.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -48,8 +47,7 @@ class Random {
     testing::ScopedTrace trace_;
 };
 
-// A surface on the heap with `border` pixels before and after it. Without a border its block ends with its last pixel,
-// so that a sanitizer sees what is read beyond. Copies are surfaces of their own.
+// A surface on the heap. Without a border its block ends with its last pixel, where a sanitizer looks.
 class TestSurface : public LICE_IBitmap {
   public:
     struct Shape {
@@ -57,7 +55,7 @@ class TestSurface : public LICE_IBitmap {
         int padding = 0;  // pixels between the end of a row and the next
         bool flipped = false;
         int scale = 0;
-        int border = 0;
+        int border = 0;  // pixels before the first row and after the last
     };
 
     // The pixels are random.Pixel().

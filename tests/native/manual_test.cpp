@@ -1,5 +1,4 @@
-// The manual's script, as it is printed there, in a real interpreter on a real recording; its table of tooltips, and
-// what it says of floors.
+// What the manual says, tried: its script, as it is printed there, its table of tooltips, its floors.
 #include <fstream>
 #include <iomanip>
 

@@ -1,6 +1,5 @@
 // tests/out_of_memory/failing_memory.h
-// Memory that runs out at will: C++ blocks and the raster library's. Only the module's own requests count; those made
-// inside a call of the host or of what stands in for the system succeed.
+// Memory that runs out at will. Only the module's own requests count, not those of the host or the system.
 #pragma once
 #include <cstdint>
 #include <functional>

@@ -1,5 +1,4 @@
-// The module without memory: each of its own requests fails in turn. Nothing is thrown at the host or the system, what
-// was begun is ended, nothing leaks, and the next try works.
+// Each of the module's own requests for memory fails in turn: nothing is thrown at the host, and the next try works.
 #include <sys/wait.h>
 
 #include <cstdlib>
@@ -37,8 +36,7 @@ class SemMemoria : public Painel {
         EXPECT_FALSE(PreviewEmObra);
     }
 
-    // Runs it with the first, the second, ... request failing, until none does. `antes` sets the scene, `depois` looks
-    // at what was left.
+    // Runs it with the first, the second, ... request failing, until none does.
     template <class Antes, class Rodar, class Depois>
     void CadaPedidoFalha(Antes antes, Rodar rodar, Depois depois) {
         for (int64_t n = 1;; ++n) {
@@ -52,11 +50,7 @@ class SemMemoria : public Painel {
     }
 };
 
-struct Comando {
-    const char* nome;
-    void (*rodar)();
-};
-const Comando Comandos[] = {
+const std::pair<const char*, void (*)()> Comandos[] = {
 #define LINHA(comando) {#comando, comando},
     COMANDOS_DE_EDICAO(LINHA) COMANDOS_DE_RENDER(LINHA)
 #undef LINHA
@@ -64,20 +58,20 @@ const Comando Comandos[] = {
 };
 
 TEST_F(SemMemoria, ComandosFechamOQueAbriram) {
-    for (const Comando& comando : Comandos) {
-        SCOPED_TRACE(comando.nome);
-        const bool soUm = std::string(comando.nome).starts_with("Trim");
+    for (const auto& [nome, comando] : Comandos) {
+        SCOPED_TRACE(nome);
+        const bool soUm = std::string(nome).starts_with("Trim");
         const auto cenario = [&] {
             Projeto(
                 "1 (selected): a 0.5-3 * | b 2.5-5 * | c 6-9 / 2: d 1-3.5 [M1 m 0] [R1 r 0-2] {cursor 1.5} {time 1-2}");
             if (soUm) Selecionar({"a"});
         };
         cenario();
-        comando.rodar();
+        comando();
         const std::string titulos = Historico();
         const auto rodar = [&comando] {
             try {
-                comando.rodar();
+                comando();
             } catch (const std::bad_alloc&) {  // the doors catch it
             }
         };

@@ -15,8 +15,7 @@ class Linhas : public Painel {
         Painel::SetUp();
         Abrir();
     }
-    // What the click did in a scene where every command has something to do: status, #actions, <undo points,
-    // !messages, =project.
+    // What the click did where every command has something to do: status, #actions, <undo, !messages, =project.
     template <class Clique>
     static std::string Efeito(Clique clicar) {
         Projeto("Voz (selected): a 2-4 * | b 6-8 | c 9-10 / Som: d 1-2 [R1 um 1-2] [R2 dois 3-4] {cursor 3}");

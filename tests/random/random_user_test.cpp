@@ -1,9 +1,5 @@
-// A user who does anything at any time, on projects that are anything, while the host does what hosts do. After each
-// event the host has found no fault, nothing is left open, and the panel's flags tell the truth.
-//
-//     QUILMO_SEED=n QUILMO_EVENTS=n test_random
-//
-// does what that seed does, to the letter, for so many events.
+// A user who does anything at any time, on projects that are anything, while the host does what hosts do.
+// QUILMO_SEED=n does what that seed does, to the letter; QUILMO_EVENTS=n for so many events.
 #include <cstdio>
 #include <cstdlib>
 

@@ -1,5 +1,4 @@
-// The stand-in catches bad callers: one deliberately bad caller for each kind of violation. Then what tests
-// and tools lean on: failing on demand, the trace, registrations, dialogs, settings.
+// The stand-in catches each kind of bad caller; then what tests and tools lean on in it.
 #include "simhost/accessor.h"
 #include "tests/support/scene.h"
 

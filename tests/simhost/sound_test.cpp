@@ -1,5 +1,4 @@
-// Samples: what sources generate, what accessors read, what glue and take renders put into new sources, what the
-// mix-down gives to its sink.
+// Samples, as sources generate, accessors read, glue and take renders keep, and the mix-down gives them.
 #include <bit>
 #include <numeric>
 

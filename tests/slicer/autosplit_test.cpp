@@ -110,8 +110,7 @@ TEST_F(Fatias, OrdemDasChamadas) {
               R"(PreventUIRefresh(-1) UpdateArrange() Undo_EndBlock2(0, "Fatiador Preview", -1) )");
 }
 
-// A cut that the host refuses costs that cut and no more. The cuts asked for are, in order: left at 3, right at 2, left
-// at 1.
+// A cut that the host refuses costs that cut and no more. They are asked for at 3, at 2 and at 1.
 TEST_F(Fatias, CortesRecusados) {
     static int corte;
     static const char* recusados;

@@ -1,6 +1,5 @@
 // tests/slicer/plain_analysis.h
-// What the silence analysis must find, said frame by frame and without any haste. The tests compare the module's scan
-// with it, and the benchmarks time it.
+// What the silence analysis must find, said frame by frame without any haste. Benchmarks time it, too.
 #pragma once
 #include <algorithm>
 #include <cmath>

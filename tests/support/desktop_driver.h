@@ -1,6 +1,5 @@
 // tests/support/desktop_driver.h
-// The user of the tests' windows. The headless desktop is moved by its control side, Windows by injected input.
-// Windows' own clock cannot be moved, so tests wait for ticks, not for times.
+// The user of the tests' windows. Windows' own clock cannot be moved, so tests wait for ticks, not for times.
 #pragma once
 #include <cstdint>
 #include <functional>

@@ -1,6 +1,5 @@
 // tests/support/module_file.h
-// The module as its users get it: the file that the build made, loaded as a host loads it. What the test program itself
-// links of the module is another copy, with state of its own.
+// The module's file, loaded as a host loads it. What the test program links is another copy with its own state.
 #pragma once
 #include <string>
 #include <vector>

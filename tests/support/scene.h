@@ -1,6 +1,5 @@
 // tests/support/scene.h
-// A scene on the stand-in host, with the module loaded into it through its entry as the host would. A test derives its
-// fixture from Cena, sets tracks and items, runs one thing, and compares one picture. Any violation fails the test.
+// A scene on the stand-in host, with the module loaded through its entry. Any violation fails the test.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -38,9 +37,7 @@ class Cena : public testing::Test {
 
 std::filesystem::path DeUtf8(const std::string& caminho);  // as the module's paths are, on either system
 
-// All on the host that lives.
-// An empty project with the settings of the one before, stopped, with a fresh history and no record of what was shown
-// and run.
+// An empty project on the living host, with the settings of the one before and no record of what was.
 void ProjetoVazio();
 // Names need not be unique: a name means the first of that name, and to Selecionar all.
 MediaTrack* Faixa(const std::string& nome, const std::vector<ItemDeCena>& itens = {});  // behind the last
