@@ -2,8 +2,6 @@
 // about ten times the time and the calls into the host. Two have no goal for the time: MvClipCima asks for the
 // selection anew after each move, as users see it, and the stand-in lists it anew; ExcluirRipple moves every item once
 // for each deletion before it, in memory, because sums of lengths would round differently.
-#include <benchmark/benchmark.h>
-
 #include <map>
 #include <memory>
 #include <string>
@@ -90,20 +88,17 @@ void Run(benchmark::State& state, const Command& command, int items) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    static std::map<std::string, std::string> what, few, many;  // the ratios keep their texts
     std::vector<Ratio> ratios;
     for (const Command& command : Commands) {
         const std::string name = command.name;
-        what[name] = name + ": 10 000 items / 1 000";
-        few[name] = name + "_few";
-        many[name] = name + "_many";
+        const std::string few = name + "_few", many = name + "_many";
         for (const int items : {Few, Many})
-            benchmark::RegisterBenchmark((items == Few ? few : many)[name].c_str(), Run, command, items)
+            benchmark::RegisterBenchmark((items == Few ? few : many).c_str(), Run, command, items)
                 ->Unit(benchmark::kMillisecond)
                 ->Iterations(items == Few ? 5 : 1)
                 ->Repetitions(3);
         const double goal = name == "MvClipCima" || name == "ExcluirRipple" ? 0 : 15;
-        ratios.push_back({what[name].c_str(), many[name].c_str(), few[name].c_str(), goal, true});
+        ratios.push_back({name + ": 10 000 items / 1 000", many, few, goal, true});
     }
     return RunWithRatios(argc, argv, ratios);
 }

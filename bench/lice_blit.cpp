@@ -1,7 +1,6 @@
 // Rectangles of pixels moved between surfaces, beside pixman and memcpy. They are as large as the panel's page and as
 // one of its icons, whose rows have a gap. The source-alpha blit takes alphas of every value, opaque pixels, and a
 // shape. The shape is clear outside, opaque inside and soft at its edge.
-#include <benchmark/benchmark.h>
 #include <pixman.h>
 
 #include <cmath>
@@ -31,12 +30,11 @@ LICE_pixel WithAlpha(LICE_pixel p, Alphas alphas, double fromCentre) {
 void Paint(LICE_IBitmap& bitmap, Alphas alphas, unsigned seed) {
     std::mt19937 random(seed);
     const int w = bitmap.getWidth(), h = bitmap.getHeight();
-    for (int y = 0; y < h; ++y) {
+    for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x) {
             const double fromCentre = std::hypot(2.0 * x / w - 1.0, 2.0 * y / h - 1.0);
             bitmap.getBits()[y * bitmap.getRowSpan() + x] = WithAlpha(random(), alphas, fromCentre);
         }
-    }
 }
 
 struct Surfaces {
@@ -47,17 +45,15 @@ struct Surfaces {
     }
 };
 
-void CountPixels(benchmark::State& state, const Size& size) {
+template <class Work>
+void Measure(benchmark::State& state, const Size& size, Work work) {
+    Repeat(state, work);
     state.SetItemsProcessed(state.iterations() * size.width * size.height);
 }
 
 void Ours(benchmark::State& state, Size size, Alphas alphas, float alpha, int mode) {
     Surfaces s(size, alphas);
-    for (auto _ : state) {
-        LICE_Blit(&s.dest, &s.src, 0, 0, nullptr, alpha, mode);
-        benchmark::ClobberMemory();
-    }
-    CountPixels(state, size);
+    Measure(state, size, [&] { LICE_Blit(&s.dest, &s.src, 0, 0, nullptr, alpha, mode); });
 }
 
 void Pixman(benchmark::State& state, Size size, Alphas alphas, pixman_op_t op) {
@@ -66,22 +62,16 @@ void Pixman(benchmark::State& state, Size size, Alphas alphas, pixman_op_t op) {
         return pixman_image_create_bits(PIXMAN_a8r8g8b8, size.width, size.height, b.getBits(), b.getRowSpan() * 4);
     };
     pixman_image_t *src = image(s.src), *dest = image(s.dest);
-    for (auto _ : state) {
-        pixman_image_composite32(op, src, nullptr, dest, 0, 0, 0, 0, 0, 0, size.width, size.height);
-        benchmark::ClobberMemory();
-    }
+    Measure(state, size,
+            [&] { pixman_image_composite32(op, src, nullptr, dest, 0, 0, 0, 0, 0, 0, size.width, size.height); });
     pixman_image_unref(src);
     pixman_image_unref(dest);
-    CountPixels(state, size);
 }
 
 void Memcpy(benchmark::State& state, Size size) {
     Surfaces s(size, Alphas::Any);
-    for (auto _ : state) {
-        memcpy(s.dest.getBits(), s.src.getBits(), s.dest.getRowSpan() * size.height * sizeof(LICE_pixel));
-        benchmark::ClobberMemory();
-    }
-    CountPixels(state, size);
+    Measure(state, size,
+            [&] { memcpy(s.dest.getBits(), s.src.getBits(), s.dest.getRowSpan() * size.height * sizeof(LICE_pixel)); });
 }
 
 }  // namespace

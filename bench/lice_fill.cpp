@@ -1,5 +1,4 @@
 // The whole panel and one button cleared and filled, beside memset and pixman.
-#include <benchmark/benchmark.h>
 #include <pixman.h>
 
 #include <cstring>
@@ -44,10 +43,7 @@ void PixmanOver(Surface& s) {
 
 void Run(benchmark::State& state, void (*work)(Surface&), int width, int height) {
     Surface surface(width, height);
-    for (auto _ : state) {
-        work(surface);
-        benchmark::ClobberMemory();
-    }
+    Repeat(state, [&] { work(surface); });
 }
 
 }  // namespace

@@ -1,6 +1,4 @@
 // A string of twenty glyph masks, 10 by 14, beside pixman's glyph cache.
-#include <benchmark/benchmark.h>
-
 #include <cmath>
 #include <vector>
 
@@ -17,15 +15,13 @@ constexpr int PanelWidth = 320;
 const std::vector<std::vector<unsigned char>>& Masks() {
     static const auto masks = [] {
         std::vector<std::vector<unsigned char>> all(Count);
-        for (int i = 0; i < Count; ++i) {
-            for (int y = 0; y < Height; ++y) {
+        for (int i = 0; i < Count; ++i)
+            for (int y = 0; y < Height; ++y)
                 for (int x = 0; x < Width; ++x) {
                     const double rim = std::hypot(x - 4.5, (y - 6.5) * 0.7) - 3.0 - 0.05 * i;
                     const double edge = std::clamp(1.9 - std::abs(rim), 0.0, 1.0);
                     all[i].push_back(static_cast<unsigned char>(255 * edge));
                 }
-            }
-        }
         return all;
     }();
     return masks;
@@ -34,11 +30,10 @@ const std::vector<std::vector<unsigned char>>& Masks() {
 void Ours(benchmark::State& state, float alpha) {
     LICE_MemBitmap bitmap(PanelWidth, 40);
     LICE_Clear(&bitmap, 0xFF223344);
-    for (auto _ : state) {
+    Repeat(state, [&] {
         for (int i = 0; i < Count; ++i)
             LICE_DrawGlyph(&bitmap, 20 + i * Advance, 12, 0xFFF0F0F0, Masks()[i].data(), Width, Height, alpha, 0);
-        benchmark::ClobberMemory();
-    }
+    });
 }
 
 void Pixman(benchmark::State& state) {
@@ -46,10 +41,7 @@ void Pixman(benchmark::State& state) {
     LICE_Clear(&bitmap, 0xFF223344);
     PixmanGlyphs glyphs(bitmap);
     for (int i = 0; i < Count; ++i) glyphs.Add(20 + i * Advance, 12, Masks()[i].data(), Width, Height);
-    for (auto _ : state) {
-        glyphs.Draw();
-        benchmark::ClobberMemory();
-    }
+    Repeat(state, [&] { glyphs.Draw(); });
 }
 
 }  // namespace

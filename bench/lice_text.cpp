@@ -1,7 +1,5 @@
 // Two labels, of nine letters and of twelve characters, drawn and measured with cached glyphs. Beside them stand
 // Cairo's text call, its glyph call with all glyphs looked up beforehand, and pixman's glyph cache.
-#include <benchmark/benchmark.h>
-
 #include <string>
 #include <vector>
 
@@ -33,11 +31,10 @@ LICE_CachedFont& Font() {
 void Draw(benchmark::State& state, const char* text, UINT format) {
     LICE_MemBitmap bitmap(Width, Height);
     LICE_Clear(&bitmap, 0xFF223344);
-    for (auto _ : state) {
+    Repeat(state, [&] {
         RECT rect{4, 0, Width, Height};
         Font().DrawText(&bitmap, text, -1, &rect, format);
-        benchmark::ClobberMemory();
-    }
+    });
 }
 
 void Measure(benchmark::State& state, const char* text) {
@@ -63,11 +60,10 @@ struct TextPage : CairoPage {
 
 void CairoText(benchmark::State& state, const char* text) {
     const TextPage page;
-    for (auto _ : state) {
+    Repeat(state, [&] {
         cairo_move_to(page.cr, 4, 22);
         cairo_show_text(page.cr, text);
-        benchmark::ClobberMemory();
-    }
+    });
 }
 
 void CairoGlyphs(benchmark::State& state, const char* text) {
@@ -76,10 +72,7 @@ void CairoGlyphs(benchmark::State& state, const char* text) {
     int count = 0;
     cairo_scaled_font_text_to_glyphs(cairo_get_scaled_font(page.cr), 4, 22, text, -1, &glyphs, &count, nullptr, nullptr,
                                      nullptr);
-    for (auto _ : state) {
-        cairo_show_glyphs(page.cr, glyphs, count);
-        benchmark::ClobberMemory();
-    }
+    Repeat(state, [&] { cairo_show_glyphs(page.cr, glyphs, count); });
     cairo_glyph_free(glyphs);
 }
 
@@ -109,10 +102,7 @@ void Pixman(benchmark::State& state, const char* text) {
         glyphs.Add(pen, 9, mask.data(), cell.right, cell.bottom);
         pen += cell.right;
     }
-    for (auto _ : state) {
-        glyphs.Draw();
-        benchmark::ClobberMemory();
-    }
+    Repeat(state, [&] { glyphs.Draw(); });
 }
 
 }  // namespace

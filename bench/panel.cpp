@@ -1,8 +1,6 @@
 // One whole pass of the panel's main page, as the window asks for it: cleared, every widget drawn, copied to the
 // window. Beside it the same scene drawn with Cairo: its rounded fills, outlines and labels in the same places and
 // sizes, an icon where ours has one, fonts warm, then copied.
-#include <benchmark/benchmark.h>
-
 #include <map>
 #include <numbers>
 #include <string>

@@ -2,8 +2,6 @@
 // analysed, cut anew, and the gaps are closed. Time spent inside the host's functions is told apart, so that the
 // module's own share is seen; the host here is a stand-in that reads from memory, and another one's functions cost what
 // they cost there.
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
 #include <chrono>
 #include <memory>

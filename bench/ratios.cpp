@@ -1,12 +1,8 @@
 #include "bench/ratios.h"
 
-#include <benchmark/benchmark.h>
-
 #include <cstdio>
 #include <iostream>
 #include <map>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -57,7 +53,7 @@ void Print(const Ratio& ratio, const std::map<std::string, double>& seconds) {
     const auto above = seconds.find(ratio.numerator), below = seconds.find(ratio.denominator);
     if (above == seconds.end() || below == seconds.end()) return;  // left out by a filter
     const double value = above->second / below->second;
-    std::printf("%-66s %7.2f", ratio.what, value);
+    std::printf("%-66s %7.2f", ratio.what.c_str(), value);
     if (ratio.goal > 0) {
         const bool met = ratio.atMost ? value <= ratio.goal : value >= ratio.goal;
         std::printf("  (goal: at %s %g%s)", ratio.atMost ? "most" : "least", ratio.goal, met ? "" : ", MISSED");

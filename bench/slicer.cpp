@@ -1,6 +1,5 @@
 // The silence analysis of a minute of stereo at 48 kHz, beside what it could at best cost: reading alone, the fastest
 // search for each window's peak, and the plain loop that looks at every frame.
-#include <benchmark/benchmark.h>
 #include <emmintrin.h>
 
 #include <cmath>

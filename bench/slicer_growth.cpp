@@ -1,7 +1,5 @@
 // How the slicer's cost grows with the pieces of an item and with the items of a selection, on the stand-in host: the
 // whole call, as a script makes it, with its cuts, moves, fades and undo point.
-#include <benchmark/benchmark.h>
-
 #include <string>
 
 #include "bench/ratios.h"
