@@ -58,5 +58,5 @@ done
 if command -v /usr/bin/time >/dev/null; then
     kilobytes=$( { /usr/bin/time -f %M $fatiar $hour >/dev/null; } 2>&1)
     awk -v k="$kilobytes" 'BEGIN {
-        printf "fatiar, memory at its peak             %5.1f MB   (goal: at most 40%s)\n", k / 1024, k > 40960 ? ", MISSED" : ""}'
+        printf "fatiar, memory at its peak             %5.1f MB   (goal: at most 40%s)\n", k / 1024, (k > 40960 ? ", MISSED" : "")}'
 fi
