@@ -35,23 +35,21 @@ static SourceRef Misto(int taxa, int canais, int64_t quadros, uint64_t semente) 
     return Bursts(taxa, canais, trechos);
 }
 
-static std::vector<Caso> Casos() {
-    return {
-        {"mono 44100", Misto(44100, 1, 44100 * 60, 1), 0, 60, true, 55, -37},
-        {"stereo 48000, open", Misto(48000, 2, 48000 * 60, 2), 7.3, 60, false, 55, -37},
-        {"stereo 48000, short block", Misto(48000, 2, 48000 * 30, 3), 1e6 + 1.0 / 3, 30, true, 1, -37},
-        {"six channels at 96000, long block", Misto(96000, 6, 96000 * 20, 4), 0.1, 20, true, 400, -40},
-        {"11025, not a whole number of frames", Misto(11025, 1, 11025 * 10, 5), 2.0 / 3, 9.87654321, true, 0, -36.5},
-        {"8000, the item longer than its source", Misto(8000, 2, 8000 * 5, 6), 3, 8.5, true, 55, -48},
-        {"a level at the threshold", Bursts(48000, 1, {{24000, 0.1}, {24000, 0.0999}, {24000, 0.1}}), 0, 1.5, true, 55,
-         -20},
-        {"noise", Noise(44100, 2, 44100 * 5, 7, 0.01886), 0, 5, true, 10, -34.5},
-        {"a tone", simhost::Sine(48000, 1, 48000 * 2, 19, 0.02), 0, 2, true, 10, -34.5},
-        {"all silent", Silence(48000, 2, 48000), 0, 1, true, 55, -37},
-        {"everything sounds", Silence(48000, 2, 48000), 0, 1, true, 55, -INFINITY},
-        {"nothing can", Misto(48000, 2, 48000, 8), 0, 1, true, 55, NAN},
-    };
-}
+const Caso Casos[] = {
+    {"mono 44100", Misto(44100, 1, 44100 * 60, 1), 0, 60, true, 55, -37},
+    {"stereo 48000, open", Misto(48000, 2, 48000 * 60, 2), 7.3, 60, false, 55, -37},
+    {"stereo 48000, short block", Misto(48000, 2, 48000 * 30, 3), 1e6 + 1.0 / 3, 30, true, 1, -37},
+    {"six channels at 96000, long block", Misto(96000, 6, 96000 * 20, 4), 0.1, 20, true, 400, -40},
+    {"11025, not a whole number of frames", Misto(11025, 1, 11025 * 10, 5), 2.0 / 3, 9.87654321, true, 0, -36.5},
+    {"8000, the item longer than its source", Misto(8000, 2, 8000 * 5, 6), 3, 8.5, true, 55, -48},
+    {"a level at the threshold", Bursts(48000, 1, {{24000, 0.1}, {24000, 0.0999}, {24000, 0.1}}), 0, 1.5, true, 55,
+     -20},
+    {"noise", Noise(44100, 2, 44100 * 5, 7, 0.01886), 0, 5, true, 10, -34.5},
+    {"a tone", simhost::Sine(48000, 1, 48000 * 2, 19, 0.02), 0, 2, true, 10, -34.5},
+    {"all silent", Silence(48000, 2, 48000), 0, 1, true, 55, -37},
+    {"everything sounds", Silence(48000, 2, 48000), 0, 1, true, 55, -INFINITY},
+    {"nothing can", Misto(48000, 2, 48000, 8), 0, 1, true, 55, NAN},
+};
 
 // Every piece, to the last bit: position, length, source offset, fades.
 static std::string Pecas(simhost::Host& host) {
@@ -76,7 +74,7 @@ TEST(Modulo, FatiaIgualEmTodaPlataforma) {
     auto* entrada = modulo.Find<decltype(ReaperPluginEntry)>("ReaperPluginEntry");
     ASSERT_NE(entrada, nullptr);
     std::string achado;
-    for (const Caso& caso : Casos()) {
+    for (const Caso& caso : Casos) {
         simhost::Host host;
         host.resourcePath = "nowhere/that/exists";  // the log line is lost, and nobody minds
         ASSERT_EQ(entrada(nullptr, host.Record()), 1);

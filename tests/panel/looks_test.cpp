@@ -1,5 +1,4 @@
-// What users see, against what was kept once it had been looked at: data/painel.txt tells every widget of every page,
-// the pictures beside this file show all that is no text.
+// What users see, as it was kept once: data/painel.txt tells every widget, the pictures here show their shapes.
 #include <set>
 
 #include "panel/icons.h"
@@ -28,13 +27,6 @@ struct Folha {
         return {std::exchange(x, x + w + 3), y, w, h};
     }
     void NovaLinha() { x = bm.getWidth(); }
-    driver::Picture Imagem() {
-        driver::Picture imagem = {bm.getWidth(), bm.getHeight(), {}};
-        for (int row = 0; row < imagem.height; ++row)
-            for (int i = 0; i < imagem.width; ++i)
-                imagem.pixels.push_back(bm.getBits()[row * bm.getRowSpan() + i] & 0xFFFFFF);
-        return imagem;
-    }
 };
 
 EstadoMouse MouseEm(const Celula& c, bool esquerdo = false, bool direito = false) {
@@ -56,8 +48,7 @@ void Icones(Folha& folha) {
     folha.NovaLinha();
 }
 
-// Idle, with a button held elsewhere, under the pointer, pressed by either button, disabled under the pointer, active,
-// active under the pointer.
+// Idle, held elsewhere, under the pointer, pressed by either button, disabled there, active, active there.
 void Estados(Folha& folha, AspectoBotao aspecto) {
     const auto um = [&](bool sobre, bool esquerdo = false, bool direito = false) {
         const Celula c = folha.Lugar(35, 26);
@@ -84,8 +75,7 @@ void Botoes(Folha& folha) {
     folha.NovaLinha();
 }
 
-// Idle: the filled part, nothing below three pixels, its corners as large as it has room for, held at both ends. Then
-// under the pointer, disabled there, dragged, dragged from outside, and released.
+// Idle at values within the range and beyond; then under the pointer, disabled there, dragged, and released.
 void Sliders(Folha& folha) {
     const char* arrastado = nullptr;
     const auto um = [&](float valor, bool sobre = false, bool seguro = false, bool desativado = false) {
@@ -109,7 +99,7 @@ TEST(Aparencia, FormasDosWidgets) {
     Botoes(folha);
     Sliders(folha);
     OpacidadeDoTexto(1);
-    ConfereImagem("tests/panel/formas", folha.Imagem());
+    ConfereImagem("tests/panel/formas", ImagemDe(folha.bm));
 }
 
 // --- Text: where its widget puts it, as drawn over the widget without it
@@ -132,7 +122,7 @@ void ConfereTexto(const Escrito& e) {
     const UINT formato = DT_NOPREFIX | DT_SINGLELINE | DT_VCENTER | (e.noCentro ? DT_CENTER : 0);
     const auto& [x, y, w, h] = e.lugar;
     EscreverTexto(&composta.bm, e.texto, e.tamanho, e.cor, {x, y, x + w, y + h}, formato);
-    EXPECT_TRUE(inteira.Imagem().pixels == composta.Imagem().pixels) << e.texto << " in " << std::hex << e.cor;
+    EXPECT_TRUE(ImagemDe(inteira.bm).pixels == ImagemDe(composta.bm).pixels) << e.texto << " in " << std::hex << e.cor;
 }
 
 TEST(Aparencia, TextosNoSeuLugar) {
@@ -170,7 +160,7 @@ TEST(Aparencia, TextosNoSeuLugar) {
     for (const Escrito& caso : casos) ConfereTexto(caso);
     Folha folha;
     botao(largo, parar)(&folha.bm);
-    const driver::Picture imagem = folha.Imagem();
+    const driver::Picture imagem = ImagemDe(folha.bm);
     const int borda = static_cast<int>(ix);
     EXPECT_EQ(imagem.At(borda - 1, 40), imagem.At(40, 40));
     EXPECT_NE(imagem.At(borda, 40), imagem.At(40, 40));

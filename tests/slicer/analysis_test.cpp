@@ -13,10 +13,10 @@ constexpr double Inf = std::numeric_limits<double>::infinity();
 struct Gravacao {
     int taxa = 48000, canais = 1;  // as its source says
     bool comFonte = true, comLeitor = true;
-    double inicio = 0.25;                              // the accessor's
-    std::function<double(int64_t, int)> amostra = {};  // of a frame and a channel
-    std::function<bool(int64_t)> falha = {};           // whether the read that starts at that frame fails
-    int64_t pedidos = 0, abertos = 0, lidos = 0;       // accessors asked for and not given back; frames read
+    double inicio = 0.25;  // the accessor's
+    std::vector<double> amostras = {};
+    std::function<bool(int64_t)> falha = [](int64_t) { return true; };  // whether the read that starts there fails
+    int64_t pedidos = 0, abertos = 0, lidos = 0;  // accessors asked for and not given back; frames read
 };
 static Gravacao* gravacao;
 
@@ -27,9 +27,8 @@ static int Ler(AudioAccessor*, int taxa, int canais, double inicio, int quadros,
     EXPECT_EQ(reinterpret_cast<uintptr_t>(amostras) % 64, 0u);
     const int64_t primeiro = g.lidos;
     g.lidos += quadros;
-    if (g.falha && g.falha(primeiro)) return primeiro % 131072 ? 0 : -1;
-    for (int i = 0; i < quadros; ++i)
-        for (int c = 0; c < canais; ++c) *amostras++ = g.amostra(primeiro + i, c);
+    if (g.falha(primeiro)) return primeiro % 131072 ? 0 : -1;
+    std::copy_n(&g.amostras[primeiro * canais], static_cast<size_t>(quadros) * canais, amostras);
     return 1;
 }
 
@@ -63,13 +62,13 @@ class Analise : public testing::Test {
 };
 
 // By looking at each frame in turn; those that cannot be read are silent.
-static std::vector<std::pair<double, double>> Exame(const std::vector<double>& amostras, int taxa, int canais,
-                                                    double limiar, double bloco) {
+static std::vector<std::pair<double, double>> Exame(const Gravacao& g, int taxa, int canais, double limiar,
+                                                    double bloco) {
     PlainAnalysis plain(limiar, taxa, canais, bloco);
     const std::vector<double> mudo(canais, 0.0);
-    const int quadros = static_cast<int>(amostras.size()) / canais;
+    const int quadros = static_cast<int>(g.amostras.size()) / canais;
     for (int i = 0; i < quadros; ++i)
-        plain.Frame(gravacao->falha(i / 65536 * 65536) ? mudo.data() : &amostras[static_cast<size_t>(i) * canais], i);
+        plain.Frame(g.falha(i / 65536 * 65536) ? mudo.data() : &g.amostras[static_cast<size_t>(i) * canais], i);
     return plain.Silence(quadros, taxa);
 }
 
@@ -96,51 +95,40 @@ TEST_F(Analise, IgualAoExameQuadroAQuadro) {
         const double bloco = um(55, 55, 10, 1, 200, 2147483647) / 1000.0;
 
         // Stretches of a level each, with a stray sample now and then: the levels that a comparison could get wrong.
-        std::vector<double> amostras(static_cast<size_t>(quadros) * canais);
-        for (size_t i = 0; i < amostras.size();) {
+        g.amostras.assign(static_cast<size_t>(quadros) * canais, 0.0);
+        for (size_t i = 0; i < g.amostras.size();) {
             const size_t fim = i + 1 + sorte() % (taxa / 5 * canais + 1);
             const double base = um(0, 0, limiar, std::nextafter(limiar, 0.0), limiar / 3, 1e-310, NaN, 0.7);
             const double rara =
                 um(limiar, std::nextafter(limiar, 2.0), std::nextafter(limiar, 0.0), NaN, Inf, 1e308, 0);
             const double sinal = um(1, -1);
             const unsigned cada = sorte() % 2000 + 1;
-            for (; i < fim && i < amostras.size(); ++i) amostras[i] = sinal * (sorte() % cada ? base : rara);
+            for (; i < fim && i < g.amostras.size(); ++i) g.amostras[i] = sinal * (sorte() % cada ? base : rara);
         }
         const unsigned falhas = sorte() % 8;
         g.falha = [&](int64_t primeiro) { return (primeiro / 65536 * 5 + semente) % 8 < falhas; };
-        g.amostra = [&](int64_t quadro, int canal) { return amostras[static_cast<size_t>(quadro) * canais + canal]; };
 
         std::vector<std::pair<double, double>> achado;
         for (const auto& [inicio, fim] : Analisar(comprimento, limiar, bloco)) achado.emplace_back(inicio, fim);
-        ASSERT_EQ(achado, Exame(amostras, taxa, canais, limiar, bloco));
+        ASSERT_EQ(achado, Exame(g, taxa, canais, limiar, bloco));
         EXPECT_EQ(g.lidos, quadros);
     }
 }
 
 // What cannot be analysed is left alone.
 TEST_F(Analise, OQueNaoCabeFicaIntacto) {
-    g.amostra = [](int64_t quadro, int) { return quadro < 20000 ? 1.0 : 0.0; };
-    const struct {
-        double comprimento;
-        int taxa = 48000, canais = 1;
-        bool comLeitor = true;
-    } casos[] = {
-        {0.0499},
-        {-5.0},
-        {1.0, 48000, 1, false},
-        {2147483648.0, 1},  // one frame more than frame numbers reach
-        {1e300},
-        {Inf},
-        {NaN},
-        {2.0, 2147483647},
-        {1.0, 48000, 2147483647},  // more channels than there is memory for
+    const std::tuple<double, int, int, bool> casos[] = {
+        {0.0499, 48000, 1, true},   {-5.0, 48000, 1, true},         {1.0, 48000, 1, false},
+        {2147483648.0, 1, 1, true},  // one frame more than frame numbers reach
+        {1e300, 48000, 1, true},    {Inf, 48000, 1, true},          {NaN, 48000, 1, true},
+        {2.0, 2147483647, 1, true}, {1.0, 48000, 2147483647, true},  // more channels than there is memory for
     };
-    for (const auto& caso : casos) {
-        g.taxa = caso.taxa;
-        g.canais = caso.canais;
-        g.comLeitor = caso.comLeitor;
-        EXPECT_TRUE(Analisar(caso.comprimento, 0.5, 0.055).empty()) << "case " << &caso - casos;
-        EXPECT_EQ(g.pedidos, caso.comprimento < 0.05 ? 0 : 1);
+    for (const auto& [comprimento, taxa, canais, comLeitor] : casos) {
+        g.taxa = taxa;
+        g.canais = canais;
+        g.comLeitor = comLeitor;
+        EXPECT_TRUE(Analisar(comprimento, 0.5, 0.055).empty()) << comprimento << " s at " << taxa;
+        EXPECT_EQ(g.pedidos, comprimento < 0.05 ? 0 : 1);
         EXPECT_EQ(g.lidos, 0);
     }
 }

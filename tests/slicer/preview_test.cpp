@@ -15,7 +15,7 @@ class Previa : public Painel {
     void SetUp() override {
         Painel::SetUp();
         Abrir();
-        faixa = Faixa("Voz");
+        MediaTrack* faixa = Faixa("Voz");
         const auto fonte =
             Bursts(8000, 1, {{24000, 0}, {16000, 0.5}, {8000, 0}, {8000, 0.01}, {8000, 0}, {8000, 0.5}, {80000, 0}});
         NovoItem(faixa, {"curto", 10, 12});
@@ -47,7 +47,6 @@ class Previa : public Painel {
     int64_t Cortes() { return host.calls.Count("GetAudioAccessorSamples"); }
     void PisoMenos() { Clicar("DIMINUIR PISO"); }
 
-    MediaTrack* faixa = nullptr;
     std::string original;
 };
 
@@ -69,17 +68,6 @@ TEST_F(Previa, RecusaAntesDeMexer) {
               "Ainda ha mais de um item (itens em faixas diferentes?).\nSelecione apenas um item e tente de novo.");
     EXPECT_FALSE(ModoFatiadorAtivo);
     EXPECT_EQ(Historico().find("Fatiador"), std::string::npos);
-}
-
-TEST_F(Previa, VariosItensViramUmAntes) {
-    Selecionar({"A", "B"});
-    ResponderMensagem(6);
-    Entrar();
-    EXPECT_TRUE(ModoFatiadorAtivo);
-    Clicar("VOLTAR");
-    EXPECT_FALSE(ModoFatiadorAtivo);
-    EXPECT_EQ(Historico().find("Fatiador"), std::string::npos);
-    EXPECT_EQ(Dados(faixa).items.size(), 2u) << "the joining stands";
 }
 
 // Handles die with each undo, and the host may keep the selection to itself.

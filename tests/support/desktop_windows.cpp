@@ -2,8 +2,8 @@
 #include <optional>
 #include <utility>
 
-#include "lice/bitmap.h"
 #include "tests/support/desktop_driver.h"
+#include "tests/support/kept.h"
 
 namespace driver {
 
@@ -93,11 +93,7 @@ Picture PictureOf(HWND window) {
     BitBlt(copy.getDC(), 0, 0, client.right, client.bottom, screen, 0, 0, SRCCOPY);
     GdiFlush();
     ReleaseDC(window, screen);
-    Picture picture{client.right, client.bottom, {}};
-    for (int y = 0; y < client.bottom; ++y)
-        for (int x = 0; x < client.right; ++x)
-            picture.pixels.push_back(copy.getBits()[y * copy.getRowSpan() + x] & 0xFFFFFF);
-    return picture;
+    return ImagemDe(copy);
 }
 
 // --- Menus: a thread timer finds the menu's window in the menu's own message loop, and answers it by keys.

@@ -21,6 +21,14 @@ void ConfereGuardado(const std::string& arquivo, const std::string& achado) {
     }
 }
 
+driver::Picture ImagemDe(LICE_IBitmap& bm) {
+    driver::Picture imagem = {bm.getWidth(), bm.getHeight(), {}};
+    for (int y = 0; y < imagem.height; ++y)
+        for (int x = 0; x < imagem.width; ++x)
+            imagem.pixels.push_back(bm.getBits()[y * bm.getRowSpan() + x] & 0xFFFFFF);
+    return imagem;
+}
+
 void ConfereImagem(const std::string& arquivo, const driver::Picture& achada) {
     const std::string caminho = SourceFolder() + '/' + arquivo;
     const PixelRows linhas = {achada.pixels.data(), achada.width, achada.height, achada.width};

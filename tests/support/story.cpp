@@ -35,21 +35,23 @@ static void LerFaixa(const std::string& texto) {
 }
 
 void Projeto(const std::string& retrato) {
+    constexpr char estado[] = R"(\{(cursor|time|play) (-?[\d.]+)(-([\d.]+))?\})";
+    constexpr char marca[] = R"(\[([RM])\d+ (\S* )?([\d.]+)(-([\d.]+))?\])";
     ProjetoVazio();
     simhost::Project& projeto = Host::Current().project;
-    for (const std::vector<std::string>& m : Matches(retrato, R"(\{(cursor|time|play) (-?[\d.]+)(-([\d.]+))?\})"))
+    for (const std::vector<std::string>& m : Matches(retrato, estado))
         if (m[1] == "cursor")
             projeto.cursor = std::stod(m[2]);
         else if (m[1] == "play")
             Host::Current().transport.state = std::stoi(m[2]);
         else
             projeto.timeSelection = {std::stod(m[2]), std::stod(m[4])};
-    for (const std::vector<std::string>& m : Matches(retrato, R"(\[([RM])\d+ (\S* )?([\d.]+)(-([\d.]+))?\])")) {
+    for (const std::vector<std::string>& m : Matches(retrato, marca)) {
         const bool regiao = m[1] == "R";
         const double inicio = std::stod(m[3]), fim = regiao ? std::stod(m[5]) : inicio;
         AddMarker(projeto, {regiao, inicio, fim, m[2].substr(0, m[2].find(' '))}, -1);
     }
-    const std::string resto = Replaced(retrato, R"(\{[^}]*\}|\[[^\]]*\])");
+    const std::string resto = Replaced(Replaced(retrato, estado), marca);
     if (resto.find(':') != std::string::npos)
         for (const std::string& faixa : Partes(resto, " / ")) LerFaixa(faixa);
     Host::Current().undo.Start();
