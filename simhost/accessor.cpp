@@ -1,5 +1,4 @@
-#include "simhost/accessor.h"
-
+// Accessors, through which callers hear a take.
 #include <algorithm>
 #include <cmath>
 
@@ -9,22 +8,18 @@
 namespace simhost {
 
 AudioAccessor* api::CreateTakeAudioAccessor(MediaItem_Take* handle) {
-    Host& host = Host::Current();
-    Take* take = host.Know(handle);
+    const Take* take = Host::Know(handle);
     if (!take || !take->source) return nullptr;
-    Accessor& kept = *host.accessors.emplace_back(std::make_unique<Accessor>());
-    kept = {*take, handle, take->item->length, {}};
-    return static_cast<AudioAccessor*>(kept.identity.Handle(Kind::Accessor, &kept));
+    return Host::Handle(Host::Current().accessors.emplace_back(Accessor{*take, handle, take->item->length, {}}));
 }
 
 void api::DestroyAudioAccessor(AudioAccessor* handle) {
-    Host& host = Host::Current();
-    const void* accessor = host.Owner(handle, Kind::Accessor);
-    std::erase_if(host.accessors, [accessor](const auto& a) { return a.get() == accessor; });
+    const Accessor* accessor = Host::Know(handle);
+    Host::Current().accessors.remove_if([accessor](const Accessor& a) { return &a == accessor; });
 }
 
 double api::GetAudioAccessorStartTime(AudioAccessor* handle) {
-    Host::Current().Owner(handle, Kind::Accessor);
+    Host::Know(handle);
     return 0.0;
 }
 
@@ -32,7 +27,7 @@ double api::GetAudioAccessorStartTime(AudioAccessor* handle) {
 int api::GetAudioAccessorSamples(AudioAccessor* handle, int rate, int channels, double start, int frames,
                                  double* interleaved) {
     Host& host = Host::Current();
-    const auto* accessor = static_cast<Accessor*>(host.Owner(handle, Kind::Accessor));
+    const Accessor* accessor = Host::Know(handle);
     if (!accessor) return -1;
     if (rate <= 0 || channels <= 0 || frames <= 0 || !interleaved) {
         host.Violate("rate, channels and frames must be above 0, and the buffer not null");

@@ -1,14 +1,16 @@
+// The numbered actions. One that edited something makes an undo point of its own, or belongs to the block that is open.
 #include "simhost/actions.h"
 
 #include <algorithm>
 
 #include "host/actions.h"
+#include "platform/files.h"
 #include "simhost/calls.h"
 
 namespace simhost {
 
 static void UnselectTracks(Host& host) {
-    for (int i = 0; i < host.project.tracks.Count(); ++i) host.project.tracks.At(i)->selected = false;
+    for (Track* track : SelectedTracks(host)) track->selected = false;
 }
 
 static void ZoomToItems(Host& host) {
@@ -35,7 +37,13 @@ static void ZoomVertically(Host& host, int times, int over) {
         if (track->height > 0) track->height = zoomed(static_cast<int>(std::min(track->height, 600.0)));
 }
 
-static const Action HostActions[] = {
+static const struct Action {
+    int number;
+    const char* name;                    // also the undo point's title
+    void (*run)(Host& host);             // null: only recorded, unless there is an edit
+    bool (*edit)(Host& host) = nullptr;  // false: nothing was edited, so there is no undo point
+    bool toggles = false;                // flips its toggle state before it runs
+} HostActions[] = {
     {acao::Tocar, "Play", Play},
     {acao::Parar, "Stop", Stop},
     {acao::Gravar, "Record", Record},
@@ -76,12 +84,6 @@ static const Action HostActions[] = {
     {acao::DesligarOpcao1161, "1162", nullptr},
 };
 
-const Action* FindAction(int number) {
-    for (const Action& action : HostActions)
-        if (action.number == number) return &action;
-    return nullptr;
-}
-
 bool Host::RunAction(const std::string& idText) {
     const int number = extension.ActionNumber(idText);
     if (!number) return false;
@@ -115,7 +117,8 @@ static void Run(Host& host, const Action& action) {
 
 void Host::RunAction(int number) {
     actions.run.push_back(number);
-    if (const Action* action = FindAction(number)) return Run(*this, *action);
+    for (const Action& action : HostActions)
+        if (action.number == number) return Run(*this, action);
     for (const Script& script : scripts.added)
         if (script.number == number) {
             const Script copy = script;  // it may take itself out
@@ -124,6 +127,25 @@ void Host::RunAction(int number) {
             return;
         }
     if (!RunRegistered(number)) Violate("there is no action " + std::to_string(number));
+}
+
+// The command number; 0 when the file cannot be read, or is to be removed and was never added.
+int api::AddRemoveReaScript(bool add, int, const char* file, bool) {
+    Host& host = Host::Current();
+    std::vector<Script>& scripts = host.scripts.added;
+    const std::string path = file ? file : "";
+    const auto script =
+        std::find_if(scripts.begin(), scripts.end(), [&path](const Script& s) { return s.path == path; });
+    if (script != scripts.end()) {
+        const int number = script->number;
+        if (!add) scripts.erase(script);
+        return number;
+    }
+    if (!add) host.Violate("the script " + path + " is not in the action list");
+    std::string text;
+    if (!add || !ReadTextFile(path, text)) return 0;
+    scripts.push_back({++host.actions.lastNumber, path, text});
+    return host.actions.lastNumber;
 }
 
 void api::Main_OnCommand(int command, int) { Host::Current().RunAction(command); }

@@ -1,19 +1,9 @@
 // simhost/actions.h
-// The numbered actions. One that edited something makes an undo point of its own, or belongs to the block that is open.
+// What the host's numbered actions do.
 #pragma once
 #include "simhost/host.h"
 
 namespace simhost {
-
-struct Action {
-    int number;
-    const char* name;                    // also the undo point's title
-    void (*run)(Host& host);             // null: only recorded, unless there is an edit
-    bool (*edit)(Host& host) = nullptr;  // false: nothing was edited, so there is no undo point
-    bool toggles = false;                // flips its toggle state before it runs
-};
-
-const Action* FindAction(int number);  // null when the stand-in does not know it
 
 // transport.cpp
 void Play(Host&);
@@ -25,6 +15,7 @@ void PlayStopMovingCursor(Host&);
 
 // edits.cpp; they leave locked items alone
 std::vector<Item*> SelectedItems(Host&);  // without the locked ones
+std::vector<Track*> SelectedTracks(Host&);
 bool RemoveByFocus(Host&);
 bool TrimLeftEdge(Host&);
 bool TrimRightEdge(Host&);

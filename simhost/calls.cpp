@@ -38,23 +38,25 @@ static std::string Spelled(const void* pointer) { return pointer ? "&" : "null";
 
 class Call {
   public:
-    explicit Call(int index)
-        : host_(Host::Current()),
-          calls_(host_.calls),
-          counter_(calls_.counters_[index]),
-          outer_(calls_.running_),
-          changes_(Functions[index].changes) {
+    explicit Call(int index) : function_(Functions[index]), counter_(calls_.counters_[index]), outer_(calls_.running_) {
         ++counter_.calls;
-        calls_.running_ = Functions[index].name;
-        fails_ = counter_.failsFrom && counter_.calls >= counter_.failsFrom;
+        calls_.running_ = function_.name;
+        fails = counter_.failsFrom && counter_.calls >= counter_.failsFrom;
     }
     ~Call() {
         calls_.running_ = outer_;
-        host_.screen.changes += changes_;
+        host_.screen.changes += function_.changes;
     }
 
-    bool Fails() const { return fails_; }
-    int Result() const { return counter_.result; }
+    bool fails;
+    // What it gives when it fails: null, false or the number that was asked for.
+    template <class Result>
+    Result Failure() const {
+        if constexpr (std::is_arithmetic_v<Result> && !std::is_same_v<Result, bool>)
+            return static_cast<Result>(counter_.result);
+        else
+            return Result();
+    }
     template <class... Values>
     void TraceCall(const Values&... values) {
         if (!calls_.tracing) return;
@@ -69,23 +71,13 @@ class Call {
     }
 
   private:
-    Host& host_;
-    Calls& calls_;
+    Host& host_ = Host::Current();
+    Calls& calls_ = host_.calls;
+    const Function& function_;
     Calls::Counter& counter_;
-    const char* outer_;
-    bool changes_, fails_;
+    const char* const outer_;
     size_t line_ = static_cast<size_t>(-1);  // of the trace, unless nothing is traced
 };
-
-template <class Result>
-static Result Failure(int value) {
-    if constexpr (std::is_pointer_v<Result>)
-        return nullptr;
-    else if constexpr (std::is_same_v<Result, bool>)
-        return false;
-    else
-        return static_cast<Result>(value);
-}
 
 template <int index, auto function>
 struct Entry;
@@ -95,9 +87,9 @@ struct Entry<index, function> {
         Call call(index);
         call.TraceCall(arguments...);
         if constexpr (std::is_void_v<Result>) {
-            if (!call.Fails()) function(arguments...);
+            if (!call.fails) function(arguments...);
         } else {
-            const Result result = call.Fails() ? Failure<Result>(call.Result()) : function(arguments...);
+            const Result result = call.fails ? call.Failure<Result>() : function(arguments...);
             call.TraceResult(result);
             return result;
         }

@@ -12,6 +12,25 @@ FUNCOES_DO_HOST(DECLARE)
 #undef DECLARE
 }  // namespace api
 
+// What there is to tell of the thing behind a handle; 0, false or null, with a violation, where there is none.
+template <class Handle, class Tell>
+auto Of(Handle* handle, Tell tell) {
+    auto* thing = Host::Know(handle);
+    return thing ? tell(*thing) : decltype(tell(*thing))();
+}
+
+// The handle of a thing, if there is one.
+template <class Thing>
+auto* HandleOf(Thing* thing) {
+    return thing ? Host::Handle(*thing) : nullptr;
+}
+
+// An element of a list of boxes or pointers; null outside.
+template <class List>
+auto* At(List& list, int index) {
+    return index >= 0 && static_cast<size_t>(index) < list.size() ? &*list[index] : nullptr;
+}
+
 struct Function {
     const char* name;
     void* address;

@@ -11,7 +11,7 @@ std::vector<Item*> SelectedItems(Host& host) {
     return items;
 }
 
-static std::vector<Track*> SelectedTracks(Host& host) {
+std::vector<Track*> SelectedTracks(Host& host) {
     std::vector<Track*> tracks;
     for (int i = 0; i < host.project.tracks.Count(); ++i)
         if (Track* track = host.project.tracks.At(i); track->selected) tracks.push_back(track);

@@ -69,27 +69,25 @@ static bool Set(Thing* thing, const Field<Thing> (&fields)[n], const char* key, 
     return field;
 }
 
-double api::GetMediaItemInfo_Value(MediaItem* item, const char* key) {
-    return Get(Host::Current().Know(item), ItemFields, key);
-}
+double api::GetMediaItemInfo_Value(MediaItem* item, const char* key) { return Get(Host::Know(item), ItemFields, key); }
 bool api::SetMediaItemInfo_Value(MediaItem* item, const char* key, double value) {
     if (Text(key) == "D_POSITION") return SetMediaItemPosition(item, value, false);
-    return Set(Host::Current().Know(item), ItemFields, key, value);
+    return Set(Host::Know(item), ItemFields, key, value);
 }
 double api::GetMediaItemTakeInfo_Value(MediaItem_Take* take, const char* key) {
-    return Get(Host::Current().Know(take), TakeFields, key);
+    return Get(Host::Know(take), TakeFields, key);
 }
 bool api::SetMediaItemTakeInfo_Value(MediaItem_Take* take, const char* key, double value) {
-    return Set(Host::Current().Know(take), TakeFields, key, value);
+    return Set(Host::Know(take), TakeFields, key, value);
 }
 double api::GetMediaTrackInfo_Value(MediaTrack* handle, const char* key) {
-    const Track* track = Host::Current().Know(handle);
+    const Track* track = Host::Know(handle);
     if (track && Text(key) == "I_SELECTED") return track->selected;
     if (track && Text(key) == "IP_TRACKNUMBER") return track->index + 1;
     return Get(track, TrackFields, key);
 }
 bool api::SetMediaTrackInfo_Value(MediaTrack* track, const char* key, double value) {
-    return Set(Host::Current().Know(track), TrackFields, key, value);
+    return Set(Host::Know(track), TrackFields, key, value);
 }
 
 }  // namespace simhost

@@ -13,18 +13,6 @@ namespace simhost {
 template <class T>
 class GapList {
   public:
-    GapList() = default;
-    GapList(GapList&& other) noexcept { *this = std::move(other); }
-    GapList& operator=(GapList&& other) noexcept {
-        before_ = std::move(other.before_);
-        after_ = std::move(other.after_);
-        other.before_.clear();
-        other.after_.clear();
-        return *this;
-    }
-    GapList(const GapList&) = default;
-    GapList& operator=(const GapList&) = default;
-
     size_t size() const { return before_.size() + after_.size(); }
     bool empty() const { return size() == 0; }
     T& operator[](size_t i) { return i < before_.size() ? before_[i] : after_[size() - 1 - i]; }

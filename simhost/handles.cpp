@@ -18,16 +18,14 @@ static std::vector<void*>& Owners() {
 void* Identity::Handle(Kind kind, void* owner) {
     if (!id_) {
         id_ = Owners().size();
-        kind_ = kind;
         Owners().push_back(owner);
     }
-    return reinterpret_cast<void*>(Mark | id_ << 4 | static_cast<uint64_t>(kind_));
+    return reinterpret_cast<void*>(Mark | id_ << 4 | static_cast<uint64_t>(kind));
 }
 
 void Identity::Inherit(Identity& other, void* newOwner) {
     Die();
     id_ = other.id_;
-    kind_ = other.kind_;
     other.id_ = 0;
     if (id_) Owners()[id_] = newOwner;
 }
@@ -40,18 +38,15 @@ void Identity::Die() {
 void* OwnerOf(const void* handle, Kind kind, std::string* why) {
     const uint64_t bits = reinterpret_cast<uint64_t>(handle);
     const uint64_t id = (bits & ~MarkMask) >> 4;
-    const auto handleKind = static_cast<Kind>(bits & 15);
-    const char* wrong = nullptr;
+    const char* wrong = "dead";
     if (!handle)
         wrong = "null";
     else if ((bits & MarkMask) != Mark || id == 0 || id >= Owners().size())
         wrong = "foreign";
-    else if (handleKind != kind)
+    else if (static_cast<Kind>(bits & 15) != kind)
         wrong = "of another kind";
     else if (void* owner = Owners()[id])
         return owner;
-    else
-        wrong = "dead";
     if (why) *why = wrong;
     return nullptr;
 }

@@ -17,13 +17,12 @@ class Identity {
     Identity& operator=(const Identity&) { return *this; }
     ~Identity() { Die(); }
 
-    void* Handle(Kind kind, void* owner);           // the first call fixes both
+    void* Handle(Kind kind, void* owner);           // both the same in each call
     void Inherit(Identity& other, void* newOwner);  // newOwner goes on under the other's handle
 
   private:
     void Die();
     uint64_t id_ = 0;  // 0: no handle asked for yet
-    Kind kind_ = {};
 };
 
 // The living owner of a handle of this kind, or null and, unless `why` is null, what is wrong with the handle:

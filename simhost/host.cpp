@@ -6,7 +6,6 @@
 #include <cstring>
 
 #include "host/actions.h"
-#include "simhost/accessor.h"
 #include "simhost/calls.h"
 
 namespace simhost {
@@ -106,10 +105,10 @@ bool Host::Check() {
 void* Host::Owner(const void* handle, Kind kind) {
     std::string why;
     void* owner = OwnerOf(handle, kind, &why);
-    if (!owner) Violate(std::string("the ") + NameOf(kind) + " handle is " + why);
+    if (!owner) Current().Violate(std::string("the ") + NameOf(kind) + " handle is " + why);
     return owner;
 }
 
-bool Host::Know(ReaProject* handle) { return !handle || Owner(handle, Kind::Project) == this; }
+Host* Host::Know(ReaProject* handle) { return handle ? static_cast<Host*>(Owner(handle, Kind::Project)) : &Current(); }
 
 }  // namespace simhost

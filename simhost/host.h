@@ -10,6 +10,7 @@
 //     host.RunAction("_QUILMO_ABRIR_PAINEL");
 #pragma once
 #include <functional>
+#include <list>
 
 #include "host/api.h"
 #include "simhost/undo.h"
@@ -128,7 +129,13 @@ class Calls {
     const char* running_ = nullptr;
 };
 
-struct Accessor;
+// What a take played when the accessor was made. Reading after the take has gone is a violation.
+struct Accessor {
+    Playback playback;
+    const void* takeHandle;
+    double length;  // of the item
+    Identity identity;
+};
 
 class Host {
   public:
@@ -151,7 +158,7 @@ class Host {
     Calls calls;
     std::string resourcePath = ".";
     HWND mainWindow = nullptr;
-    std::vector<std::unique_ptr<Accessor>> accessors;  // accessor.h; not destroyed yet
+    std::list<Accessor> accessors;  // not destroyed yet
 
     reaper_plugin_info_t* Record() { return &record_; }  // what the extension's entry is given
     // As the user does. False: nothing takes the id; an unknown number is a violation.
@@ -174,15 +181,19 @@ class Host {
     static PCM_source* SourceHandle(Take& t) {
         return static_cast<PCM_source*>(t.sourceIdentity.Handle(Kind::Source, &t));
     }
+    static AudioAccessor* Handle(Accessor& a) {
+        return static_cast<AudioAccessor*>(a.identity.Handle(Kind::Accessor, &a));
+    }
     // What a caller's handle stands for; null, with a violation, when it stands for nothing.
-    bool Know(ReaProject* handle);  // null is the current project
-    Track* Know(MediaTrack* handle) { return static_cast<Track*>(Owner(handle, Kind::Track)); }
-    Item* Know(MediaItem* handle) { return static_cast<Item*>(Owner(handle, Kind::Item)); }
-    Take* Know(MediaItem_Take* handle) { return static_cast<Take*>(Owner(handle, Kind::Take)); }
-    Take* Know(PCM_source* handle) { return static_cast<Take*>(Owner(handle, Kind::Source)); }
-    void* Owner(const void* handle, Kind kind);
+    static Host* Know(ReaProject* handle);  // null is the current project
+    static Track* Know(MediaTrack* handle) { return static_cast<Track*>(Owner(handle, Kind::Track)); }
+    static Item* Know(MediaItem* handle) { return static_cast<Item*>(Owner(handle, Kind::Item)); }
+    static Take* Know(MediaItem_Take* handle) { return static_cast<Take*>(Owner(handle, Kind::Take)); }
+    static Take* Know(PCM_source* handle) { return static_cast<Take*>(Owner(handle, Kind::Source)); }
+    static Accessor* Know(AudioAccessor* handle) { return static_cast<Accessor*>(Owner(handle, Kind::Accessor)); }
 
   private:
+    static void* Owner(const void* handle, Kind kind);
     bool RunRegistered(int number);
 
     reaper_plugin_info_t record_;

@@ -5,59 +5,44 @@
 
 namespace simhost {
 
-static MediaItem* HandleOrNull(Item* item) { return item ? Host::Handle(*item) : nullptr; }
-static MediaItem_Take* HandleOrNull(Take* take) { return take ? Host::Handle(*take) : nullptr; }
-
 int api::CountMediaItems(ReaProject* project) {
-    Host& host = Host::Current();
-    return host.Know(project) ? host.project.tracks.ItemCount() : 0;
+    return Of(project, [](Host& host) { return host.project.tracks.ItemCount(); });
 }
 
 MediaItem* api::GetMediaItem(ReaProject* project, int index) {
-    Host& host = Host::Current();
-    return host.Know(project) ? HandleOrNull(host.project.tracks.ItemAt(index)) : nullptr;
+    return Of(project, [=](Host& host) { return HandleOf(host.project.tracks.ItemAt(index)); });
 }
 
 int api::CountSelectedMediaItems(ReaProject* project) {
-    Host& host = Host::Current();
-    return host.Know(project) ? host.project.tracks.SelectedCount() : 0;
+    return Of(project, [](Host& host) { return host.project.tracks.SelectedCount(); });
 }
 
 MediaItem* api::GetSelectedMediaItem(ReaProject* project, int index) {
-    Host& host = Host::Current();
-    if (!host.Know(project) || index < 0 || index >= host.project.tracks.SelectedCount()) return nullptr;
-    return Host::Handle(*host.project.tracks.Selected()[index]);
+    return Of(project, [=](Host& host) { return HandleOf(At(host.project.tracks.Selected(), index)); });
 }
 
 bool api::IsMediaItemSelected(MediaItem* handle) {
-    const Item* item = Host::Current().Know(handle);
-    return item && item->selected;
+    return Of(handle, [](Item& item) { return item.selected; });
 }
 
 void api::SetMediaItemSelected(MediaItem* handle, bool selected) {
-    Host& host = Host::Current();
-    if (Item* item = host.Know(handle)) host.project.tracks.Select(*item, selected);
+    if (Item* item = Host::Know(handle)) Host::Current().project.tracks.Select(*item, selected);
 }
 
 void api::SelectAllMediaItems(ReaProject* project, bool selected) {
-    Host& host = Host::Current();
-    if (host.Know(project)) host.project.tracks.SelectAll(selected);
+    if (Host* host = Host::Know(project)) host->project.tracks.SelectAll(selected);
 }
 
 int api::CountTrackMediaItems(MediaTrack* handle) {
-    const Track* track = Host::Current().Know(handle);
-    return track ? static_cast<int>(track->items.size()) : 0;
+    return Of(handle, [](Track& track) { return static_cast<int>(track.items.size()); });
 }
 
 MediaItem* api::GetTrackMediaItem(MediaTrack* handle, int index) {
-    Track* track = Host::Current().Know(handle);
-    if (!track || index < 0 || static_cast<size_t>(index) >= track->items.size()) return nullptr;
-    return Host::Handle(*track->items[index]);
+    return Of(handle, [=](Track& track) { return HandleOf(At(track.items, index)); });
 }
 
 MediaTrack* api::GetMediaItem_Track(MediaItem* handle) {
-    const Item* item = Host::Current().Know(handle);
-    return item ? Host::Handle(*item->track) : nullptr;
+    return Of(handle, [](Item& item) { return Host::Handle(*item.track); });
 }
 
 bool api::SetMediaItemPosition(MediaItem* handle, double seconds, bool) {
@@ -68,9 +53,9 @@ bool api::SetMediaItemPosition(MediaItem* handle, double seconds, bool) {
 }
 
 MediaItem* api::SplitMediaItem(MediaItem* handle, double seconds) {
-    Host& host = Host::Current();
-    Item* item = host.Know(handle);
-    return item ? HandleOrNull(Split(host.project, *item, seconds, host.preferences.splitCrossfade)) : nullptr;
+    return Of(handle, [seconds, &host = Host::Current()](Item& item) {
+        return HandleOf(Split(host.project, item, seconds, host.preferences.splitCrossfade));
+    });
 }
 
 bool api::DeleteTrackMediaItem(MediaTrack* trackHandle, MediaItem* itemHandle) {
@@ -87,32 +72,26 @@ bool api::DeleteTrackMediaItem(MediaTrack* trackHandle, MediaItem* itemHandle) {
 }
 
 bool api::MoveMediaItemToTrack(MediaItem* itemHandle, MediaTrack* trackHandle) {
-    Host& host = Host::Current();
-    Item* item = host.Know(itemHandle);
-    Track* track = host.Know(trackHandle);
-    if (!track || !item) return false;
-    host.project.tracks.MoveTo(*item, *track);
-    return true;
+    Item* item = Host::Know(itemHandle);
+    Track* track = Host::Know(trackHandle);
+    if (track && item) Host::Current().project.tracks.MoveTo(*item, *track);
+    return track && item;
 }
 
 int api::CountTakes(MediaItem* handle) {
-    const Item* item = Host::Current().Know(handle);
-    return item ? static_cast<int>(item->takes.size()) : 0;
+    return Of(handle, [](Item& item) { return static_cast<int>(item.takes.size()); });
 }
 
 MediaItem_Take* api::GetTake(MediaItem* handle, int index) {
-    Item* item = Host::Current().Know(handle);
-    if (!item || index < 0 || static_cast<size_t>(index) >= item->takes.size()) return nullptr;
-    return Host::Handle(*item->takes[index]);
+    return Of(handle, [=](Item& item) { return HandleOf(At(item.takes, index)); });
 }
 
 MediaItem_Take* api::GetActiveTake(MediaItem* handle) {
-    Item* item = Host::Current().Know(handle);
-    return item ? HandleOrNull(item->Active()) : nullptr;
+    return Of(handle, [](Item& item) { return HandleOf(item.Active()); });
 }
 
 void api::SetActiveTake(MediaItem_Take* handle) {
-    Take* take = Host::Current().Know(handle);
+    const Take* take = Host::Know(handle);
     if (!take) return;
     Item& item = *take->item;
     for (size_t i = 0; i < item.takes.size(); ++i)
@@ -120,30 +99,23 @@ void api::SetActiveTake(MediaItem_Take* handle) {
 }
 
 PCM_source* api::GetMediaItemTake_Source(MediaItem_Take* handle) {
-    Take* take = Host::Current().Know(handle);
-    return take && take->source ? Host::SourceHandle(*take) : nullptr;
+    return Of(handle, [](Take& take) { return take.source ? Host::SourceHandle(take) : nullptr; });
 }
 
-// Null for a take whose source was taken away after its handle was given.
-static const Source* KnownSource(PCM_source* handle) {
-    const Take* take = Host::Current().Know(handle);
-    return take ? take->source.get() : nullptr;
-}
-
+// A take's source may have been taken away after its handle was given.
 double api::GetMediaSourceLength(PCM_source* handle, bool* lengthIsInBeats) {
-    const Source* source = KnownSource(handle);
+    const Take* take = Host::Know(handle);
+    const Source* source = take ? take->source.get() : nullptr;
     if (lengthIsInBeats) *lengthIsInBeats = source && source->IsMidi();
     return source ? source->Length() : 0.0;
 }
 
 int api::GetMediaSourceNumChannels(PCM_source* handle) {
-    const Source* source = KnownSource(handle);
-    return source ? source->Channels() : 0;
+    return Of(handle, [](Take& take) { return take.source ? take.source->Channels() : 0; });
 }
 
 int api::GetMediaSourceSampleRate(PCM_source* handle) {
-    const Source* source = KnownSource(handle);
-    return source ? source->SampleRate() : 0;
+    return Of(handle, [](Take& take) { return take.source ? take.source->SampleRate() : 0; });
 }
 
 }  // namespace simhost

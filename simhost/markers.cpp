@@ -7,9 +7,8 @@ namespace simhost {
 
 int api::AddProjectMarker2(ReaProject* project, bool isRegion, double start, double end, const char* name,
                            int wantedNumber, int colour) {
-    Host& host = Host::Current();
-    if (!host.Know(project)) return -1;
-    return AddMarker(host.project, {isRegion, start, end, name ? name : "", 0, colour}, wantedNumber);
+    Host* host = Host::Know(project);
+    return host ? AddMarker(host->project, {isRegion, start, end, name ? name : "", 0, colour}, wantedNumber) : -1;
 }
 
 int api::CountProjectMarkers(ReaProject* project, int* markers, int* regions) {

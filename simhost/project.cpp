@@ -5,10 +5,7 @@
 
 namespace simhost {
 
-static uint64_t NewGuid() {
-    static uint64_t last = 0;
-    return ++last;
-}
+static uint64_t lastGuid = 0;
 
 // Also a total order for positions that are not numbers, which stand last.
 static bool Earlier(double a, double b) { return a < b || (a == a && b != b); }
@@ -31,17 +28,15 @@ double Fades::At(double time) const {
     return gain;
 }
 
-static void LinkTakes(Item& item) {
+static void Link(Item& item, Track& track) {
+    item.track = &track;
     for (Box<Take>& take : item.takes) take->item = &item;
 }
 
 TrackList::TrackList(const TrackList& other)
     : tracks_(other.tracks_), itemCount_(other.itemCount_), selectedCount_(other.selectedCount_) {
     for (Box<Track>& track : tracks_)
-        for (Box<Item>& item : track->items) {
-            item->track = &*track;
-            LinkTakes(*item);
-        }
+        for (Box<Item>& item : track->items) Link(*item, *track);
 }
 
 TrackList& TrackList::operator=(TrackList other) noexcept {
@@ -60,13 +55,12 @@ void TrackList::Renumber() {
 Track* TrackList::At(int index) { return index >= 0 && index < Count() ? &*tracks_[index] : nullptr; }
 
 Track& TrackList::Insert(int index, Track track) {
-    if (!track.guid) track.guid = NewGuid();
+    if (!track.guid) track.guid = ++lastGuid;
     const auto place = tracks_.insert(tracks_.begin() + std::clamp(index, 0, Count()), Box<Track>(std::move(track)));
     Track& inserted = **place;
     for (Box<Item>& item : inserted.items) {
-        item->track = &inserted;
-        LinkTakes(*item);
-        item->guid = NewGuid();
+        Link(*item, inserted);
+        item->guid = ++lastGuid;
         ++itemCount_;
         selectedCount_ += item->selected;
     }
@@ -134,7 +128,7 @@ Box<Item> TrackList::Detach(Item& item) {
 
 Item& TrackList::Attach(Track& track, Box<Item> box) {
     Item& item = *box;
-    item.track = &track;
+    Link(item, track);
     ++itemCount_;
     selectedCount_ += item.selected;
     Changed();
@@ -144,10 +138,8 @@ Item& TrackList::Attach(Track& track, Box<Item> box) {
 }
 
 Item& TrackList::Add(Track& track, Item item) {
-    if (!item.guid) item.guid = NewGuid();
-    Box<Item> box(std::move(item));
-    LinkTakes(*box);
-    return Attach(track, std::move(box));
+    if (!item.guid) item.guid = ++lastGuid;
+    return Attach(track, Box<Item>(std::move(item)));
 }
 
 void TrackList::Remove(Item& item) { Detach(item); }

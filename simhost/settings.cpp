@@ -23,8 +23,7 @@ static void GetSetRange(bool set, TimeRange& range, double* start, double* end) 
 }
 
 void api::GetSet_ArrangeView2(ReaProject* project, bool set, int, int, double* start, double* end) {
-    Host& host = Host::Current();
-    if (host.Know(project)) GetSetRange(set, host.project.view, start, end);
+    if (Host* host = Host::Know(project)) GetSetRange(set, host->project.view, start, end);
 }
 
 // Setting the loop sets the time selection with it; setting the time selection leaves the loop alone.

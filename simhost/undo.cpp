@@ -73,8 +73,7 @@ std::vector<std::string> Undo::Titles() const {
 }
 
 void api::Undo_BeginBlock2(ReaProject* project) {
-    Host& host = Host::Current();
-    if (host.Know(project)) host.undo.Begin();
+    if (Host* host = Host::Know(project)) host->undo.Begin();
 }
 
 void api::Undo_EndBlock2(ReaProject* project, const char* title, int flags) {
@@ -85,13 +84,11 @@ void api::Undo_EndBlock2(ReaProject* project, const char* title, int flags) {
 }
 
 const char* api::Undo_CanUndo2(ReaProject* project) {
-    Host& host = Host::Current();
-    return host.Know(project) ? host.undo.Title() : nullptr;
+    return Of(project, [](Host& host) { return host.undo.Title(); });
 }
 
 int api::Undo_DoUndo2(ReaProject* project) {
-    Host& host = Host::Current();
-    return host.Know(project) && host.undo.Back();
+    return Of(project, [](Host& host) { return host.undo.Back(); });
 }
 
 void api::PreventUIRefresh(int delta) {

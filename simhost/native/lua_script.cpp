@@ -3,132 +3,111 @@
 #include <algorithm>
 #include <cstring>
 #include <lua.hpp>
+#include <tuple>
 
 #include "simhost/calls.h"
 
 namespace simhost {
 
-// The calls as scripts see them. A project argument comes first where the C function has one. Numbers and texts are
-// returned instead of written through pointers; items are opaque pointers.
+// How a C function's arguments and its result cross over, by their types. Items are opaque pointers.
+template <class T>
+static T NextArgument(lua_State* l, int* taken) {
+    const int i = ++*taken;
+    if constexpr (std::is_same_v<T, bool>)
+        return lua_toboolean(l, i);
+    else if constexpr (std::is_same_v<T, int>)
+        return static_cast<int>(luaL_checkinteger(l, i));
+    else if constexpr (std::is_same_v<T, double>)
+        return luaL_checknumber(l, i);
+    else if constexpr (std::is_same_v<T, const char*>)
+        return luaL_checkstring(l, i);
+    else if constexpr (std::is_same_v<T, ReaProject*>)
+        return nullptr;  // whatever scripts write there, it is the current one
+    else
+        return static_cast<T>(lua_touserdata(l, i));
+}
+
+static void Push(lua_State* l, bool value) { lua_pushboolean(l, value); }
+static void Push(lua_State* l, int value) { lua_pushinteger(l, value); }
+static void Push(lua_State* l, double value) { lua_pushnumber(l, value); }
+static void Push(lua_State* l, const char* value) { lua_pushstring(l, value); }
+static void Push(lua_State* l, MediaItem* value) { lua_pushlightuserdata(l, value); }
+
+template <class Result, class... Arguments>
+static int Pass(lua_State* l, Result (*function)(Arguments...)) {
+    [[maybe_unused]] int taken = 0;
+    const std::tuple<Arguments...> arguments{NextArgument<Arguments>(l, &taken)...};
+    if constexpr (std::is_void_v<Result>) {
+        std::apply(function, arguments);
+        return 0;
+    } else {
+        Push(l, std::apply(function, arguments));
+        return 1;
+    }
+}
+
+template <auto function>
+static int CallHost(lua_State* l) {
+    return Pass(l, function);
+}
+
+// A registered function is the one upvalue of what scripts call.
+template <class Function>
+static int CallRegistered(lua_State* l) {
+    return Pass(l, reinterpret_cast<Function*>(lua_touserdata(l, lua_upvalueindex(1))));
+}
+
+// Numbers and texts are returned instead of written through pointers.
 static int CountProjectMarkers(lua_State* l) {
     int markers = 0, regions = 0;
-    lua_pushinteger(l, api::CountProjectMarkers(nullptr, &markers, &regions));
-    lua_pushinteger(l, markers);
-    lua_pushinteger(l, regions);
+    Push(l, api::CountProjectMarkers(nullptr, &markers, &regions));
+    Push(l, markers);
+    Push(l, regions);
     return 3;
 }
 
 static int GetSet_LoopTimeRange(lua_State* l) {
     double start = luaL_checknumber(l, 3), end = luaL_checknumber(l, 4);
     api::GetSet_LoopTimeRange(lua_toboolean(l, 1), lua_toboolean(l, 2), &start, &end, lua_toboolean(l, 5));
-    lua_pushnumber(l, start);
-    lua_pushnumber(l, end);
+    Push(l, start);
+    Push(l, end);
     return 2;
-}
-
-static int GetOS(lua_State* l) {
-    lua_pushstring(l, api::GetOS());
-    return 1;
-}
-
-static int GetSetProjectInfo(lua_State* l) {
-    lua_pushnumber(
-        l, api::GetSetProjectInfo(nullptr, luaL_checkstring(l, 2), luaL_checknumber(l, 3), lua_toboolean(l, 4)));
-    return 1;
 }
 
 static int GetSetProjectInfo_String(lua_State* l) {
     std::string value = luaL_checkstring(l, 3);
     value.resize(std::max<size_t>(value.size(), 511));  // room for an answer
-    lua_pushboolean(l,
-                    api::GetSetProjectInfo_String(nullptr, luaL_checkstring(l, 2), value.data(), lua_toboolean(l, 4)));
-    lua_pushstring(l, value.c_str());
+    Push(l, api::GetSetProjectInfo_String(nullptr, luaL_checkstring(l, 2), value.data(), lua_toboolean(l, 4)));
+    Push(l, value.c_str());
     return 2;
 }
 
-static int Sleep(lua_State*) {
-    return 0;  // nothing here waits for a real clock
-}
-
-static int CountMediaItems(lua_State* l) {
-    lua_pushinteger(l, api::CountMediaItems(nullptr));
-    return 1;
-}
-
-static int CountSelectedMediaItems(lua_State* l) {
-    lua_pushinteger(l, api::CountSelectedMediaItems(nullptr));
-    return 1;
-}
-
-static int GetMediaItem(lua_State* l) {
-    lua_pushlightuserdata(l, api::GetMediaItem(nullptr, static_cast<int>(luaL_checkinteger(l, 2))));
-    return 1;
-}
-
-static int GetMediaItemInfo_Value(lua_State* l) {
-    auto* item = static_cast<MediaItem*>(lua_touserdata(l, 1));
-    lua_pushnumber(l, api::GetMediaItemInfo_Value(item, luaL_checkstring(l, 2)));
-    return 1;
-}
-
-static int Main_OnCommand(lua_State* l) {
-    api::Main_OnCommand(static_cast<int>(luaL_checkinteger(l, 1)), static_cast<int>(luaL_checkinteger(l, 2)));
-    return 0;
-}
-
-static int ShowMessageBox(lua_State* l) {
-    const int type = static_cast<int>(luaL_checkinteger(l, 3));
-    lua_pushinteger(l, api::ShowMessageBox(luaL_checkstring(l, 1), luaL_checkstring(l, 2), type));
-    return 1;
-}
+static int Sleep(lua_State*) { return 0; }  // nothing here waits for a real clock
 
 static const luaL_Reg Calls[] = {
     {"CountProjectMarkers", CountProjectMarkers},
     {"GetSet_LoopTimeRange", GetSet_LoopTimeRange},
-    {"GetOS", GetOS},
-    {"GetSetProjectInfo", GetSetProjectInfo},
+    {"GetOS", CallHost<api::GetOS>},
+    {"GetSetProjectInfo", CallHost<api::GetSetProjectInfo>},
     {"GetSetProjectInfo_String", GetSetProjectInfo_String},
     {"sleep", Sleep},
-    {"CountMediaItems", CountMediaItems},
-    {"CountSelectedMediaItems", CountSelectedMediaItems},
-    {"GetMediaItem", GetMediaItem},
-    {"GetMediaItemInfo_Value", GetMediaItemInfo_Value},
-    {"Main_OnCommand", Main_OnCommand},
-    {"ShowMessageBox", ShowMessageBox},
+    {"CountMediaItems", CallHost<api::CountMediaItems>},
+    {"CountSelectedMediaItems", CallHost<api::CountSelectedMediaItems>},
+    {"GetMediaItem", CallHost<api::GetMediaItem>},
+    {"GetMediaItemInfo_Value", CallHost<api::GetMediaItemInfo_Value>},
+    {"Main_OnCommand", CallHost<api::Main_OnCommand>},
+    {"ShowMessageBox", CallHost<api::ShowMessageBox>},
     {nullptr, nullptr},
 };
-
-// A registered function is the one upvalue of what scripts call.
-template <class Function>
-static Function* Registered(lua_State* l) {
-    return reinterpret_cast<Function*>(lua_touserdata(l, lua_upvalueindex(1)));
-}
-
-static int CallWithNothing(lua_State* l) {
-    Registered<void()>(l)();
-    return 0;
-}
-
-static int CallWithNumbers(lua_State* l) {
-    const double a = luaL_checknumber(l, 1), b = luaL_checknumber(l, 2);
-    lua_pushnumber(l, Registered<double(double, double)>(l)(a, b));
-    return 1;
-}
-
-static int CallWithSettings(lua_State* l) {
-    const int number = static_cast<int>(luaL_checkinteger(l, 2));
-    lua_pushboolean(l, Registered<bool(bool, int, double)>(l)(lua_toboolean(l, 1), number, luaL_checknumber(l, 3)));
-    return 1;
-}
 
 // Result and argument types, as a definition begins, of the functions that extensions have registered so far.
 static constexpr struct {
     const char *result, *arguments;
     lua_CFunction call;
 } Shapes[] = {
-    {"void", "", CallWithNothing},
-    {"double", "double,double", CallWithNumbers},
-    {"bool", "bool,int,double", CallWithSettings},
+    {"void", "", CallRegistered<void()>},
+    {"double", "double,double", CallRegistered<double(double, double)>},
+    {"bool", "bool,int,double", CallRegistered<bool(bool, int, double)>},
 };
 
 // What extensions registered stands beside the host's own calls.

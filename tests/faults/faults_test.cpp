@@ -7,7 +7,6 @@
 #include "panel/host_options.h"
 #include "panel/state.h"
 #include "render/render.h"
-#include "simhost/accessor.h"
 #include "simhost/calls.h"
 #include "slicer/autosplit.h"
 #include "slicer/preview.h"

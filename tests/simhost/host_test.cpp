@@ -1,5 +1,4 @@
 // The stand-in catches each kind of bad caller; then what tests and tools lean on in it.
-#include "simhost/accessor.h"
 #include "tests/support/scene.h"
 
 class Strict : public Cena {};
