@@ -14,10 +14,7 @@
 
 namespace {
 
-struct CloseSndfile {
-    void operator()(SNDFILE* file) const { sf_close(file); }
-};
-using SndfileRef = std::unique_ptr<SNDFILE, CloseSndfile>;
+using SndfileRef = std::unique_ptr<SNDFILE, decltype([](SNDFILE* file) { sf_close(file); })>;
 
 // The MP3 decoder below libsndfile tells standard error what it thinks of a damaged file. While one of these lives,
 // nobody hears it: the user gets one sentence from us.
@@ -47,10 +44,7 @@ constexpr int MostFramesPerByte = 4096;  // no coding comes near, not even of si
 constexpr int LowestRate = 1000, HighestRate = 1'000'000;
 
 // On a page border, because libsndfile reads straight into it and the kernel copies much slower to some addresses.
-struct FreeBlock {
-    void operator()(void* block) const { std::free(block); }
-};
-using BlockRef = std::unique_ptr<void, FreeBlock>;
+using BlockRef = std::unique_ptr<void, decltype([](void* block) { std::free(block); })>;
 
 // Exact and in one subtraction: the bits of the sample, moved to 0..65535, become the lowest of the double 2^37, where
 // one step is 1/32768; taking 2^37 + 1 away leaves sample / 32768.
@@ -80,19 +74,9 @@ void ToDoubles(const float* from, int count, double* to) {
 
 // With these codings libsndfile finds any frame. With the others a seek may land beside the frame, or lose the stream.
 bool FindsAnyFrame(const SF_INFO& info) {
-    switch (info.format & SF_FORMAT_SUBMASK) {
-        case SF_FORMAT_PCM_S8:
-        case SF_FORMAT_PCM_U8:
-        case SF_FORMAT_PCM_16:
-        case SF_FORMAT_PCM_24:
-        case SF_FORMAT_PCM_32:
-        case SF_FORMAT_FLOAT:
-        case SF_FORMAT_DOUBLE:
-        case SF_FORMAT_ULAW:
-        case SF_FORMAT_ALAW:
-            return info.seekable != 0;
-    }
-    return false;
+    constexpr int codings[] = {SF_FORMAT_PCM_S8, SF_FORMAT_PCM_U8, SF_FORMAT_PCM_16, SF_FORMAT_PCM_24, SF_FORMAT_PCM_32,
+                               SF_FORMAT_FLOAT,  SF_FORMAT_DOUBLE, SF_FORMAT_ULAW,   SF_FORMAT_ALAW};
+    return info.seekable && std::count(std::begin(codings), std::end(codings), info.format & SF_FORMAT_SUBMASK);
 }
 
 bool LastFrameIsThere(SNDFILE* file, const SF_INFO& info) {

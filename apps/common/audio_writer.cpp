@@ -3,18 +3,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <vector>
-
 #include "simhost/sound.h"
 
 constexpr double MostWavBytes = 4.29e9;  // what the sizes in a WAV file can count
-
-struct AudioWriter::State {
-    SNDFILE* file = nullptr;
-    std::string path;
-    int channels = 0;
-    std::vector<int> block;
-};
 
 static int FormatCode(const AudioShape& shape, bool placed) {
     if (shape.format == AudioFormat::Flac) return SF_FORMAT_FLAC | SF_FORMAT_PCM_24;
@@ -48,34 +39,30 @@ std::unique_ptr<AudioWriter> AudioWriter::Create(const std::string& path, const 
     if (descriptor < 0) return refuse("a pasta nao existe ou nao aceita arquivos");
 
     std::unique_ptr<AudioWriter> writer(new AudioWriter);
-    writer->state_ = std::make_unique<State>();
-    State& s = *writer->state_;
-    s.path = path;
-    s.channels = shape.channels;
-    s.file = sf_open_fd(descriptor, SFM_WRITE, &info, true);
-    if (!s.file) return refuse("o formato nao aceita este audio");
-    KeepFacts(s.file, facts);
+    writer->path_ = path;
+    writer->channels_ = shape.channels;
+    writer->file_ = sf_open_fd(descriptor, SFM_WRITE, &info, true);
+    if (!writer->file_) return refuse("o formato nao aceita este audio");
+    KeepFacts(writer->file_, facts);
     return writer;
 }
 
 AudioWriter::~AudioWriter() {
-    if (state_->file) sf_close(state_->file);
-    if (!state_->path.empty()) unlink(state_->path.c_str());
+    if (file_) sf_close(file_);
+    if (!path_.empty()) unlink(path_.c_str());
 }
 
 bool AudioWriter::Write(const double* interleaved, int frames) {
-    const size_t count = static_cast<size_t>(frames) * state_->channels;
-    state_->block.resize(count);
+    block_.resize(static_cast<size_t>(frames) * channels_);
     // libsndfile takes the upper 24 bits of an int.
-    for (size_t i = 0; i < count; ++i) state_->block[i] = simhost::To24Bits(interleaved[i]) * 256;
-    return sf_writef_int(state_->file, state_->block.data(), frames) == frames;
+    for (int& sample : block_) sample = simhost::To24Bits(*interleaved++) * 256;
+    return sf_writef_int(file_, block_.data(), frames) == frames;
 }
 
 bool AudioWriter::Finish() {
-    const bool whole = sf_error(state_->file) == SF_ERR_NO_ERROR;
-    const bool closed = sf_close(state_->file) == 0;
-    state_->file = nullptr;
-    if (!whole || !closed) return false;
-    state_->path.clear();  // it stays
-    return true;
+    const bool whole = sf_error(file_) == SF_ERR_NO_ERROR;
+    const bool closed = sf_close(file_) == 0;
+    file_ = nullptr;
+    if (whole && closed) path_.clear();
+    return whole && closed;
 }

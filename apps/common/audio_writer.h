@@ -27,6 +27,9 @@ class AudioWriter {
 
   private:
     AudioWriter() = default;
-    struct State;
-    std::unique_ptr<State> state_;
+
+    SNDFILE* file_ = nullptr;
+    std::string path_;  // empty: the file stays
+    int channels_ = 0;
+    std::vector<int> block_;
 };

@@ -1,8 +1,7 @@
 #include "apps/common/host_project.h"
 
 #include <algorithm>
-
-#include "apps/common/decimal.h"
+#include <charconv>
 
 namespace {
 
@@ -44,6 +43,14 @@ std::string Text(const ProjectItem& item) {
 }
 
 }  // namespace
+
+std::string Decimal(double value) {
+    char text[400];  // room for the largest
+    std::string decimal(text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 9).ptr);
+    decimal.erase(decimal.find_last_not_of('0') + 1);
+    if (decimal.ends_with('.')) decimal.pop_back();
+    return decimal;
+}
 
 std::string HostProjectText(int rate, int64_t time, const std::vector<ProjectTrack>& tracks) {
     std::string text =

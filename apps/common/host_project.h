@@ -18,4 +18,7 @@ struct ProjectTrack {
     std::vector<ProjectItem> items;
 };
 
+// To the nanosecond, without zeros at its end, whatever the locale.
+std::string Decimal(double value);
+
 std::string HostProjectText(int rate, int64_t time, const std::vector<ProjectTrack>& tracks);  // time: since 1970

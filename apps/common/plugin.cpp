@@ -1,13 +1,13 @@
 #include "apps/common/plugin.h"
 
-bool Plugin::Load(simhost::Host& host, std::string* error) {
+#include <stdexcept>
+
+void Plugin::Load(simhost::Host& host) {
     HINSTANCE module = nullptr;
-    entry_ = FindEntry(&module, error);
-    if (!entry_) return false;
+    entry_ = FindEntry(&module);
     if (entry_(module, host.Record()) == 1)
         autoSplit = reinterpret_cast<decltype(autoSplit)>(host.extension.Function("Quilmo_AutoSplit"));
-    if (!autoSplit) *error = "o modulo recusou o host, ou nao registrou Quilmo_AutoSplit";
-    return autoSplit;
+    if (!autoSplit) throw std::runtime_error("o modulo recusou o host, ou nao registrou Quilmo_AutoSplit");
 }
 
 Plugin::~Plugin() {

@@ -2,22 +2,19 @@
 // The module as a host loads it. Its file lies beside this program; it is entered once with the host's record, and used
 // only through what it registered.
 #pragma once
-#include <string>
-
 #include "simhost/host.h"
 
 class Plugin {
   public:
-    // False with one sentence in *error when there is no module, or it refuses this host. `host` must outlive the
-    // plugin.
-    bool Load(simhost::Host& host, std::string* error);
+    // Throws a sentence when there is no module, or it refuses this host, which must outlive the plugin.
+    void Load(simhost::Host& host);
     ~Plugin();
 
     bool (*autoSplit)(bool closeGaps, int blockMs, double thresholdDb) = nullptr;  // on the selected items
 
   private:
     using Entry = int(HINSTANCE, reaper_plugin_info_t*);
-    static Entry* FindEntry(HINSTANCE* module, std::string* error);  // in the file; each system has its own
+    static Entry* FindEntry(HINSTANCE* module);  // in the file; each system has its own
 
     Entry* entry_ = nullptr;
 };

@@ -1,7 +1,6 @@
 #include "apps/common/render.h"
 
 #include "apps/common/audio_writer.h"
-#include "apps/common/render_list.h"
 #include "host/actions.h"
 
 static bool Write(const simhost::Project& project, const RenderedFile& file) {

@@ -1,7 +1,24 @@
 // apps/common/render.h
-// The render actions for real, as WAV and MP3 files.
+// What the render actions are to write, by the project's settings. Writing is up to whoever answers the actions.
 #pragma once
-#include "simhost/host.h"
+#include <string>
+#include <vector>
 
-// From now on the two actions that render write what FilesToRender says. What cannot be written is a violation.
+#include "simhost/host.h"
+#include "simhost/mixdown.h"
+
+enum class RenderKind { Wav, Mp3 };
+
+struct RenderedFile {
+    std::string path;
+    RenderKind kind;
+    simhost::MixRange range;
+};
+
+// RENDER_FILE is the folder, RENDER_PATTERN the name with $region in it, RENDER_BOUNDSFLAG the range, RENDER_FORMAT and
+// RENDER_FORMAT2 the kinds, RENDER_SRATE and RENDER_CHANNELS their shape. What a file name cannot hold becomes "_"; no
+// two files have the same name.
+std::vector<RenderedFile> FilesToRender(const simhost::Project& project);
+
+// From now on the two actions that render write those files; one that cannot be written is a violation. Not on Windows.
 void RenderToFiles(simhost::Host& host);

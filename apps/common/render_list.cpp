@@ -1,4 +1,4 @@
-#include "apps/common/render_list.h"
+#include "apps/common/render.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,11 +1,19 @@
 // apps/common/user.h
-// The user in front of the panel, who moves the mouse and looks at the window. Widgets go by their names in
-// apps/common/panel_list.h. Time passes between two moves, so that the panel's timers run.
+// The user in front of the panel, who moves the mouse and looks at the window. Time passes between two moves, so that
+// the panel's timers run. A widget goes by its label, icon or tooltip.
 #pragma once
 #include <string>
 
 #include "platform/headless/desktop.h"
 #include "simhost/host.h"
+
+// A widget as data/painel.txt tells of it; the module's tests hold that list to the panel itself.
+struct Widget {
+    int x, y, w, h;
+    double value = 0, lowest = 0, highest = 0;  // of a slider
+    int Bottom() const { return y + h; }
+};
+Widget FindWidget(const std::string& name);  // the first of that name; throws when the list has none
 
 HWND OpenMainWindow();  // the host's, in front of which the panel opens
 

@@ -24,16 +24,6 @@ struct ListFormat {
 
 const ListFormat* FindListFormat(const std::string& name);  // null: there is none
 
-// One piece on a video's frames: from which of the source's on, and where. Starts are rounded from their absolute
-// times, and a piece gets the frames up to its end; so nothing drifts. A piece shorter than a frame may vanish.
-struct Shot {
-    int64_t source, start, length;
-};
-std::vector<Shot> Shots(const Cut& cut, FrameRate frameRate);
-
-std::vector<std::string> AsMlt(const std::vector<ListedCut>& cuts, FrameRate frameRate);
-std::vector<std::string> AsHostProject(const std::vector<ListedCut>& cuts, FrameRate frameRate);
-
 // From the list's folder to a file: relative when it lies there or below, else absolute. What is no path of this
 // system, such as C:\fala.mp4 or an address, stays as it is.
 std::string ReferenceTo(const std::string& path, const std::string& listPath);

@@ -108,11 +108,6 @@ void TakeOption(const std::string& word, std::span<const char* const>* rest, Opt
     Expect(taken, name + " aceita " + (taken ? "" : option->value) + ", nao '" + value + "'");
 }
 
-void TakeInput(const std::string& word, Options* options) {
-    Expect(!word.empty(), "um nome de arquivo vazio nao serve de entrada");
-    options->inputs.push_back(word);
-}
-
 // Whether a list of one of these formats is asked for.
 bool Lists(const Options& o, std::initializer_list<const char*> formats) {
     return std::any_of(o.lists.begin(), o.lists.end(), [&](const WantedList& list) {
@@ -149,8 +144,9 @@ Options ParseOptions(std::span<const char* const> arguments) {
     while (!arguments.empty()) {
         const std::string word = arguments.front();
         arguments = arguments.subspan(1);
+        Expect(!word.empty(), "um nome de arquivo vazio nao serve de entrada");
         if (onlyInputs || word.size() < 2 || word[0] != '-')
-            TakeInput(word, &options);
+            options.inputs.push_back(word);
         else if (word == "--")
             onlyInputs = true;
         else

@@ -2,17 +2,16 @@
 
 #include <algorithm>
 #include <cctype>
+#include <map>
+#include <set>
 
-static constexpr std::pair<const char*, FileKind> Endings[] = {
-    {"wav", FileKind::Wav},    {"wave", FileKind::Wav},   {"rf64", FileKind::Wav},  {"flac", FileKind::Flac},
-    {"aif", FileKind::Aiff},   {"aiff", FileKind::Aiff},  {"aifc", FileKind::Aiff}, {"mp3", FileKind::Mp3},
-    {"ogg", FileKind::Ogg},    {"oga", FileKind::Ogg},    {"opus", FileKind::Ogg},  {"w64", FileKind::Sound},
-    {"caf", FileKind::Sound},  {"au", FileKind::Sound},   {"snd", FileKind::Sound}, {"voc", FileKind::Sound},
-    {"mp2", FileKind::Sound},  {"m4a", FileKind::Video},  {"aac", FileKind::Video}, {"wma", FileKind::Video},
-    {"mp4", FileKind::Video},  {"m4v", FileKind::Video},  {"mov", FileKind::Video}, {"mkv", FileKind::Video},
-    {"webm", FileKind::Video}, {"avi", FileKind::Video},  {"mpg", FileKind::Video}, {"mpeg", FileKind::Video},
-    {"mts", FileKind::Video},  {"m2ts", FileKind::Video}, {"ts", FileKind::Video},  {"wmv", FileKind::Video},
-    {"flv", FileKind::Video},  {"mxf", FileKind::Video},  {"3gp", FileKind::Video}, {"ogv", FileKind::Video},
+static const std::map<FileKind, std::set<std::string>> Endings = {
+    {FileKind::Wav, {"wav", "wave", "rf64"}},
+    {FileKind::Flac, {"flac"}},
+    {FileKind::Sound, {"aif", "aiff", "aifc", "mp3", "ogg", "oga", "opus", "w64", "caf", "au", "snd", "voc", "mp2"}},
+    {FileKind::Video,
+     {"m4a", "aac", "wma", "mp4", "m4v", "mov", "mkv", "webm", "avi", "mpg", "mpeg", "mts", "m2ts", "ts", "wmv", "flv",
+      "mxf", "3gp", "ogv"}},
 };
 
 FileKind KindOf(const std::string& path) {
@@ -20,9 +19,9 @@ FileKind KindOf(const std::string& path) {
     if (dot == std::string::npos || path[dot] != '.') return FileKind::Other;
     std::string ending = path.substr(dot + 1);
     std::transform(ending.begin(), ending.end(), ending.begin(), [](unsigned char c) { return std::tolower(c); });
-    const auto found =
-        std::find_if(std::begin(Endings), std::end(Endings), [&](const auto& e) { return e.first == ending; });
-    return found == std::end(Endings) ? FileKind::Other : found->second;
+    for (const auto& [kind, endings] : Endings)
+        if (endings.contains(ending)) return kind;
+    return FileKind::Other;
 }
 
 bool IsForeign(const std::string& path) {

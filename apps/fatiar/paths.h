@@ -3,7 +3,7 @@
 #pragma once
 #include <string>
 
-enum class FileKind { Other, Wav, Flac, Aiff, Mp3, Ogg, Sound, Video };  // Sound: of a kind without a use here
+enum class FileKind { Other, Wav, Flac, Sound, Video };  // Sound: of another format
 
 FileKind KindOf(const std::string& path);       // by the ending, in either case
 bool IsForeign(const std::string& path);        // an address, or C:\fala.mp4 and its kin

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <nlohmann/json.hpp>
 
-#include "apps/common/decimal.h"
+#include "apps/common/host_project.h"
 #include "apps/common/tool.h"
 #include "apps/fatiar/text.h"
 
@@ -72,12 +72,6 @@ std::string AsJson(const std::vector<Result>& results, const Options& options) {
     return all.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
-Report::Report(const Options& options)
-    : options_(options),
-      form_(options.csv == options.json ? Form::Table
-            : options.csv               ? Form::Csv
-                                        : Form::Json) {}
-
 void Report::Say(const std::string& text) {
     std::FILE* const stream = options_.ToStandardOutput() ? stderr : stdout;
     if (std::fputs(text.c_str(), stream) < 0 || std::fflush(stream) != 0)
@@ -85,15 +79,15 @@ void Report::Say(const std::string& text) {
 }
 
 void Report::Add(const Result& result) {
-    if (form_ == Form::Json)
-        kept_.push_back(result);
-    else if (form_ == Form::Table)
+    if (options_.csv == options_.json)  // both are only for files
         Say(AsTable(result));
-    else
+    else if (options_.csv)
         Say((first_ ? CsvHeading() : "") + AsCsv(result));
+    else
+        kept_.push_back(result);
     first_ = false;
 }
 
 void Report::Finish() {
-    if (form_ == Form::Json && !kept_.empty()) Say(AsJson(kept_, options_));
+    if (!kept_.empty()) Say(AsJson(kept_, options_));
 }

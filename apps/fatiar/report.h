@@ -28,16 +28,14 @@ struct NobodyListens : std::runtime_error {
 // What the run tells on standard output, or on standard error where that one takes the audio.
 class Report {
   public:
-    explicit Report(const Options& options);
+    explicit Report(const Options& options) : options_(options) {}
     void Add(const Result& result);  // throws NobodyListens
     void Finish();
 
   private:
-    enum class Form { Table, Csv, Json };
     void Say(const std::string& text);
 
     const Options& options_;
-    const Form form_;
     bool first_ = true;
-    std::vector<Result> kept_;  // until the end, which JSON needs
+    std::vector<Result> kept_;  // of JSON, which is told as one at the end
 };

@@ -94,8 +94,7 @@ Walk::Walk(const fs::path& recording, const fs::path& folder)
     source_ = item.Active()->source;
     length_ = source_->Length();
     host_.project.path = (home_ / recording.stem()).string() + ".rpp";
-    std::string error;
-    Expect(plugin_.Load(host_, &error), error);
+    plugin_.Load(host_);
 }
 
 void Walk::TellPieces(const char* step) {

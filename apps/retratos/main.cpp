@@ -2,7 +2,6 @@
 // recording give the same pictures, so that a changed picture tells of a changed panel.
 #include <filesystem>
 
-#include "apps/common/panel_list.h"
 #include "apps/common/plugin.h"
 #include "apps/common/recording.h"
 #include "apps/common/tool.h"
@@ -58,8 +57,7 @@ Album::Album(const fs::path& recording, const fs::path& folder) : folder_(folder
     host_.resourcePath = home_.string();
     host_.mainWindow = OpenMainWindow();
     PutOnTrack(recording.string(), host_);
-    std::string error;
-    Expect(plugin_.Load(host_, &error), error);
+    plugin_.Load(host_);
     simhost::Item& item = *host_.project.tracks.ItemAt(0);
     item.track->name = item.Active()->name = "Fala";
     item.track->selected = true;

@@ -14,8 +14,11 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, char*, int) {
         const std::filesystem::path resources = ProgramFolder() + L"\\studio-recursos";
         std::filesystem::create_directories(resources);
         StudioWindow window(Utf8(resources.wstring()));
-        std::string error;
-        if (!window.LoadPlugin(&error)) ShowMessage(error, "Quilmo Studio", MB_ICONERROR);
+        try {
+            window.LoadPlugin();
+        } catch (const std::exception& why) {  // the studio is of use without it, too
+            ShowMessage(why.what(), "Quilmo Studio", MB_ICONERROR);
+        }
 
         int count = 0;
         wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "apps/common/render_list.h"
+#include "apps/common/render.h"
 #include "apps/common/text.h"
 #include "apps/studio/dialogs.h"
 #include "apps/studio/wave_file.h"

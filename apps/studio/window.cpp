@@ -62,10 +62,9 @@ StudioWindow::~StudioWindow() {
     DeleteObject(statusFont_);
 }
 
-bool StudioWindow::LoadPlugin(std::string* error) {
-    const bool loaded = plugin_.emplace().Load(host_, error);
+void StudioWindow::LoadPlugin() {
+    plugin_.emplace().Load(host_);
     menus_.Build();
-    return loaded;
 }
 
 LRESULT CALLBACK StudioWindow::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {

@@ -24,7 +24,7 @@ class StudioWindow {
     StudioWindow(const StudioWindow&) = delete;
     StudioWindow& operator=(const StudioWindow&) = delete;
 
-    bool LoadPlugin(std::string* error);
+    void LoadPlugin();                   // throws when there is none
     void Open(const std::string& path);  // on a track of its own; a message box tells what went wrong
     void Choose();                       // asks for a recording to open
     void Save();                         // asks where, and keeps the project there

@@ -15,8 +15,7 @@
 class Studio : public testing::Test {
   protected:
     void SetUp() override {
-        std::string error;
-        ASSERT_TRUE(window.LoadPlugin(&error)) << error;
+        window.LoadPlugin();
         WaveText wave{1, 1, 8, 8000, {}};
         for (int i = 0; i < 80000; ++i) wave.samples += i / 16000 == 2 ? '\x80' : i / 4 % 2 ? '\xC0' : '\x40';
         window.Open(WriteWave("fala.wav", wave));
