@@ -44,29 +44,27 @@ void Store(uint32_t* row, int count, __m128i four) {
 
 FloorScene::FloorScene(const std::vector<uint32_t>& picture, int width, int height, uint32_t page,
                        const std::vector<Box>& faces)
-    : width_(width), height_(height), page_(page), drawn_(picture.size()), copied_(picture.size()), wanted_(picture) {
+    : width_(width), height_(height), page_(page), drawn_(picture.size()), copied_(picture.size()) {
     const auto at = [&](int x, int y) { return picture[static_cast<size_t>(y) * width + x]; };
     for (const Box& b : faces) faces_.push_back({b, at(b.x + 7, b.y + 2), at(b.x + 7, b.y)});
     Draw();
     const std::vector<uint32_t> bare = drawn_;
     for (const Face& face : faces_) {
         const Box& b = face.box;
-        // The ink's colour is the one furthest from the face.
-        Ink ink{b.x + 6, b.y + 3, b.w - 12, b.h - 6, 0xFFFFFFFF, {}};
-        int furthest = 0;
+        Ink ink{b.x + 6, b.y + 3, b.w - 12, b.h - 6, 0, {}};
+        std::vector<uint32_t> pixels;
         for (int y = ink.y; y < ink.y + ink.h; ++y)
-            for (int x = ink.x; x < ink.x + ink.w; ++x) {
-                const int far =
-                    std::abs(static_cast<int>(at(x, y) >> 8 & 255) - static_cast<int>(face.fill >> 8 & 255));
-                if (far > furthest) furthest = far, ink.color = at(x, y);
-            }
-        for (int y = ink.y; y < ink.y + ink.h; ++y)
-            for (int x = ink.x; x < ink.x + ink.w; ++x) {
-                int weight = 0;
-                while (weight < 255 && (weight ? MixOne(face.fill, ink.color, weight) : face.fill) != at(x, y))
-                    ++weight;
-                ink.weights.push_back(static_cast<uint8_t>(weight));
-            }
+            for (int x = ink.x; x < ink.x + ink.w; ++x) pixels.push_back(at(x, y));
+        const auto distance = [green = static_cast<int>(face.fill >> 8 & 255)](uint32_t pixel) {
+            return std::abs(static_cast<int>(pixel >> 8 & 255) - green);
+        };
+        ink.color = *std::max_element(pixels.begin(), pixels.end(),
+                                      [&](uint32_t near, uint32_t far) { return distance(near) < distance(far); });
+        for (const uint32_t pixel : pixels) {
+            int weight = 0;
+            while (weight < 255 && (weight ? MixOne(face.fill, ink.color, weight) : face.fill) != pixel) ++weight;
+            ink.weights.push_back(static_cast<uint8_t>(weight));
+        }
         inks_.push_back(ink);
     }
     Draw();

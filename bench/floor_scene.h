@@ -16,7 +16,6 @@ class FloorScene {
     FloorScene(const std::vector<uint32_t>& picture, int width, int height, uint32_t page,
                const std::vector<Box>& faces);
     const std::vector<uint32_t>& Draw();  // the copy
-    bool Exact() { return Draw() == wanted_; }
 
   private:
     struct Face {
@@ -36,5 +35,5 @@ class FloorScene {
     std::vector<Face> faces_;
     std::vector<Ink> inks_;
     std::vector<std::pair<int, uint32_t>> rest_;  // single pixels, by place
-    std::vector<uint32_t> drawn_, copied_, wanted_;
+    std::vector<uint32_t> drawn_, copied_;
 };

@@ -1,5 +1,5 @@
-// Circles, rounded rectangles and polygons beside Cairo, in the panel's sizes, one at a time on a surface as large as
-// the panel.
+// Circles, rounded rectangles and polygons beside Cairo, in the panel's sizes. Each has a surface as large as the
+// panel.
 #include <functional>
 #include <numbers>
 #include <string>

@@ -29,32 +29,29 @@ using Clock = std::chrono::steady_clock;
 Clock::duration inHost;
 int64_t callsOfHost;
 
-template <class Function>
+template <auto slot>
 struct Timed;
-template <class Result, class... Arguments>
-struct Timed<Result (*)(Arguments...)> {
-    template <Result (**slot)(Arguments...)>
-    struct Slot {
-        static inline Result (*real)(Arguments...) = nullptr;
-        static Result Call(Arguments... arguments) {
-            const struct Stopwatch {
-                Clock::time_point start = Clock::now();
-                ~Stopwatch() {
-                    inHost += Clock::now() - start;
-                    ++callsOfHost;
-                }
-            } stopwatch;
-            return real(arguments...);
-        }
-        static void Install() {
-            real = *slot;
-            if (real) *slot = Call;
-        }
-    };
+template <class Result, class... Arguments, Result (**slot)(Arguments...)>
+struct Timed<slot> {
+    static inline Result (*real)(Arguments...) = nullptr;
+    static Result Call(Arguments... arguments) {
+        const struct Stopwatch {
+            Clock::time_point start = Clock::now();
+            ~Stopwatch() {
+                inHost += Clock::now() - start;
+                ++callsOfHost;
+            }
+        } stopwatch;
+        return real(arguments...);
+    }
+    static void Install() {
+        real = *slot;
+        if (real) *slot = Call;
+    }
 };
 
 void TimeHostFunctions() {
-#define TIMED(result, name, parameters) Timed<decltype(host::name)>::Slot<&host::name>::Install();
+#define TIMED(result, name, parameters) Timed<&host::name>::Install();
     FUNCOES_DO_HOST(TIMED)
 #undef TIMED
 }
@@ -70,34 +67,26 @@ Clock::duration PriceOfClock() {
 // --- The preview
 
 // Hours of speech: 420 ms of sound, 180 ms of pause, over and over.
-class Speech : public simhost::Source {
-  public:
-    explicit Speech(int pieces) : Source(Rate, ChannelCount, int64_t{pieces} * Period) {
-        std::fill_n(period_.begin(), Period * 7 / 10 * ChannelCount, 0.25);
-    }
-
-  protected:
-    bool ReadInside(int64_t first, int frames, double* interleaved) override {
-        while (frames > 0) {
-            const int at = static_cast<int>(first % Period), n = std::min(frames, Period - at);
-            interleaved = std::copy_n(period_.data() + at * ChannelCount, n * ChannelCount, interleaved);
-            first += n;
-            frames -= n;
+simhost::SourceRef Speech(int pieces) {
+    constexpr int frames = Rate * 6 / 10;
+    std::vector<double> period(frames * ChannelCount);
+    std::fill_n(period.begin(), frames * 7 / 10 * ChannelCount, 0.25);
+    return simhost::Made(Rate, ChannelCount, int64_t{pieces} * frames, [=](int64_t first, int left, double* out) {
+        for (int n; left > 0; first += n, left -= n) {
+            const int at = static_cast<int>(first % frames);
+            n = std::min(left, frames - at);
+            out = std::copy_n(period.data() + at * ChannelCount, n * ChannelCount, out);
         }
         return true;
-    }
-
-  private:
-    static constexpr int Period = Rate * 6 / 10;
-    std::vector<double> period_ = std::vector<double>(Period * ChannelCount);
-};
+    });
+}
 
 // The module on a host with so many pieces of speech, as one selected item.
 struct Studio {
     explicit Studio(int pieces) {
         host.resourcePath = "nowhere/that/exists";
-        loaded = ReaperPluginEntry(nullptr, host.Record()) == 1;
-        const auto speech = std::make_shared<Speech>(pieces);
+        ReaperPluginEntry(nullptr, host.Record());
+        const simhost::SourceRef speech = Speech(pieces);
         host.project.tracks.Add(AddTrack(host.project, "Voz"), simhost::MakeItem("A", 0, speech->Length(), speech));
         host.project.tracks.SelectAll(true);
     }
@@ -106,7 +95,6 @@ struct Studio {
         ReaperPluginEntry(nullptr, nullptr);
     }
     simhost::Host host;
-    bool loaded;
 };
 
 // The mode as a click on the panel leaves it, on the recording itself.

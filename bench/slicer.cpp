@@ -83,7 +83,7 @@ std::vector<double> Speech() {
 }
 
 // What the slots read: a minute from memory. A resident item is ten minutes that repeat its first chunk. The accessor
-// copies that once and leaves it in the reader's buffer, so that only the work on a cached chunk is timed.
+// copies that once into the reader's buffer, so that only the work on a cached chunk is timed.
 struct Item {
     const double* samples;
     bool resident;

@@ -98,11 +98,7 @@ def main(stage, dist, version, epoch, site, address):
         f"URL: {site}\r\n"
         f"INFO: 64-bit Windows, {MODULE}; acao \"Quilmo: Abrir Painel\", tecla A; licenca MIT\r\n".encode("ascii")
     )
-    pack(
-        dist / f"{name}.ReaperPkg",
-        [(info.name, info), (f"UserPlugins/{MODULE}", stage / MODULE)],
-        epoch,
-    )
+    pack(dist / f"{name}.ReaperPkg", [(info.name, info), (f"UserPlugins/{MODULE}", stage / MODULE)], epoch)
     info.unlink()
 
     (dist / "index.xml").write_text(
