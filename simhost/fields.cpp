@@ -7,41 +7,34 @@
 
 namespace simhost {
 
-enum class Form { Real, Whole, Flag };
-
 template <class Thing>
 struct Field {
-    std::string_view key;
+    std::string_view key;  // its first letter tells what it holds
     double Thing::*value;
-    Form form;
 };
 
 static const Field<Item> ItemFields[] = {
-    {"D_POSITION", &Item::position, Form::Real},
-    {"D_LENGTH", &Item::length, Form::Real},
-    {"D_FADEINLEN_AUTO", &Item::fadeIn, Form::Real},
-    {"D_FADEINDIR", &Item::fadeInDir, Form::Real},
-    {"D_FADEOUTLEN_AUTO", &Item::fadeOut, Form::Real},
-    {"D_FADEOUTDIR", &Item::fadeOutDir, Form::Real},
-    {"B_MUTE", &Item::mute, Form::Flag},
-    {"I_CUSTOMCOLOR", &Item::colour, Form::Whole},
+    {"D_POSITION", &Item::position},   {"D_LENGTH", &Item::length},           {"D_FADEINLEN_AUTO", &Item::fadeIn},
+    {"D_FADEINDIR", &Item::fadeInDir}, {"D_FADEOUTLEN_AUTO", &Item::fadeOut}, {"D_FADEOUTDIR", &Item::fadeOutDir},
+    {"B_MUTE", &Item::mute},           {"I_CUSTOMCOLOR", &Item::colour},
 };
 
 static const Field<Take> TakeFields[] = {
-    {"D_STARTOFFS", &Take::startOffset, Form::Real},
-    {"D_PLAYRATE", &Take::playRate, Form::Real},
+    {"D_STARTOFFS", &Take::startOffset},
+    {"D_PLAYRATE", &Take::playRate},
 };
 
 static const Field<Track> TrackFields[] = {
-    {"I_RECARM", &Track::armed, Form::Whole},
-    {"I_FXEN", &Track::fxEnabled, Form::Whole},
-    {"I_CUSTOMCOLOR", &Track::colour, Form::Whole},
-    {"I_HEIGHTOVERRIDE", &Track::height, Form::Whole},
+    {"I_RECARM", &Track::armed},
+    {"I_FXEN", &Track::fxEnabled},
+    {"I_CUSTOMCOLOR", &Track::colour},
+    {"I_HEIGHTOVERRIDE", &Track::height},
 };
 
-static double Formed(Form form, double value) {
-    if (form == Form::Flag) return value != 0;
-    if (form == Form::Whole) return value >= -2147483648.0 && value <= 2147483647.0 ? std::trunc(value) : 0.0;
+// B: a flag, I: a whole number, D: any.
+static double Formed(char letter, double value) {
+    if (letter == 'B') return value != 0;
+    if (letter == 'I') return value >= -2147483648.0 && value <= 2147483647.0 ? std::trunc(value) : 0.0;
     return value;
 }
 
@@ -65,7 +58,7 @@ static double Get(const Thing* thing, const Field<Thing> (&fields)[n], const cha
 template <class Thing, size_t n>
 static bool Set(Thing* thing, const Field<Thing> (&fields)[n], const char* key, double value) {
     const Field<Thing>* field = thing ? Find(fields, key) : nullptr;
-    if (field) thing->*field->value = Formed(field->form, value);
+    if (field) thing->*field->value = Formed(field->key[0], value);
     return field;
 }
 

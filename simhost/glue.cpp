@@ -35,23 +35,15 @@ bool GlueOnTrack(Host& host, const std::vector<Item*>& items) {
     return true;
 }
 
-int64_t FramesIn(double seconds, int rate) {
-    return static_cast<int64_t>(std::clamp(std::ceil(seconds * rate - 1e-6), 0.0, 1e9));
-}
-
-// A take as it sounds before its item's volume and fades.
-class Rendered : public Source {
-  public:
-    Rendered(const Take& take, int channels, double seconds)
-        : Source(take.source->SampleRate(), channels, FramesIn(seconds, take.source->SampleRate())), playback_(take) {}
-
-  protected:
-    // Mono is the mean of all channels; stereo drops those beyond the second. What cannot be read is silence.
-    bool ReadInside(int64_t first, int frames, double* out) override {
-        const int channels = Channels(), wide = std::max(channels, playback_.source->Channels());
+// A take as it sounds before its item's volume and fades. Mono is the mean of all channels; stereo drops those beyond
+// the second. What cannot be read is silence.
+SourceRef Rendered(const Take& take, int channels, double seconds) {
+    const int rate = take.source->SampleRate(), wide = std::max(channels, take.source->Channels());
+    const auto all = static_cast<int64_t>(std::clamp(std::ceil(seconds * rate - 1e-6), 0.0, 1e9));
+    return Made(rate, channels, all, [=, playback = Playback(take)](int64_t first, int frames, double* out) {
         std::vector<double> samples(static_cast<size_t>(frames) * wide);
         const double* from = samples.data();
-        const bool read = Reading(playback_, SampleRate(), wide, 0, Frames()).Read(first, frames, samples.data());
+        const bool read = Reading(playback, rate, wide, 0, all).Read(first, frames, samples.data());
         std::fill_n(out, static_cast<int64_t>(frames) * channels, 0.0);
         for (; read && frames > 0; --frames, from += wide, out += channels)
             for (int c = 0; c < wide; ++c)
@@ -60,11 +52,8 @@ class Rendered : public Source {
                 else if (c < channels)
                     out[c] = from[c];
         return true;
-    }
-
-  private:
-    Playback playback_;
-};
+    });
+}
 
 }  // namespace
 
@@ -86,7 +75,7 @@ bool RenderTakes(Host& host, int channels) {
         if (!HasAudio(*item)) continue;
         Take take;
         take.name = item->Active()->name + "-render";
-        take.source = std::make_shared<Rendered>(*item->Active(), channels, item->length);
+        take.source = Rendered(*item->Active(), channels, item->length);
         take.item = item;
         item->takes.emplace_back(std::move(take));
         item->activeTake = static_cast<int>(item->takes.size()) - 1;

@@ -4,7 +4,7 @@
 
 namespace simhost {
 
-// A handle is this mark, which no address of a process carries, then the number, then the kind in the low four bits.
+// A handle is this mark, then the number, then the kind in the low four bits. No address of a process carries the mark.
 static constexpr uint64_t Mark = 0x00EC000000000000;
 static constexpr uint64_t MarkMask = 0xFFFF000000000000;
 
@@ -15,7 +15,7 @@ static std::vector<void*>& Owners() {
     return *owners;
 }
 
-void* Identity::Handle(Kind kind, void* owner) {
+void* Identity::Numbered(Kind kind, void* owner) {
     if (!id_) {
         id_ = Owners().size();
         Owners().push_back(owner);

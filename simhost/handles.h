@@ -17,10 +17,14 @@ class Identity {
     Identity& operator=(const Identity&) { return *this; }
     ~Identity() { Die(); }
 
-    void* Handle(Kind kind, void* owner);           // both the same in each call
+    template <class T>
+    T* Handle(Kind kind, void* owner) {  // both the same in each call
+        return static_cast<T*>(Numbered(kind, owner));
+    }
     void Inherit(Identity& other, void* newOwner);  // newOwner goes on under the other's handle
 
   private:
+    void* Numbered(Kind kind, void* owner);
     void Die();
     uint64_t id_ = 0;  // 0: no handle asked for yet
 };

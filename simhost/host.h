@@ -174,16 +174,12 @@ class Host {
     bool Check();
 
     // Handles of things, made when they are first asked for.
-    ReaProject* Handle() { return static_cast<ReaProject*>(identity_.Handle(Kind::Project, this)); }
-    static MediaTrack* Handle(Track& t) { return static_cast<MediaTrack*>(t.identity.Handle(Kind::Track, &t)); }
-    static MediaItem* Handle(Item& i) { return static_cast<MediaItem*>(i.identity.Handle(Kind::Item, &i)); }
-    static MediaItem_Take* Handle(Take& t) { return static_cast<MediaItem_Take*>(t.identity.Handle(Kind::Take, &t)); }
-    static PCM_source* SourceHandle(Take& t) {
-        return static_cast<PCM_source*>(t.sourceIdentity.Handle(Kind::Source, &t));
-    }
-    static AudioAccessor* Handle(Accessor& a) {
-        return static_cast<AudioAccessor*>(a.identity.Handle(Kind::Accessor, &a));
-    }
+    ReaProject* Handle() { return identity_.Handle<ReaProject>(Kind::Project, this); }
+    static MediaTrack* Handle(Track& t) { return t.identity.Handle<MediaTrack>(Kind::Track, &t); }
+    static MediaItem* Handle(Item& i) { return i.identity.Handle<MediaItem>(Kind::Item, &i); }
+    static MediaItem_Take* Handle(Take& t) { return t.identity.Handle<MediaItem_Take>(Kind::Take, &t); }
+    static PCM_source* SourceHandle(Take& t) { return t.sourceIdentity.Handle<PCM_source>(Kind::Source, &t); }
+    static AudioAccessor* Handle(Accessor& a) { return a.identity.Handle<AudioAccessor>(Kind::Accessor, &a); }
     // What a caller's handle stands for; null, with a violation, when it stands for nothing.
     static Host* Know(ReaProject* handle);  // null is the current project
     static Track* Know(MediaTrack* handle) { return static_cast<Track*>(Owner(handle, Kind::Track)); }
@@ -201,5 +197,9 @@ class Host {
     std::string firstViolation_;
     int violationCount_ = 0;
 };
+
+// From now on the host runs added scripts inside Main_OnCommand, in a real Lua 5.4; not on Windows. They find the host
+// calls that they are known to use, and what extensions registered. What goes wrong in a script is a violation.
+void RunScriptsWithLua(Host& host);
 
 }  // namespace simhost

@@ -1,6 +1,4 @@
 // Items, takes and sources: walking, selecting, splitting, moving, deleting.
-#include <cmath>
-
 #include "simhost/calls.h"
 
 namespace simhost {

@@ -1,7 +1,6 @@
 #include "simhost/mixdown.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "simhost/sound.h"
 

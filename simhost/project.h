@@ -1,15 +1,14 @@
 // simhost/project.h
 // The project as plain values: copying a Project copies everything but the audio, which is shared. Times are seconds.
 // Fields that callers read and write by key are doubles, as they cross the interface; what the keys are is in
-// fields.cpp. Tracks and items have addresses that last as long as they do. Order and selection are kept by TrackList,
-// so items are added, moved and selected through it and not by writing to their fields.
+// fields.cpp. Tracks and items have addresses that last as long as they do. TrackList keeps
+// order and selection, so items are added, moved and selected through it, not by writing to their fields.
 #pragma once
 #include <map>
 #include <string>
 #include <vector>
 
-#include "simhost/box.h"
-#include "simhost/gap_list.h"
+#include "simhost/containers.h"
 #include "simhost/handles.h"
 #include "simhost/source.h"
 

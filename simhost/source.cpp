@@ -29,27 +29,25 @@ static double SineOfTurn(uint32_t turn) {
     return lower ? -s : s;
 }
 
-SourceRef Sine(int rate, int channels, int64_t frames, double hertz, double amplitude) {
-    class Tone : public Source {
-      public:
-        Tone(int rate, int channels, int64_t frames, uint64_t step, double amplitude)
-            : Source(rate, channels, frames), step_(step), amplitude_(amplitude) {}
-
-      protected:
-        bool ReadInside(int64_t first, int frames, double* out) override {
-            for (int64_t frame = first; frame < first + frames; ++frame, out += Channels()) {
-                const auto turn = static_cast<uint32_t>(static_cast<uint64_t>(frame) * step_ >> 32);
-                std::fill_n(out, Channels(), amplitude_ * SineOfTurn(turn));
-            }
-            return true;
-        }
-
-      private:
-        uint64_t step_;  // of each frame; a full turn is 2^64
-        double amplitude_;
+SourceRef Made(int rate, int channels, int64_t frames, ReadFrames read) {
+    struct MadeSource : Source {
+        MadeSource(int rate, int channels, int64_t frames, ReadFrames read)
+            : Source(rate, channels, frames), read_(std::move(read)) {}
+        bool ReadInside(int64_t first, int frames, double* out) override { return read_(first, frames, out); }
+        ReadFrames read_;
     };
-    const auto step = static_cast<uint64_t>(hertz / rate * 18446744073709551616.0);
-    return std::make_shared<Tone>(rate, channels, frames, step, amplitude);
+    return std::make_shared<MadeSource>(rate, channels, frames, std::move(read));
+}
+
+SourceRef Sine(int rate, int channels, int64_t frames, double hertz, double amplitude) {
+    const auto step = static_cast<uint64_t>(hertz / rate * 18446744073709551616.0);  // of each frame; 2^64 is a turn
+    return Made(rate, channels, frames, [=](int64_t first, int count, double* out) {
+        for (int64_t frame = first; frame < first + count; ++frame, out += channels) {
+            const auto turn = static_cast<uint32_t>(static_cast<uint64_t>(frame) * step >> 32);
+            std::fill_n(out, channels, amplitude * SineOfTurn(turn));
+        }
+        return true;
+    });
 }
 
 }  // namespace simhost

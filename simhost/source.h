@@ -3,6 +3,7 @@
 // undo points and never change once made.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace simhost {
@@ -33,6 +34,10 @@ class Source {
 };
 
 using SourceRef = std::shared_ptr<Source>;
+
+// A source that is no more than the way to read it, as ReadInside.
+using ReadFrames = std::function<bool(int64_t first, int frames, double* interleaved)>;
+SourceRef Made(int rate, int channels, int64_t frames, ReadFrames read);
 
 // A tone made by integers and plain arithmetic, so that its bits are the same on every system.
 SourceRef Sine(int rate, int channels, int64_t frames, double hertz, double amplitude);

@@ -49,10 +49,7 @@ void Play(Host& host) {
 }
 
 void Record(Host& host) {
-    if (host.transport.state & Transport::Recording)
-        Stop(host);
-    else
-        Start(host, Transport::Playing | Transport::Recording);
+    host.transport.state& Transport::Recording ? Stop(host) : Start(host, Transport::Playing | Transport::Recording);
 }
 
 void PlayPause(Host& host) {
@@ -63,12 +60,7 @@ void PlayPause(Host& host) {
         Play(host);
 }
 
-void PlayStop(Host& host) {
-    if (host.transport.state & Transport::Playing)
-        Stop(host);
-    else
-        Play(host);
-}
+void PlayStop(Host& host) { host.transport.state& Transport::Playing ? Stop(host) : Play(host); }
 
 void PlayStopMovingCursor(Host& host) {
     const bool stops = host.transport.state & Transport::Playing;

@@ -82,12 +82,10 @@ void PaintRuler(const Canvas& c, const Project& project) {
     for (double i = std::ceil(c.view.start / step); i * step <= c.view.end; ++i) {
         const double time = i * step;
         const int x = c.X(time);
+        const int minutes = static_cast<int>(time / 60);
         char label[32];
-        if (step < 1)
-            std::snprintf(label, sizeof label, "%d:%04.1f", static_cast<int>(time / 60), std::fmod(time + 1e-9, 60));
-        else
-            std::snprintf(label, sizeof label, "%d:%02d", static_cast<int>(time / 60),
-                          static_cast<int>(std::fmod(time, 60)));
+        step < 1 ? std::snprintf(label, sizeof label, "%d:%04.1f", minutes, std::fmod(time + 1e-9, 60))
+                 : std::snprintf(label, sizeof label, "%d:%02d", minutes, static_cast<int>(std::fmod(time, 60)));
         c.Line(x, height - c.Scaled(6), x, height - 1, DimText, 1.0f, false);
         Write(c, label, {x + c.Scaled(4), height - c.Scaled(18), c.Width(), height}, DimText, 11, 400);
     }
@@ -174,8 +172,8 @@ void PaintTake(const Canvas& c, const Item& item, const Take* take, RECT place, 
               11);
 }
 
-// Pieces in order of their starts. A column that several share is the first one's, up to `painted`; the others, which
-// may be narrower than it, add their sound and no ground, so that the smallest pieces leave a waveform too.
+// Pieces in order of their starts. A column that several share is the first one's, up to `painted`. The others add
+// their sound and no ground, so that the smallest pieces leave a waveform too.
 void PaintItem(const Canvas& c, const Item& item, int top, int height, int& painted) {
     const int right = std::min(c.X(item.End()), c.Width());
     int left = std::max(c.X(item.position), c.layout.headerWidth);

@@ -1,4 +1,4 @@
-#include "apps/common/audio_facts.h"
+#include "apps/common/audio_file.h"
 
 #include <algorithm>
 #include <fstream>

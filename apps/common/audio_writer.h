@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "apps/common/audio_facts.h"
+#include "apps/common/audio_file.h"
 
 enum class AudioFormat { Wav, Flac, Mp3 };  // the first two with 24 bits; a WAV beyond 4 GB becomes RF64
 

@@ -5,7 +5,7 @@
 
 static bool Write(const simhost::Project& project, const RenderedFile& file) {
     const simhost::MixRange& range = file.range;
-    const AudioFormat format = file.kind == RenderKind::Mp3 ? AudioFormat::Mp3 : AudioFormat::Wav;
+    const AudioFormat format = file.path.ends_with(".mp3") ? AudioFormat::Mp3 : AudioFormat::Wav;
     std::string why;
     const auto writer = AudioWriter::Create(file.path, {format, range.rate, range.channels, range.Frames()}, {}, &why);
     if (!writer) return false;

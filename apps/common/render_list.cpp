@@ -52,21 +52,16 @@ std::string FileName(const std::string& pattern, const std::string& region) {
     return name.empty() ? "untitled" : name;
 }
 
-struct Format {
-    RenderKind kind;
-    const char* ending;
-};
-
 // The format records are base64 of four letters, written backwards, and their settings.
-std::vector<Format> Formats(const Project& project) {
-    std::vector<Format> kinds;
+std::vector<const char*> Endings(const Project& project) {
+    std::vector<const char*> endings;
     for (const char* key : {"RENDER_FORMAT", "RENDER_FORMAT2"}) {
         const std::string& record = project.texts.at(key);
-        if (record.starts_with("ZXZhd")) kinds.push_back({RenderKind::Wav, ".wav"});  // evaw
-        if (record.starts_with("bDNwb")) kinds.push_back({RenderKind::Mp3, ".mp3"});  // l3pm
+        if (record.starts_with("ZXZhd")) endings.push_back(".wav");  // evaw
+        if (record.starts_with("bDNwb")) endings.push_back(".mp3");  // l3pm
     }
-    if (kinds.empty()) kinds.push_back({RenderKind::Wav, ".wav"});
-    return kinds;
+    if (endings.empty()) endings.push_back(".wav");
+    return endings;
 }
 
 }  // namespace
@@ -80,8 +75,8 @@ std::vector<RenderedFile> FilesToRender(const Project& project) {
         const std::string wanted = FileName(project.texts.at("RENDER_PATTERN"), part.region);
         std::string name = wanted;
         for (int i = 2; !taken.insert(name).second; ++i) name = wanted + '-' + std::to_string(i);
-        for (const Format& format : Formats(project))
-            files.push_back({folder + name + format.ending, format.kind,
+        for (const char* ending : Endings(project))
+            files.push_back({folder + name + ending,
                              simhost::MixRange{Setting(project, "RENDER_SRATE", 44100),
                                                Setting(project, "RENDER_CHANNELS", 2), part.start, part.end}});
     }

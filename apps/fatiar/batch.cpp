@@ -26,13 +26,10 @@ int Batch::Run() {
     for (const std::string& why : inputs_.failures) SayOnError(why);
     const bool several = failed + inputs_.found.size() > 1;
     if (options_.together && failed > 0) return Impossible;  // somebody of the conversation is missing
-    std::vector<std::vector<Input>> jobs;
-    for (const Input& input : inputs_.found)
-        if (options_.together && !jobs.empty())
-            jobs.front().push_back(input);
-        else
-            jobs.push_back({input});
-    for (const std::vector<Input>& together : jobs) failed += !Attempt(together);
+    if (options_.together)
+        failed += !Attempt(inputs_.found);
+    else
+        for (const Input& input : inputs_.found) failed += !Attempt({input});
 
     for (const auto& [k, cuts] : listed_)
         WriteList(options_.lists[k], cuts, options_.lists[k].path, options_, wholeRun_);

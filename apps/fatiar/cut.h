@@ -1,6 +1,6 @@
 // apps/fatiar/cut.h
-// What is left of a recording. Its pieces are whole frames of it; a join of 5 ms is no whole number of frames at every
-// rate, so their places in what is written are not.
+// What is left of a recording. Its pieces are whole frames of it. Their places in what is written are not, because a
+// join of 5 ms is no whole number of frames at every rate.
 #pragma once
 #include <cstdint>
 #include <vector>

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "apps/common/audio_file.h"
 #include "apps/common/tool.h"
 #include "apps/fatiar/paths.h"
 
@@ -37,12 +36,10 @@ Inputs FindInputs(const Options& options) {
         } else {
             try {
                 const std::vector<Input> found = InFolder(path);
-                Expect(!found.empty(), "a pasta '" + path + "' nao tem gravacoes");
+                if (found.empty()) inputs.failures.push_back("a pasta '" + path + "' nao tem gravacoes");
                 inputs.found.insert(inputs.found.end(), found.begin(), found.end());
             } catch (const fs::filesystem_error&) {
                 inputs.failures.push_back("a pasta '" + path + "' nao pode ser lida");
-            } catch (const std::runtime_error& why) {
-                inputs.failures.push_back(why.what());
             }
         }
     }

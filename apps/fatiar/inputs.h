@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/common/audio_facts.h"
+#include "apps/common/audio_file.h"
 #include "apps/fatiar/listener.h"
 #include "apps/fatiar/options.h"
 #include "apps/fatiar/spool.h"

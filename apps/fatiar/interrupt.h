@@ -1,5 +1,5 @@
 // apps/fatiar/interrupt.h
-// Ctrl+C and its kin end a run between two blocks of sound, so that everything begun is taken away on the way out.
+// Ctrl+C and its kin end a run between two blocks of sound: all that was begun is taken away on the way out.
 #pragma once
 
 struct Interrupted {};  // thrown; holds nothing, as the signal is asked of InterruptedBy

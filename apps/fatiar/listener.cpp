@@ -4,34 +4,6 @@
 
 #include "apps/fatiar/interrupt.h"
 
-namespace {
-
-class Joined : public simhost::Source {
-  public:
-    Joined(std::vector<simhost::SourceRef> sources, int channels, int64_t frames)
-        : Source(sources.front()->SampleRate(), channels, frames), sources_(std::move(sources)) {}
-
-  protected:
-    bool ReadInside(int64_t first, int frames, double* out) override {
-        std::vector<double> block;
-        for (const simhost::SourceRef& source : sources_) {
-            const int channels = source->Channels();
-            block.resize(static_cast<size_t>(frames) * channels);
-            if (!source->Read(first, frames, block.data())) return false;
-            for (int i = 0; i < frames; ++i)
-                std::copy_n(block.data() + static_cast<ptrdiff_t>(i) * channels, channels,
-                            out + static_cast<ptrdiff_t>(i) * Channels());
-            out += channels;
-        }
-        return true;
-    }
-
-  private:
-    std::vector<simhost::SourceRef> sources_;
-};
-
-}  // namespace
-
 Listener::Listener(simhost::SourceRef inner, Progress* progress)
     : Source(inner->SampleRate(), inner->Channels(), inner->Frames()), inner_(std::move(inner)), progress_(progress) {}
 
@@ -55,5 +27,16 @@ simhost::SourceRef SideBySide(std::vector<simhost::SourceRef> sources) {
         channels += source->Channels();
         frames = std::max(frames, source->Frames());
     }
-    return std::make_shared<Joined>(std::move(sources), channels, frames);
+    const int rate = sources.front()->SampleRate();
+    return simhost::Made(rate, channels, frames, [=, all = std::move(sources)](int64_t first, int count, double* out) {
+        std::vector<double> block;
+        for (const simhost::SourceRef& source : all) {
+            const int own = source->Channels();
+            block.resize(static_cast<size_t>(count) * own);
+            if (!source->Read(first, count, block.data())) return false;
+            for (ptrdiff_t i = 0; i < count; ++i) std::copy_n(block.data() + i * own, own, out + i * channels);
+            out += own;
+        }
+        return true;
+    });
 }

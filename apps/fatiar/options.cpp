@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <map>
 
 #include "apps/common/tool.h"
 #include "apps/fatiar/lists.h"
@@ -46,12 +47,10 @@ bool AddList(Options& o, const std::string& value) {
 }
 
 bool SetFrameRate(Options& o, const std::string& value) {
-    constexpr std::pair<const char*, FrameRate> rates[] = {
+    static const std::map<std::string, FrameRate> rates = {
         {"24", {24, 1}}, {"25", {25, 1}}, {"29.97", {30000, 1001}}, {"29,97", {30000, 1001}}, {"30", {30, 1}}};
-    const auto found =
-        std::find_if(std::begin(rates), std::end(rates), [&](const auto& r) { return r.first == value; });
-    if (found == std::end(rates)) return false;
-    o.frameRate = found->second;
+    if (!rates.contains(value)) return false;
+    o.frameRate = rates.at(value);
     return true;
 }
 

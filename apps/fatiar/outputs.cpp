@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 
 #include "apps/common/tool.h"
@@ -11,7 +10,7 @@ namespace fs = std::filesystem;
 
 Outputs::~Outputs() {
     std::error_code ignored;
-    for (const File& file : files_) fs::remove(file.draft, ignored);
+    for (const auto& [path, draft] : drafts_) fs::remove(draft, ignored);
     for (auto folder = folders_.rbegin(); folder != folders_.rend(); ++folder) fs::remove(*folder, ignored);
 }
 
@@ -24,23 +23,18 @@ bool Outputs::MakeFolder(const fs::path& folder) {
 }
 
 void Outputs::Plan(const fs::path& path) {
-    static int drafts = 0;
+    static int planned = 0;
     const fs::path folder = path.parent_path();
     std::error_code failed;
     Expect(overwrite_ || !fs::exists(path, failed), "'" + path.string() + "' ja existe; --sobrescrever o troca");
     Expect(!fs::is_directory(path, failed), "'" + path.string() + "' e uma pasta");
     Expect(MakeFolder(folder) && access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) == 0,
            "a pasta '" + folder.string() + "' nao pode ser criada ou nao aceita arquivos");
-    Expect(Find(path) == files_.end(), "duas saidas teriam o nome '" + path.string() + "'");
-    files_.push_back(
-        {folder / (".fatiar-" + std::to_string(getpid()) + '-' + std::to_string(++drafts) + ".tmp"), path});
+    Expect(!drafts_.contains(path), "duas saidas teriam o nome '" + path.string() + "'");
+    drafts_[path] = folder / (".fatiar-" + std::to_string(getpid()) + '-' + std::to_string(++planned) + ".tmp");
 }
 
-std::vector<Outputs::File>::const_iterator Outputs::Find(const fs::path& path) const {
-    return std::find_if(files_.begin(), files_.end(), [&](const File& file) { return file.path == path; });
-}
-
-std::string Outputs::Draft(const fs::path& path) const { return Find(path)->draft.string(); }
+std::string Outputs::Draft(const fs::path& path) const { return drafts_.at(path).string(); }
 
 void Outputs::WriteText(const fs::path& path, const std::string& text) {
     std::FILE* const file = std::fopen(Draft(path).c_str(), "wb");
@@ -50,11 +44,11 @@ void Outputs::WriteText(const fs::path& path, const std::string& text) {
 }
 
 void Outputs::Commit() {
-    for (const File& file : files_) {
+    for (const auto& [path, draft] : drafts_) {
         std::error_code failed;
-        fs::rename(file.draft, file.path, failed);
-        Expect(!failed, "'" + file.path.string() + "' nao pode ser gravado");
+        fs::rename(draft, path, failed);
+        Expect(!failed, "'" + path.string() + "' nao pode ser gravado");
     }
-    files_.clear();
+    drafts_.clear();
     folders_.clear();
 }

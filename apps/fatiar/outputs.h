@@ -4,6 +4,7 @@
 // as a sentence for the user.
 #pragma once
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -23,12 +24,7 @@ class Outputs {
   private:
     bool MakeFolder(const std::filesystem::path& folder);
 
-    struct File {
-        std::filesystem::path draft, path;
-    };
-    std::vector<File>::const_iterator Find(const std::filesystem::path& path) const;
-
     bool overwrite_;
-    std::vector<File> files_;
-    std::vector<std::filesystem::path> folders_;  // made here, the innermost last
+    std::map<std::filesystem::path, std::filesystem::path> drafts_;  // by the path that each will have
+    std::vector<std::filesystem::path> folders_;                     // made here, the innermost last
 };

@@ -7,7 +7,7 @@
 #include "apps/common/tool.h"
 #include "apps/fatiar/text.h"
 
-std::string AsTable(const Result& r) {
+static std::string AsTable(const Result& r) {
     const Cut& cut = r.cut;
     const size_t count = cut.pieces.size();
     const int64_t removed = cut.recorded - cut.Kept();

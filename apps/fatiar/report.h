@@ -16,7 +16,6 @@ struct Result {
     Cut cut;
 };
 
-std::string AsTable(const Result& result);  // for the screen
 std::string CsvHeading();
 std::string AsCsv(const Result& result);                                         // one line a piece
 std::string AsJson(const std::vector<Result>& results, const Options& options);  // one object

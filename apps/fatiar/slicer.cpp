@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "apps/common/recording.h"
-#include "apps/common/tool.h"
 
 Slicer::Slicer() {
     host_.resourcePath = "/dev/null";  // no folder, so the module's log is lost: a tool leaves nothing behind

@@ -13,7 +13,6 @@
 #include "apps/common/render.h"
 #include "apps/common/tool.h"
 #include "apps/common/user.h"
-#include "simhost/native/lua_script.h"
 
 namespace fs = std::filesystem;
 
@@ -63,8 +62,7 @@ class Walk {
         ::PhotographArrangement(host_.project, length_, (folder_ / name).string());
     }
     // The deed makes the module cut anew: it undoes once, and its cuts are again on top of the history.
-    template <class Deed>
-    void CutAnew(const char* step, Deed deed);
+    void CutAnew(const char* step, const std::function<void()>& deed);
     void TellPieces(const char* step);
     bool InPreview() const { return host_.undo.Title() && host_.undo.Title() == std::string("Fatiador Preview"); }
 
@@ -128,8 +126,7 @@ void Walk::Slice() {
     Photograph("fatiador.png");
 }
 
-template <class Deed>
-void Walk::CutAnew(const char* step, Deed deed) {
+void Walk::CutAnew(const char* step, const std::function<void()>& deed) {
     const int64_t undone = host_.calls.Count("Undo_DoUndo2");
     deed();
     Expect(host_.calls.Count("Undo_DoUndo2") == undone + 1 && InPreview(), std::string(step) + " nao fatiou de novo");

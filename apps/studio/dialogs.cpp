@@ -4,6 +4,11 @@
 // Needs windows.h first.
 #include <commdlg.h>
 
+void PaintAll() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) DispatchMessageA(&message);
+}
+
 namespace {
 
 constexpr int FirstField = 100;
@@ -82,15 +87,6 @@ INT_PTR CALLBACK FormProc(HWND dialog, UINT message, WPARAM w, LPARAM l) {
     EndDialog(dialog, LOWORD(w));
     return TRUE;
 }
-
-}  // namespace
-
-void PaintAll() {
-    MSG message;
-    while (PeekMessageA(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) DispatchMessageA(&message);
-}
-
-namespace {
 
 // The window in front before a dialog gets the front back after it, as the panel's slicer mode needs. The window
 // manager may move it once more, so its messages are taken first. What the dialog covered is painted before a command

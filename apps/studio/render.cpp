@@ -25,7 +25,7 @@ void Render(simhost::Host& host, const std::function<void()>& working) {
     const std::vector<RenderedFile> files = FilesToRender(host.project);
     for (const RenderedFile& file : files) {
         std::string error = "'" + file.path + "' não pode ser gravado: este programa não grava MP3";
-        if (file.kind != RenderKind::Wav || !WriteWaveFile(file.path, host.project, file.range, working, &error)) {
+        if (file.path.ends_with(".mp3") || !WriteWaveFile(file.path, host.project, file.range, working, &error)) {
             host.dialogs.onMessage(error, Title, MB_ICONWARNING);
             return;
         }

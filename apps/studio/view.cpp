@@ -1,7 +1,6 @@
 #include "apps/studio/view.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "host/actions.h"
 

@@ -32,65 +32,22 @@ double Sample(const unsigned char* bytes, const Format& format) {
     return static_cast<int32_t>(value) / 2147483648.0;
 }
 
-class WaveSource : public simhost::Source {
-  public:
-    WaveSource(const Format& format, std::vector<unsigned char> bytes)
-        : Source(static_cast<int>(format.rate), format.channels,
-                 static_cast<int64_t>(bytes.size() / format.frameBytes)),
-          format_(format),
-          bytes_(std::move(bytes)) {}
+using File = std::unique_ptr<HMMIO__, decltype([](HMMIO file) { mmioClose(file, 0); })>;
 
-  protected:
-    bool ReadInside(int64_t first, int frames, double* out) override {
-        const int width = format_.bits / 8;
-        const unsigned char* from = bytes_.data() + first * format_.frameBytes;
-        for (int64_t i = 0; i < static_cast<int64_t>(frames) * format_.channels; ++i) {
-            out[i] = Sample(from, format_);
-            from += width;
-        }
-        return true;
-    }
-
-  private:
-    Format format_;
-    std::vector<unsigned char> bytes_;
-};
-
-// An open file; closed when it goes.
-class Reader {
-  public:
-    explicit Reader(const std::string& path)
-        : file_(mmioOpenW(Wide(path).data(), nullptr, MMIO_READ | MMIO_ALLOCBUF)) {}
-    ~Reader() {
-        if (file_) mmioClose(file_, 0);
-    }
-    Reader(const Reader&) = delete;
-    Reader& operator=(const Reader&) = delete;
-
-    bool Open() const { return file_; }
-    bool EnterWave() {
-        riff_.fccType = mmioFOURCC('W', 'A', 'V', 'E');
-        return mmioDescend(file_, &riff_, nullptr, MMIO_FINDRIFF) == MMSYSERR_NOERROR;
-    }
-    // What the chunk holds of its announced size; empty when there is none of that name.
-    std::vector<unsigned char> Chunk(FOURCC name) {
-        MMCKINFO chunk{};
-        chunk.ckid = name;
-        mmioSeek(file_, static_cast<LONG>(riff_.dwDataOffset + sizeof(FOURCC)), SEEK_SET);
-        if (mmioDescend(file_, &chunk, &riff_, MMIO_FINDCHUNK) != MMSYSERR_NOERROR) return {};
-        const LONG end = mmioSeek(file_, 0, SEEK_END), start = static_cast<LONG>(chunk.dwDataOffset);
-        mmioSeek(file_, start, SEEK_SET);
-        const DWORD there = end > start ? static_cast<DWORD>(end - start) : 0;
-        std::vector<unsigned char> bytes(std::min(chunk.cksize, there));  // a file may be cut short
-        const LONG got = mmioRead(file_, reinterpret_cast<char*>(bytes.data()), static_cast<LONG>(bytes.size()));
-        bytes.resize(got > 0 ? got : 0);
-        return bytes;
-    }
-
-  private:
-    HMMIO file_;
-    MMCKINFO riff_{};
-};
+// What the chunk holds of its announced size; empty when there is none of that name.
+std::vector<unsigned char> Chunk(HMMIO file, const MMCKINFO& riff, FOURCC name) {
+    MMCKINFO chunk{};
+    chunk.ckid = name;
+    mmioSeek(file, static_cast<LONG>(riff.dwDataOffset + sizeof(FOURCC)), SEEK_SET);
+    if (mmioDescend(file, &chunk, &riff, MMIO_FINDCHUNK) != MMSYSERR_NOERROR) return {};
+    const LONG end = mmioSeek(file, 0, SEEK_END), start = static_cast<LONG>(chunk.dwDataOffset);
+    mmioSeek(file, start, SEEK_SET);
+    const DWORD there = end > start ? static_cast<DWORD>(end - start) : 0;
+    std::vector<unsigned char> bytes(std::min(chunk.cksize, there));  // a file may be cut short
+    const LONG got = mmioRead(file, reinterpret_cast<char*>(bytes.data()), static_cast<LONG>(bytes.size()));
+    bytes.resize(got > 0 ? got : 0);
+    return bytes;
+}
 
 bool Readable(const Format& f) {
     const bool known = f.tag == Float ? f.bits == 32 : f.tag == Pcm && f.bits % 8 == 0 && f.bits >= 8 && f.bits <= 32;
@@ -107,10 +64,13 @@ simhost::SourceRef OpenWaveFile(const std::string& path, std::string* error) {
     std::error_code unknown;
     const uintmax_t size = std::filesystem::file_size(Wide(path), unknown);
     if (!unknown && size > INT32_MAX) return refuse("passa de 2 GB");  // the system's calls count no further
-    Reader reader(path);
-    if (!reader.Open()) return refuse("não pode ser aberto");
-    if (!reader.EnterWave()) return refuse("não é um arquivo WAV");
-    const std::vector<unsigned char> head = reader.Chunk(mmioFOURCC('f', 'm', 't', ' '));
+    const File file(mmioOpenW(Wide(path).data(), nullptr, MMIO_READ | MMIO_ALLOCBUF));
+    if (!file) return refuse("não pode ser aberto");
+    MMCKINFO riff{};
+    riff.fccType = mmioFOURCC('W', 'A', 'V', 'E');
+    if (mmioDescend(file.get(), &riff, nullptr, MMIO_FINDRIFF) != MMSYSERR_NOERROR)
+        return refuse("não é um arquivo WAV");
+    const std::vector<unsigned char> head = Chunk(file.get(), riff, mmioFOURCC('f', 'm', 't', ' '));
     Format format{};
     std::memcpy(&format, head.data(), std::min(head.size(), sizeof format));
     constexpr size_t subFormat = 24;  // where an extensible format says what it is
@@ -118,9 +78,16 @@ simhost::SourceRef OpenWaveFile(const std::string& path, std::string* error) {
         std::memcpy(&format.tag, head.data() + subFormat, sizeof format.tag);
     if (!Readable(format)) return refuse("não é um WAV de amostras PCM");
     try {
-        std::vector<unsigned char> bytes = reader.Chunk(mmioFOURCC('d', 'a', 't', 'a'));
+        std::vector<unsigned char> bytes = Chunk(file.get(), riff, mmioFOURCC('d', 'a', 't', 'a'));
         if (bytes.size() < format.frameBytes) return refuse("não tem nenhuma amostra");
-        return std::make_shared<WaveSource>(format, std::move(bytes));
+        const auto frames = static_cast<int64_t>(bytes.size() / format.frameBytes);
+        auto read = [format, all = std::move(bytes)](int64_t first, int count, double* out) {
+            const unsigned char* from = all.data() + first * format.frameBytes;
+            for (int64_t i = 0; i < int64_t{count} * format.channels; ++i, from += format.bits / 8)
+                *out++ = Sample(from, format);
+            return true;
+        };
+        return simhost::Made(static_cast<int>(format.rate), format.channels, frames, std::move(read));
     } catch (const std::bad_alloc&) {
         return refuse("não cabe na memória");
     }

@@ -51,7 +51,7 @@ StudioWindow::StudioWindow(const std::string& resourceFolder) {
     host_.calls.onRead = [this](int64_t) { Working(); };
     AnswerRenderActions(host_, [this] { Working(); });
     CallItSaved();
-    menus_.Build();
+    BuildMenus();
     ShowWindow(window_, SW_SHOW);
     lastTick_ = GetTickCount64();
     SetTimer(window_, Clock, ClockMs, nullptr);
@@ -60,11 +60,12 @@ StudioWindow::StudioWindow(const std::string& resourceFolder) {
 StudioWindow::~StudioWindow() {
     if (window_) DestroyWindow(window_);
     DeleteObject(statusFont_);
+    DestroyAcceleratorTable(keys_);
 }
 
 void StudioWindow::LoadPlugin() {
     plugin_.emplace().Load(host_);
-    menus_.Build();
+    BuildMenus();
 }
 
 LRESULT CALLBACK StudioWindow::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -93,10 +94,10 @@ LRESULT StudioWindow::Handle(UINT message, WPARAM w, LPARAM l) {
             Tick();
             return 0;
         case WM_INITMENUPOPUP:
-            menus_.NameUndo();
+            NameUndo();
             return 0;
         case WM_COMMAND:
-            menus_.Run(LOWORD(w));
+            RunEntry(LOWORD(w));
             Stale();
             return 0;
         case WM_CLOSE:

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "apps/common/plugin.h"
-#include "apps/studio/menus.h"
 #include "apps/studio/player.h"
 #include "apps/studio/save.h"
 #include "apps/studio/view.h"
@@ -29,7 +28,8 @@ class StudioWindow {
     void Choose();                       // asks for a recording to open
     void Save();                         // asks where, and keeps the project there
     void ShowAll();
-    bool TakeKey(MSG& message) { return menus_.TakeKey(message); }
+    // Keys that are commands, wherever the program has the focus. True when the message was one.
+    bool TakeKey(MSG& message);
     simhost::Host& Host() { return host_; }
 
   private:
@@ -45,6 +45,10 @@ class StudioWindow {
     void Wheel(int delta, POINT at, WORD keys);
     void ScrollBar(int bar, int code);
     void Drop(HDROP drop);
+
+    void BuildMenus();          // replaces the window's menu
+    void NameUndo();            // tells what would be undone and redone
+    void RunEntry(int number);  // the chosen one of a menu
 
     bool Changed();  // since the project was opened or saved
     void CallItSaved();
@@ -63,7 +67,6 @@ class StudioWindow {
     simhost::Host host_;
     View view_{host_};
     Player player_;
-    Menus menus_{*this};
     SourceFiles files_;
     std::string opened_;                   // the last recording's path
     std::string keptText_;                 // of the project as it was opened or saved, as
@@ -74,6 +77,7 @@ class StudioWindow {
     int64_t shown_ = -1;                     // Host::changes when the picture was painted
     ULONGLONG lastTick_ = 0, lastSign_ = 0;  // of the clock; that a command works
     HFONT statusFont_ = nullptr;
+    HACCEL keys_ = nullptr;
     bool working_ = false;
     double heardAt_ = -1;  // the play position as the clock left it; -1: nothing plays
     POINT pressedAt_{};

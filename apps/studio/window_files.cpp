@@ -9,8 +9,6 @@
 constexpr char Title[] = "Quilmo Studio";
 constexpr int PanelRoom = 360;  // pixels that the panel takes inside the window's right edge, at any scale
 
-static std::filesystem::path FullPath(const std::string& path) { return std::filesystem::absolute(Wide(path)); }
-
 void StudioWindow::Open(const std::string& path) {
     std::string error;
     const simhost::SourceRef source = OpenWaveFile(path, &error);
@@ -19,9 +17,10 @@ void StudioWindow::Open(const std::string& path) {
         return;
     }
     const bool changed = Changed(), first = host_.project.tracks.Count() == 0;
-    opened_ = Utf8(FullPath(path).wstring());
+    const std::filesystem::path full = std::filesystem::absolute(Wide(path));
+    opened_ = Utf8(full.wstring());
     files_[source] = opened_;
-    const std::string file = Utf8(FullPath(path).filename().wstring()), name = Utf8(FullPath(path).stem().wstring());
+    const std::string file = Utf8(full.filename().wstring()), name = Utf8(full.stem().wstring());
     host_.undo.Begin();
     host_.project.tracks.SelectAll(false);
     simhost::Track& track = AddTrack(host_.project, name);

@@ -106,24 +106,12 @@ void StudioWindow::ScrollBar(int bar, int code) {
     SCROLLINFO now{sizeof now, SIF_ALL, 0, 0, 0, 0, 0};
     GetScrollInfo(window_, bar, &now);
     const int page = static_cast<int>(now.nPage);
-    int to = now.nPos;
-    switch (code) {  // the codes of the upright bar are the same
-        case SB_LINELEFT:
-            to -= page / 10;
-            break;
-        case SB_LINERIGHT:
-            to += page / 10;
-            break;
-        case SB_PAGELEFT:
-            to -= page;
-            break;
-        case SB_PAGERIGHT:
-            to += page;
-            break;
-        case SB_THUMBTRACK:
-            to = now.nTrackPos;
-            break;
-    }
+    const int to = code == SB_LINELEFT     ? now.nPos - page / 10  // the codes of the upright bar are the same
+                   : code == SB_LINERIGHT  ? now.nPos + page / 10
+                   : code == SB_PAGELEFT   ? now.nPos - page
+                   : code == SB_PAGERIGHT  ? now.nPos + page
+                   : code == SB_THUMBTRACK ? now.nTrackPos
+                                           : now.nPos;
     if (bar == SB_HORZ)
         view_.ScrollTo(to / 1000.0);
     else

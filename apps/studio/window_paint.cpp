@@ -13,6 +13,11 @@ std::wstring Counted(int count, const wchar_t* one, const wchar_t* many) {
     return std::to_wstring(count) + (count == 1 ? one : many);
 }
 
+void Fill(HDC dc, RECT place, COLORREF colour) {
+    SetDCBrushColor(dc, colour);
+    FillRect(dc, &place, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
 }  // namespace
 
 void StudioWindow::Paint() {
@@ -24,18 +29,14 @@ void StudioWindow::Paint() {
     PaintStatus(dc, status);
     BitBlt(dc, 0, 0, picture_.getWidth(), picture_.getHeight(), picture_.getDC(), 0, 0, SRCCOPY);
     const int column = view_.ColumnOf(host_.transport.position);
-    const auto fill = [dc](RECT place, COLORREF colour) {
-        SetDCBrushColor(dc, colour);
-        FillRect(dc, &place, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    };
     const RECT lanes{0, view_.Layout().rulerHeight, picture_.getWidth(), picture_.getHeight()};
     if (host_.transport.state & 4)
         for (int i = 0; const simhost::Track* track = host_.project.tracks.At(i); ++i) {
             RECT place = view_.PlaceOf(*track, host_.transport.recordStart, host_.transport.position);
-            if (track->armed && IntersectRect(&place, &place, &lanes)) fill(place, RecordColour);
+            if (track->armed && IntersectRect(&place, &place, &lanes)) Fill(dc, place, RecordColour);
         }
     if (host_.transport.state && !view_.InHeader(column))
-        fill({column, 0, column + 1, picture_.getHeight()}, PlayColour);
+        Fill(dc, {column, 0, column + 1, picture_.getHeight()}, PlayColour);
     if (host_.project.tracks.Count() == 0) {
         SetTextColor(dc, HintColour);
         RECT place{0, 0, picture_.getWidth(), picture_.getHeight()};
@@ -45,8 +46,7 @@ void StudioWindow::Paint() {
 }
 
 void StudioWindow::PaintStatus(HDC dc, RECT place) {
-    SetDCBrushColor(dc, StatusColour);
-    FillRect(dc, &place, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    Fill(dc, place, StatusColour);
     SelectObject(dc, statusFont_);
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, working_ ? BusyColour : HintColour);

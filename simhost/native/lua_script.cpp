@@ -1,5 +1,3 @@
-#include "simhost/native/lua_script.h"
-
 #include <algorithm>
 #include <cstring>
 #include <lua.hpp>

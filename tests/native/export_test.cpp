@@ -6,7 +6,6 @@
 #include "apps/common/render.h"
 #include "host/actions.h"
 #include "render/render.h"
-#include "simhost/native/lua_script.h"
 #include "tests/support/desktop_driver.h"
 #include "tests/support/story.h"
 

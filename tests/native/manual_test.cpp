@@ -4,7 +4,6 @@
 
 #include "apps/common/audio_file.h"
 #include "commands/commands.h"
-#include "simhost/native/lua_script.h"
 #include "slicer/autosplit.h"
 #include "slicer/preview.h"
 #include "tests/support/pattern.h"

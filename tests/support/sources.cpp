@@ -6,22 +6,9 @@ using simhost::SourceRef;
 
 namespace {
 
-class MadeSource : public simhost::Source {
-  public:
-    MadeSource(int rate, int channels, int64_t frames, ReadFrames read)
-        : Source(rate, channels, frames), read_(std::move(read)) {}
-
-  protected:
-    bool ReadInside(int64_t first, int frames, double* out) override { return read_(first, frames, out); }
-
-  private:
-    ReadFrames read_;
-};
-
-bool Nothing(int64_t, int, double*) { return false; }
-
-struct MidiSource : MadeSource {
-    explicit MidiSource(double quarterNotes) : MadeSource(0, 0, 0, Nothing), quarterNotes_(quarterNotes) {}
+struct MidiSource : simhost::Source {
+    explicit MidiSource(double quarterNotes) : Source(0, 0, 0), quarterNotes_(quarterNotes) {}
+    bool ReadInside(int64_t, int, double*) override { return false; }
     double Length() const override { return quarterNotes_; }
     double quarterNotes_;
 };
@@ -34,10 +21,6 @@ uint64_t Scramble(uint64_t x) {
 }
 
 }  // namespace
-
-SourceRef Made(int rate, int channels, int64_t frames, ReadFrames read) {
-    return std::make_shared<MadeSource>(rate, channels, frames, std::move(read));
-}
 
 SourceRef Silence(int rate, int channels, int64_t frames) { return Bursts(rate, channels, {{frames, 0.0}}); }
 
@@ -79,4 +62,6 @@ SourceRef Memory(int rate, int channels, std::vector<double> interleaved) {
 
 SourceRef Midi(double quarterNotes) { return std::make_shared<MidiSource>(quarterNotes); }
 
-SourceRef Unreadable(int rate, int channels, int64_t frames) { return Made(rate, channels, frames, Nothing); }
+SourceRef Unreadable(int rate, int channels, int64_t frames) {
+    return Made(rate, channels, frames, [](int64_t, int, double*) { return false; });
+}

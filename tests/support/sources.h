@@ -1,7 +1,6 @@
 // tests/support/sources.h
 // Recordings that are made up: by integers and plain arithmetic, so that their bits are the same on every system.
 #pragma once
-#include <functional>
 #include <vector>
 
 #include "simhost/source.h"
@@ -12,9 +11,7 @@ struct Segment {
     int channel = -1;  // the only channel that sounds; -1: all
 };
 
-// Fills `out` with so many frames, which the source has; false where it cannot be read.
-using ReadFrames = std::function<bool(int64_t first, int frames, double* out)>;
-simhost::SourceRef Made(int rate, int channels, int64_t frames, ReadFrames read);
+using simhost::Made;
 simhost::SourceRef Silence(int rate, int channels, int64_t frames);
 // Segments one behind another. A segment is a square wave of about a kilohertz: every one of its samples has exactly
 // its amplitude, so that a level at a threshold is exact.

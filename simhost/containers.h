@@ -1,15 +1,39 @@
-// simhost/gap_list.h
-// A list with its spare room kept where it was last changed: inserting and removing near there costs nothing that grows
-// with the list, and any element is reached by its index at once. Cutting an item into thousands of pieces stays
-// linear.
+// simhost/containers.h
+// What a project's tracks and items lie in: boxes, so that they stay where they are, and lists of those.
 #pragma once
-#include <algorithm>
 #include <cstddef>
+#include <memory>
 #include <utility>
 #include <vector>
 
 namespace simhost {
 
+// A value that lives at an address of its own. It is copied in depth, like a plain value. Pointers to it stay good when
+// the list that holds it grows or its box is moved. It is empty only after being moved from.
+template <class T>
+class Box {
+  public:
+    Box() : value_(std::make_unique<T>()) {}
+    explicit Box(T value) : value_(std::make_unique<T>(std::move(value))) {}
+    Box(const Box& other) : value_(std::make_unique<T>(*other)) {}
+    Box(Box&&) noexcept = default;
+    Box& operator=(Box other) noexcept {
+        value_ = std::move(other.value_);
+        return *this;
+    }
+
+    T& operator*() { return *value_; }
+    const T& operator*() const { return *value_; }
+    T* operator->() { return value_.get(); }
+    const T* operator->() const { return value_.get(); }
+
+  private:
+    std::unique_ptr<T> value_;
+};
+
+// A list with its spare room kept where it was last changed: inserting and removing near there costs nothing that grows
+// with the list, and any element is reached by its index at once. Cutting an item into thousands of pieces stays
+// linear.
 template <class T>
 class GapList {
   public:

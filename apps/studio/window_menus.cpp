@@ -1,5 +1,4 @@
-#include "apps/studio/menus.h"
-
+// The menu bar and its keys: the studio's commands, and a menu of the actions that extensions registered.
 #include <algorithm>
 
 #include "apps/common/text.h"
@@ -49,7 +48,7 @@ UINT NumberOf(void (*run)(StudioWindow&)) {
 
 }  // namespace
 
-void Menus::Build() {
+void StudioWindow::BuildMenus() {
     const HMENU bar = CreateMenu();
     std::vector<ACCEL> keys;
     HMENU menu = nullptr;
@@ -67,7 +66,7 @@ void Menus::Build() {
     }
     menu = CreatePopupMenu();
     number = FirstRegistered;
-    for (const simhost::Registration& r : studio_.Host().extension.registrations) {
+    for (const simhost::Registration& r : host_.extension.registrations) {
         if (r.name == "gaccel") {
             const auto& [accel, text] = *static_cast<gaccel_register_t*>(r.info);
             const std::string entry = std::string(text) + '\t' + static_cast<char>(accel.key);
@@ -78,36 +77,34 @@ void Menus::Build() {
     }
     AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(menu), L"Extensão");
 
-    const HWND window = studio_.Host().mainWindow;
-    const HMENU before = GetMenu(window);
-    SetMenu(window, bar);
+    const HMENU before = GetMenu(window_);
+    SetMenu(window_, bar);
     DestroyMenu(before);
     DestroyAcceleratorTable(keys_);
     keys_ = CreateAcceleratorTableA(keys.data(), static_cast<int>(keys.size()));
 }
 
-void Menus::NameUndo() {
+void StudioWindow::NameUndo() {
     const auto name = [this](const char* verb, const char* title, const char* key, UINT number) {
         const std::string text = verb + (title ? std::string(": ") + title : "") + '\t' + key;
         const UINT flags = MF_BYCOMMAND | (title ? MF_ENABLED : MF_GRAYED);
-        ModifyMenuW(GetMenu(studio_.Host().mainWindow), number, flags, number, Wide(text).c_str());
+        ModifyMenuW(GetMenu(window_), number, flags, number, Wide(text).c_str());
     };
-    name("Desfazer", studio_.Host().undo.Title(), "Ctrl+Z", NumberOf(Undo));
-    name("Refazer", studio_.Host().undo.RedoTitle(), "Ctrl+Y", NumberOf(Redo));
+    name("Desfazer", host_.undo.Title(), "Ctrl+Z", NumberOf(Undo));
+    name("Refazer", host_.undo.RedoTitle(), "Ctrl+Y", NumberOf(Redo));
 }
 
-bool Menus::TakeKey(MSG& message) { return TranslateAcceleratorA(studio_.Host().mainWindow, keys_, &message); }
+bool StudioWindow::TakeKey(MSG& message) { return TranslateAcceleratorA(window_, keys_, &message); }
 
-void Menus::Run(int number) {
-    simhost::Host& host = studio_.Host();
+void StudioWindow::RunEntry(int number) {
     if (number >= FirstRegistered) {
         const auto& accelerator =
-            *static_cast<gaccel_register_t*>(host.extension.registrations[number - FirstRegistered].info);
-        for (const simhost::Registration& r : host.extension.registrations)
+            *static_cast<gaccel_register_t*>(host_.extension.registrations[number - FirstRegistered].info);
+        for (const simhost::Registration& r : host_.extension.registrations)
             if (r.name == "command_id" && static_cast<WORD>(r.number) == accelerator.accel.cmd)
-                return host.RunAction(r.number);
+                return host_.RunAction(r.number);
     } else if (number >= FirstCommand) {
         const Command& command = Commands[number - FirstCommand];
-        command.action ? host.RunAction(command.action) : command.run(studio_);
+        command.action ? host_.RunAction(command.action) : command.run(*this);
     }
 }
