@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr char Title[] = "Render";
+constexpr char RenderTitle[] = "Render";
 constexpr size_t MostNames = 20;  // in a message
 
 void Render(simhost::Host& host, const std::function<void()>& working) {
@@ -26,14 +26,14 @@ void Render(simhost::Host& host, const std::function<void()>& working) {
     for (const RenderedFile& file : files) {
         std::string error = "'" + file.path + "' não pode ser gravado: este programa não grava MP3";
         if (file.path.ends_with(".mp3") || !WriteWaveFile(file.path, host.project, file.range, working, &error)) {
-            host.dialogs.onMessage(error, Title, MB_ICONWARNING);
+            host.dialogs.onMessage(error, RenderTitle, MB_ICONWARNING);
             return;
         }
     }
     std::string done;
     for (size_t i = 0; i < files.size() && i < MostNames; ++i) done += '\n' + files[i].path;
     if (files.size() > MostNames) done += "\n...";
-    host.dialogs.onMessage("Gravado:" + done, Title, MB_ICONINFORMATION);
+    host.dialogs.onMessage("Gravado:" + done, RenderTitle, MB_ICONINFORMATION);
 }
 
 void AskSettings(simhost::Project& project) {
@@ -43,7 +43,7 @@ void AskSettings(simhost::Project& project) {
                                  {"Nome ($region)", pattern},
                                  {"Taxa (Hz; 0: 44100)", std::to_string(std::lround(rate))},
                                  {"Canais (0: 2)", std::to_string(std::lround(channels))}};
-    if (!AskFields(Title, fields)) return;
+    if (!AskFields(RenderTitle, fields)) return;
     folder = fields[0].value;
     pattern = fields[1].value;
     const auto number = [&](int field, long most) {
@@ -76,6 +76,6 @@ void AnswerRenderActions(simhost::Host& host, const std::function<void()>& worki
     host.actions.outside[acao::AbrirConfigRender] = [&host] { AskSettings(host.project); };
     host.actions.outside[acao::AbrirPastaDoRender] = [&host] {
         if (!ShowFolder(host.mainWindow, host.project.texts["RENDER_FILE"]))
-            host.dialogs.onMessage("Nada foi gravado ainda.", Title, MB_ICONINFORMATION);
+            host.dialogs.onMessage("Nada foi gravado ainda.", RenderTitle, MB_ICONINFORMATION);
     };
 }
