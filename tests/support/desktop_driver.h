@@ -10,7 +10,8 @@
 
 namespace driver {
 
-// Ready for a test: no button or key is down, no menu waits for an answer, frames are the usual ones.
+// Ready for a test: the pointer is over no window, no button or key is down, no menu waits for an answer, frames are
+// the usual ones.
 void Start();
 
 struct Frame {

@@ -166,6 +166,7 @@ bool SetFrame(const Frame& frame) {
 
 void Start() {
     if (usualMetrics) Use(*usualMetrics);
+    SetCursorPos(32000, 32000);  // the screen's last corner, over no window
     Release(Button::Left);
     Release(Button::Right);
     HoldKey(VK_SHIFT, false);
