@@ -112,8 +112,8 @@ std::shared_ptr<Listener> Batch::Slice(Job& job) {
                    job.recordings.front().label + "' tem " + std::to_string(sources.front()->SampleRate()) +
                    ": com --juntas as taxas devem ser iguais");
     }
-    const auto all = sources.size() == 1 ? job.recordings.front().source
-                                         : std::make_shared<Listener>(SideBySide(std::move(sources)), &progress_);
+    auto all = sources.size() == 1 ? job.recordings.front().source
+                                   : std::make_shared<Listener>(SideBySide(std::move(sources)), &progress_);
     progress_.Begin(Counted("lendo"), all->Frames());
     job.cut = slicer_.Slice(all, options_);
     ThrowWhenInterrupted();
