@@ -19,16 +19,17 @@ double PeakOf(const double* samples, size_t count) {
     return peak;
 }
 
-// Hands over the peak of each window of 10 ms while `take` wants more.
+// Hands over the peak of each window of 10 ms while `take` wants more. False when the recording cannot be read on.
 template <class Take>
-void ForEachWindow(simhost::Source& source, Take take) {
+bool ForEachWindow(simhost::Source& source, Take take) {
     const int frames = std::max(1, source.SampleRate() / 100), atOnce = 64 * frames;
     const size_t channels = source.Channels();
     std::vector<double> block(atOnce * channels);
     for (int64_t p = 0; p < source.Frames(); p += frames) {
-        if (p % atOnce == 0 && !source.Read(p, atOnce, block.data())) return;
-        if (!take(PeakOf(&block[p % atOnce * channels], frames * channels))) return;
+        if (p % atOnce == 0 && !source.Read(p, atOnce, block.data())) return false;
+        if (!take(PeakOf(&block[p % atOnce * channels], frames * channels))) break;
     }
+    return true;
 }
 
 // As far as it can be read.
@@ -46,11 +47,10 @@ Levels Hear(simhost::Source& source) {
     return {*tenth, loudest};
 }
 
-// Whether some sample does; nothing is read behind the first.
-bool Reaches(simhost::Source& source, double level) {
+// Whether no sample reaches the level; nothing is read behind the first that does. What cannot be read is not silent.
+bool StaysBelow(simhost::Source& source, double level) {
     bool reached = false;
-    ForEachWindow(source, [&](double peak) { return !(reached = peak >= level); });
-    return reached;
+    return ForEachWindow(source, [&](double peak) { return !(reached = peak >= level); }) && !reached;
 }
 
 constexpr double MuchRemoved = 0.8;
@@ -72,7 +72,7 @@ std::string Advice(const Levels& levels, double threshold, bool lower, const std
 }  // namespace
 
 bool Silent(Listener& recording, const Options& options) {
-    return recording.HeardToItsEnd() && !Reaches(recording, std::pow(10.0, options.thresholdDb / 20.0));
+    return recording.HeardToItsEnd() && StaysBelow(recording, std::pow(10.0, options.thresholdDb / 20.0));
 }
 
 std::string DoubtSilence(Listener& recording, const Options& options) {
