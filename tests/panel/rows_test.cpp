@@ -106,7 +106,7 @@ TEST_F(Linhas, ZoomRepeteEnquantoSeguro) {
     }
 }
 
-// A click whose command does nothing still reports.
+// A click whose command does nothing still reports; a bare action wipes the line.
 TEST_F(Linhas, StatusDizOUltimoComando) {
     host.actions.toggles[acao::Gravar] = 1;
     host.transport.state = 4;
@@ -114,6 +114,8 @@ TEST_F(Linhas, StatusDizOUltimoComando) {
     Clicar("PLAY / PAUSE");
     EXPECT_EQ(Acoes(), "") << "a recording is not paused";
     EXPECT_STREQ(StatusMsg, "Executado: Play/Pause");
+    Clicar("CONFIG");
+    EXPECT_STREQ(StatusMsg, "");
     Clicar("[R]");
     Fechar();
     Abrir();

@@ -12,14 +12,22 @@ class Arrangement : public Cena {
     }
 };
 
-TEST_F(Arrangement, TheOrderMayWaitForTheNextRefresh) {
-    MediaTrack* track = Faixa("Guitarra", {{"C", 0, 4}, {"G", 1, 2}});
-    host.preferences.sortsAtOnce = false;
+TEST_F(Arrangement, ItemsStandByPositionUnderTheirTracks) {
+    Faixa("Voz", {{"C", 20, 24}, {"A", 2, 6}});
+    MediaTrack* guitar = Faixa("Guitarra", {{"G", 0, 1}});
+    host::SetMediaItemInfo_Value(ItemChamado("A"), "D_POSITION", 30);
+    host::MoveMediaItemToTrack(ItemChamado("C"), guitar);
+    Selecionar({"C", "A"});
+    EXPECT_EQ(Selecionados(), "A, C");
+    EXPECT_EQ(host::GetSelectedMediaItem(nullptr, 2), nullptr);
+    host::SetMediaItemPosition(ItemChamado("C"), -0.01, false);
+    EXPECT_EQ(RetratoCompleto(), "Voz: A 30-34 * / Guitarra: C -0.01-3.99 * | G 0-1");
+
+    host.preferences.sortsAtOnce = false;  // the order then waits for the next refresh
     host::SetMediaItemPosition(ItemChamado("C"), 5, false);
-    EXPECT_EQ(host::GetTrackMediaItem(track, 0), ItemChamado("C"));
+    EXPECT_EQ(host::GetTrackMediaItem(guitar, 0), ItemChamado("C"));
     host::UpdateArrange();
-    EXPECT_EQ(host::GetTrackMediaItem(track, 0), ItemChamado("G"));
-    EXPECT_EQ(host::GetSelectedMediaItem(nullptr, 0), nullptr);
+    EXPECT_EQ(host::GetTrackMediaItem(guitar, 0), ItemChamado("G"));
 }
 
 // The list of a track's items must agree with a plain sorted list, wherever its gap stands.

@@ -66,6 +66,13 @@ TEST_F(Sound, SourcesAreZeroOutsideAndTheSameInAnyBlocks) {
             ASSERT_TRUE(std::equal(block.begin(), block.end(), whole.begin() + (first + 20) * 2)) << first;
         }
     }
+    Samples bursts(20 * 2);
+    sources[2]->Read(0, 20, bursts.data());
+    EXPECT_EQ(std::fabs(bursts[2 * 2]), 0.5);
+    EXPECT_EQ(bursts[3 * 2], 0);
+    EXPECT_EQ(bursts[7 * 2], 0);  // that burst is on the right alone
+    EXPECT_EQ(std::fabs(bursts[7 * 2 + 1]), 0.25);
+    EXPECT_FALSE(Unreadable(8, 2, 20)->Read(0, 1, bursts.data()));
 }
 
 TEST_F(Sound, AccessorsReadTheTakeAsItPlays) {

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "tests/slicer/plain_analysis.h"
+#include "tests/support/portrait.h"
 
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double Inf = std::numeric_limits<double>::infinity();
@@ -58,8 +59,50 @@ class Analise : public testing::Test {
         return silencio;
     }
 
+    std::string Texto(double comprimento, double limiar, double bloco) {
+        std::string texto;
+        for (const auto& [inicio, fim] : Analisar(comprimento, limiar, bloco))
+            texto += (texto.empty() ? "" : " | ") + Numero(inicio) + '-' + Numero(fim);
+        return texto;
+    }
+
     Gravacao g;
 };
+
+TEST_F(Analise, PausasBordasELimiar) {
+    const double abaixo = std::nextafter(0.5, 0.0);
+    struct Som {  // of one level between these milliseconds; elsewhere it is 0
+        double inicio, fim, nivel = 1.0;
+        int canal = 0;
+    };
+    const struct {
+        std::vector<Som> sons;
+        const char* silencio;
+        double comprimento = 1.0;
+    } casos[] = {
+        {{{100, 200, 0.5}, {500, 600, abaixo}}, "0-0.1 | 0.2-1"},           // at the threshold it sounds
+        {{{100, 200, -0.5}}, "0-0.1 | 0.2-1"},                              // whatever its sign
+        {{{100, 200, 1, 2}, {600, 700, 1, 1}}, "0-0.1 | 0.2-0.6 | 0.7-1"},  // on one channel, too
+        {{{0, 100}, {160, 1000}}, "0.1-0.16"},                              // 55 ms are six windows
+        {{{0, 100}, {150, 1000}}, ""},                                      // five are not enough
+        {{{0, 100}, {140, 141}, {190, 1000}}, ""},                          // a pause interrupted
+        {{{10, 1000}}, "0-0.01"},                                           // a first stretch needs no block,
+        {{{0, 1000}}, "1-1.005", 1.005},                                    // nor does the last,
+        {{{0, 1000}}, "", 1.001},                                           // but more than a millisecond
+        {{{300, 1000}, {1004, 1005}}, "0-0.3", 1.005},                      // a short last window
+        {{{0, 1000, abaixo}, {0, 1000, abaixo, 2}}, ""},                    // nothing sounds
+        {{{20, 50}}, "0-0.02", 0.05},
+    };
+    g.canais = 3;
+    g.falha = [](int64_t) { return false; };
+    for (const auto& caso : casos) {
+        g.amostras.assign(48 * 1010 * 3, 0.0);
+        for (const Som& som : caso.sons)
+            for (auto quadro = std::lround(som.inicio * 48); quadro < std::lround(som.fim * 48); ++quadro)
+                g.amostras[quadro * 3 + som.canal] = som.nivel;
+        EXPECT_EQ(Texto(caso.comprimento, 0.5, 0.055), caso.silencio) << "case " << &caso - casos;
+    }
+}
 
 // By looking at each frame in turn; those that cannot be read are silent.
 static std::vector<std::pair<double, double>> Exame(const Gravacao& g, int taxa, int canais, double limiar,

@@ -70,6 +70,17 @@ TEST_F(Previa, RecusaAntesDeMexer) {
     EXPECT_EQ(Historico().find("Fatiador"), std::string::npos);
 }
 
+TEST_F(Previa, VariosItensViramUmAntes) {
+    Selecionar({"A", "B"});
+    ResponderMensagem(6);
+    Entrar();
+    EXPECT_TRUE(ModoFatiadorAtivo);
+    Clicar("VOLTAR");
+    EXPECT_FALSE(ModoFatiadorAtivo);
+    EXPECT_EQ(Historico().find("Fatiador"), std::string::npos);
+    EXPECT_EQ(Dados(FaixaChamada("Voz")).items.size(), 2u) << "the joining stands";
+}
+
 // Handles die with each undo, and the host may keep the selection to itself.
 TEST_F(Previa, CadaMudancaDesfazECortaDeNovo) {
     host.preferences.undoRestoresSelection = false;
